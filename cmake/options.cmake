@@ -1,0 +1,36 @@
+# What every target of the project is compiled with.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+option(LUMRAKE_TESTS "Build the tests" ON)
+option(LUMRAKE_BENCHMARKS "Build the benchmarks" OFF)
+option(LUMRAKE_SANITIZE "Build with AddressSanitizer and UBSan, stopping at the first fault" OFF)
+option(LUMRAKE_FUZZERS "Build the libFuzzer targets (needs clang)" OFF)
+option(LUMRAKE_TIDY "Run clang-tidy on every file that is compiled" OFF)
+
+# The display library is written for the optimiser: -O3 lets its inner loops use vector registers.
+set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
+set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O3 -g")
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+                    -Woverloaded-virtual -Werror)
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_FOREACH)
+
+if(LUMRAKE_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(LUMRAKE_TIDY)
+    find_program(CLANG_TIDY NAMES clang-tidy REQUIRED)
+    set(CMAKE_CXX_CLANG_TIDY ${CLANG_TIDY} --quiet --warnings-as-errors=*)
+endif()
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()

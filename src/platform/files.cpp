@@ -1,0 +1,180 @@
+#include "platform/files.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace lumrake {
+
+namespace {
+
+/// Entries of `directory` that are `name` when letter case does not count.
+QStringList MatchesWithoutCase(const QString& directory, const QString& name) {
+    QStringList matches;
+    const QStringList entries =
+        QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QString& entry : entries) {
+        if (entry.compare(name, Qt::CaseInsensitive) == 0) {
+            matches << entry;
+        }
+    }
+    return matches;
+}
+
+bool Exists(const QString& path) {
+    const QFileInfo info(path);
+    return info.exists() || info.isSymLink();
+}
+
+/// A file nobody may write is left alone even by those whom the system would let through.
+bool WriteProtected(const QString& path) {
+    const QFileInfo info(path);
+    // WriteUser is left out: it says what the present user may do, and the administrator may do all.
+    const QFile::Permissions anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    return info.exists() && (info.permissions() & anyWrite) == QFile::Permissions{};
+}
+
+} // namespace
+
+QString FileTitleOf(const QString& sPath) {
+    const qsizetype end = std::max(sPath.lastIndexOf(QLatin1Char('/')), sPath.lastIndexOf(QLatin1Char('\\')));
+    return end < 0 ? QString() : sPath.mid(end + 1);
+}
+
+std::optional<QString> FindFile(const QString& path) {
+    if (path.isEmpty()) {
+        return std::nullopt;
+    }
+    if (Exists(path)) {
+        return path;
+    }
+    const QFileInfo info(path);
+    const QString name = info.fileName();
+    const QString given = info.path();
+    if (name.isEmpty() || given == path) {
+        return std::nullopt;
+    }
+    const std::optional<QString> directory = FindFile(given);
+    if (!directory || !QFileInfo(*directory).isDir()) {
+        return std::nullopt;
+    }
+    const QStringList matches = MatchesWithoutCase(*directory, name);
+    if (matches.size() != 1) {
+        return std::nullopt;
+    }
+    // A bare name stays a bare name.
+    return path.contains(QLatin1Char('/')) ? QDir(*directory).filePath(matches.constFirst())
+                                           : matches.constFirst();
+}
+
+NewFile PathForNewFile(const QString& chosen) {
+    const QFileInfo info(chosen);
+    const QString spelled = info.fileName();
+    QString name = spelled;
+    while (name.startsWith(QLatin1Char(' '))) {
+        name.remove(0, 1);
+    }
+    while (name.endsWith(QLatin1Char(' '))) {
+        name.chop(1);
+    }
+    if (name.isEmpty()) {
+        return {};
+    }
+    const QDir directory(info.path());
+    const QString lower = name.toLower();
+    for (const QString& candidate : {spelled, name, lower}) {
+        if (Exists(directory.filePath(candidate))) {
+            return {directory.filePath(candidate), true};
+        }
+    }
+    const QStringList matches = MatchesWithoutCase(directory.path(), name);
+    if (!matches.isEmpty()) {
+        return {directory.filePath(matches.constFirst()), true};
+    }
+    return {directory.filePath(lower), false};
+}
+
+std::optional<std::int64_t> FileLength(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists()) {
+        return std::nullopt;
+    }
+    return info.size();
+}
+
+FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit) {
+    QFile file(path);
+    if (QFileInfo(path).isDir()) {
+        return QStringLiteral("It is a directory.");
+    }
+    // Unbuffered: the bytes go from the system straight into their place.
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        return file.errorString();
+    }
+    const std::int64_t length = std::min<std::int64_t>(file.size(), limit);
+    MemoryBlock block(static_cast<std::size_t>(length));
+    if (length > 0 && block.size() == 0) {
+        return QStringLiteral("There is not enough memory for it.");
+    }
+    std::int64_t done = 0;
+    while (done < length) {
+        const qint64 count = file.read(reinterpret_cast<char*>(block.data()) + done, length - done);
+        if (count < 0) {
+            return file.errorString();
+        }
+        if (count == 0) {
+            return QStringLiteral("The file ended before its length.");
+        }
+        done += count;
+    }
+    target = std::move(block);
+    return std::nullopt;
+}
+
+FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write) {
+    if (WriteProtected(path)) {
+        return QStringLiteral("The file is write-protected.");
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return file.errorString();
+    }
+    if (!write(file) || !file.flush()) {
+        return file.errorString();
+    }
+    if (!SyncFile(file.handle())) {
+        return qt_error_string();
+    }
+    if (!file.commit()) {
+        return file.errorString();
+    }
+    return std::nullopt;
+}
+
+FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
+    return WriteFileWith(path, [bytes](QIODevice& device) {
+        const auto size = static_cast<qint64>(bytes.size());
+        return device.write(reinterpret_cast<const char*>(bytes.data()), size) == size;
+    });
+}
+
+FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
+    QByteArray contents(reinterpret_cast<const char*>(record.data()), static_cast<qsizetype>(record.size()));
+    if (Exists(path)) {
+        MemoryBlock old;
+        if (const FileError error = ReadWholeFile(path, old)) {
+            return error;
+        }
+        if (old.size() > record.size()) {
+            contents.append(reinterpret_cast<const char*>(old.data() + record.size()),
+                            static_cast<qsizetype>(old.size() - record.size()));
+        }
+    }
+    return WriteFileWith(
+        path, [&contents](QIODevice& device) { return device.write(contents) == contents.size(); });
+}
+
+} // namespace lumrake

@@ -1,0 +1,70 @@
+#include "platform/message_box.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace lumrake {
+
+namespace {
+
+MessageBoxAnswerer& Answerer() {
+    static MessageBoxAnswerer answerer;
+    return answerer;
+}
+
+BoxAnswer ShowRealBox(const MessageBox& message) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(message.title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(message.text);
+    switch (message.icon) {
+    case BoxIcon::None: box.setIcon(QMessageBox::NoIcon); break;
+    case BoxIcon::Information: box.setIcon(QMessageBox::Information); break;
+    case BoxIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case BoxIcon::Question: box.setIcon(QMessageBox::Question); break;
+    }
+    BoxAnswer closed = BoxAnswer::Ok;
+    switch (message.buttons) {
+    case BoxButtons::Ok: box.setStandardButtons(QMessageBox::Ok); break;
+    case BoxButtons::YesNo:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setEscapeButton(QMessageBox::No);
+        closed = BoxAnswer::No;
+        break;
+    case BoxButtons::YesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        box.setEscapeButton(QMessageBox::Cancel);
+        closed = BoxAnswer::Cancel;
+        break;
+    }
+    // The hourglass of work under way would hide the pointer that the answer needs.
+    const bool busy = QGuiApplication::overrideCursor() != nullptr;
+    if (busy) {
+        QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    }
+    const int pressed = box.exec();
+    if (busy) {
+        QGuiApplication::restoreOverrideCursor();
+    }
+    switch (pressed) {
+    case QMessageBox::Yes: return BoxAnswer::Yes;
+    case QMessageBox::No: return BoxAnswer::No;
+    case QMessageBox::Ok: return BoxAnswer::Ok;
+    default: return closed;
+    }
+}
+
+} // namespace
+
+BoxAnswer MsgBox(const QString& text, BoxButtons buttons, BoxIcon icon, const QString& title) {
+    const MessageBox message{text, title, icon, buttons};
+    return Answerer() ? Answerer()(message) : ShowRealBox(message);
+}
+
+void SetMessageBoxAnswerer(MessageBoxAnswerer answerer) {
+    Answerer() = std::move(answerer);
+}
+
+} // namespace lumrake

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+namespace lumrake {
+
+/// One panel of a status bar.
+struct Panel {
+    QString Key;
+    QString Text;
+    QString ToolTipText;
+    int MinWidth = 0;    ///< logical pixels
+    bool Spring = false; ///< takes up the spare width; one panel of a bar
+};
+
+/// A status bar of sunken panels. A text that is too long is shown with dots and never widens the bar. When
+/// the bar is narrower than its panels together the spring panel goes first, then the last panels lose width.
+class PanelBar : public QWidget {
+  public:
+    explicit PanelBar(QWidget* parent = nullptr);
+
+    /// Panels are numbered from 1.
+    void AddPanel(const Panel& panel);
+    int PanelCount() const { return static_cast<int>(panels_.size()); }
+    const Panel& PanelAt(int index) const { return panels_[static_cast<std::size_t>(index - 1)]; }
+    void SetText(int index, const QString& text);
+    /// Left edge and width in logical pixels of the bar, for its present size.
+    int PanelLeft(int index) const;
+    int PanelWidth(int index) const;
+    /// The last panel whose left edge is below x and whose right edge is above it; 0 when there is none.
+    int PanelAtX(int x) const;
+
+    /// Called with the mouse button (1 left, 2 right, 4 middle) of a press.
+    std::function<void(int button)> MouseDown;
+    /// Called with the panel under a press that is released over it.
+    std::function<void(int index)> PanelClick;
+    /// Called with the mouse's x on every move, in logical pixels of the bar.
+    std::function<void(int x)> MouseMove;
+    std::function<void()> PanelsMoved; ///< after the edges changed
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+
+  private:
+    void Arrange();
+
+    std::vector<Panel> panels_;
+    std::vector<int> widths_;
+    int pressed_ = 0;
+};
+
+} // namespace lumrake

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "display/bit_picture.h"
+#include "display/lmk.h"
+
+#include <QColor>
+#include <QWidget>
+
+#include <functional>
+
+namespace lumrake {
+
+/// A mouse event as the forms take it.
+struct MouseArgs {
+    std::int16_t Button = 0; ///< on a press or release the button that changed, on a move the mask of those
+                             ///< held: 1 left, 2 right, 4 middle
+    std::int16_t Shift = 0; ///< 1 Shift, 2 Ctrl, 4 Alt
+    float X = 0;            ///< logical screen pixels from the widget's corner, negative or past its size
+    float Y = 0;            ///< while a button is held outside
+};
+
+using MouseHandler = std::function<void(const MouseArgs&)>;
+
+/// Shows a one-bit picture enlarged by a whole factor, painting only what is exposed: the enlarged picture
+/// never exists in memory. Its own size is for the form to set; pixels beyond the picture take the box's
+/// background.
+class BitPictureView : public QWidget {
+  public:
+    explicit BitPictureView(QWidget* parent = nullptr);
+
+    /// Room around the picture that a sunken frame is drawn in, in logical pixels; 0 at first.
+    void SetBorder(int pixels);
+    void SetBackground(const QColor& colour);
+
+    MouseHandler MouseDown, MouseMove,
+        MouseUp; ///< X and Y count from the picture's corner, inside the border
+
+  protected:
+    /// The picture to show and its factor in logical pixels; null shows the background alone.
+    virtual const lmk::BitPicture* ShownPicture() const = 0;
+    virtual int ShownFactor() const = 0;
+    /// Called after the picture was painted, for what lies over it.
+    virtual void PaintOver(QPainter& painter, const QRect& exposed);
+
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    MouseArgs ArgsOf(const QMouseEvent& event, int button) const;
+    void PaintPicture(QPainter& painter, const QRect& exposed) const;
+
+    int border_ = 0;
+    QColor background_{224, 224, 224};
+};
+
+/// The picture box that zxShowMem draws into: it owns the device context.
+class PictureBox : public BitPictureView {
+  public:
+    using BitPictureView::BitPictureView;
+
+    lmk::DeviceContext& hDC() { return context_; }
+    const lmk::DeviceContext& hDC() const { return context_; }
+    /// Draws over the picture in its own pixels: the selection net, for one.
+    std::function<void(QPainter&, const QRect& exposed)> Overlay;
+
+  protected:
+    const lmk::BitPicture* ShownPicture() const override { return &context_.Picture(); }
+    int ShownFactor() const override { return context_.Factor(); }
+    void PaintOver(QPainter& painter, const QRect& exposed) override;
+
+  private:
+    lmk::DeviceContext context_;
+};
+
+/// An image control that stretches its picture by a whole factor.
+class ImageBox : public BitPictureView {
+  public:
+    using BitPictureView::BitPictureView;
+
+    void SetPicture(const lmk::BitPicture& picture) { picture_ = picture; }
+    void SetFactor(int factor) { factor_ = factor; }
+
+  protected:
+    const lmk::BitPicture* ShownPicture() const override { return &picture_; }
+    int ShownFactor() const override { return factor_; }
+
+  private:
+    lmk::BitPicture picture_;
+    int factor_ = 1;
+};
+
+} // namespace lumrake

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QCursor>
+#include <QIcon>
+#include <QPixmap>
+#include <QSize>
+#include <QString>
+
+namespace lumrake {
+
+/// A drawing from the program's resources ("toolbar/01_open.svg"), sharp at 1x, 1.5x, 2x and 3x.
+/// `size` is in logical pixels.
+QIcon LoadIcon(const QString& name, QSize size);
+
+/// The same as one picture at the given device pixel ratio.
+QPixmap LoadPicture(const QString& name, QSize size, qreal devicePixelRatio);
+
+/// The mouse cursor of a tool (1 to 5), 32 x 32 with its hot spot in the middle.
+QCursor DrawCursor(int tool, qreal devicePixelRatio);
+
+} // namespace lumrake

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/twips.h"
+
+class QWidget;
+
+namespace lumrake {
+
+/// Shows the hourglass while it lives, on every road out of a procedure. May be nested.
+class HourglassScope {
+  public:
+    HourglassScope();
+    ~HourglassScope();
+    HourglassScope(const HourglassScope&) = delete;
+    HourglassScope& operator=(const HourglassScope&) = delete;
+};
+
+enum class Events {
+    Everything,  ///< painting, timers and the user's input
+    NoUserInput, ///< painting and timers; keys and mouse wait, so that no command starts inside a command
+};
+
+/// Lets the pending events run once and comes back.
+void DoEvents(Events which);
+
+/// Puts a window into the middle of the screen it is on.
+void CentreOnScreen(QWidget& window);
+
+/// Fixes the look that the forms are laid out for: the widget style and the font, in logical pixels.
+void PinLook();
+
+} // namespace lumrake

@@ -1,0 +1,32 @@
+#include "platform/system_calls.h"
+
+#if defined(__unix__) || defined(__APPLE__)
+#include <cerrno>
+#include <sys/mman.h>
+#include <unistd.h>
+#elif defined(_WIN32)
+#include <io.h>
+#endif
+
+namespace lumrake {
+
+void AdviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
+#if defined(__linux__)
+    madvise(memory, size, MADV_HUGEPAGE);
+#endif
+}
+
+bool SyncFile(int handle) {
+#if defined(_WIN32)
+    return _commit(handle) == 0;
+#else
+    int result = 0;
+    do {
+        result = fsync(handle);
+    } while (result != 0 && errno == EINTR);
+    // Files that cannot be synced by their nature (a pipe, some network shares) are not a failure.
+    return result == 0 || errno == EINVAL || errno == ENOTSUP;
+#endif
+}
+
+} // namespace lumrake

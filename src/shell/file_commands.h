@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <optional>
+
+namespace lumrake {
+
+class frmSnapshot;
+
+// The commands of the File menu that deal with file names. Paths are true paths, spelled as the disk spells
+// them; they are shown in lower case.
+
+/// Opens a snapshot in a new window. With an empty `sFile` the user is asked by the file dialog, and the file
+/// chosen enters the recent list; a file named by the caller does not.
+void OpenSnapshotFile(const QString& sFile);
+
+/// Puts a file at the head of the recent list; the oldest of four falls out. The list is not searched for it.
+/// The settings record keeps the path in lower case, cut at 100 bytes; the true path is kept for this run.
+void AddRecentFile(const QString& sFile);
+
+/// The recent list, newest first; empty texts for empty slots. `sShown` is what the menu shows.
+struct RecentFile {
+    QString sShown;
+    QString sTruePath; ///< what to open: the true path of this run, else the path of the record
+};
+std::array<RecentFile, 4> RecentFiles();
+/// Forgets the true paths and takes the list from Settings, as at the start of the run.
+void ResetRecentFiles();
+
+/// Saves the document to its own file, without a question. True when the bytes are on the disk.
+bool SaveSnapshot(frmSnapshot& document);
+/// Asks for a new name and saves there. False when the user gave up or the save failed.
+bool SaveSnapshotAs(frmSnapshot& document);
+/// For a window that closes after the answer Yes: saves, and after a failure asks for other names until the
+/// bytes are written or the user gives up.
+void SaveSnapshotBeforeClosing(frmSnapshot& document);
+
+/// Runs a Save dialog and asks before an existing file is overwritten. Gives the path to write, or nothing
+/// when the user cancelled or did not answer Yes.
+std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString& sFilter,
+                                      const QString& sProposed);
+
+/// After a failed save on the road of a closing window: tells the reason and asks whether to save under
+/// another name. False means that the work is given up.
+bool AskForAnotherName(const QString& sReason, const QString& sTitle);
+
+} // namespace lumrake

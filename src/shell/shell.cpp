@@ -1,0 +1,161 @@
+#include "shell/shell.h"
+
+#include "platform/files.h"
+#include "platform/message_box.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QMdiSubWindow>
+#include <QPoint>
+
+#include <algorithm>
+#include <utility>
+
+namespace lumrake {
+
+SettingsRecord Settings;
+QString sAppTitle;
+FixedString<10> sAppVersion;
+std::int16_t bSkipSplash = 0;
+std::int16_t iSnapshotCount = 0;
+std::int16_t iAnimationCount = 0;
+std::int16_t iBitValue[8] = {};
+std::int16_t iCurrentTool = kToolDraw;
+
+namespace {
+
+ShellNotices* registered = nullptr;
+
+QString& ReplacedDirectory() {
+    static QString directory;
+    return directory;
+}
+
+} // namespace
+
+ShellNotices* SetShellNotices(ShellNotices* notices) {
+    return std::exchange(registered, notices);
+}
+
+void SetStatusText(const QString& sText) {
+    if (registered != nullptr) {
+        registered->SetStatusText(sText);
+    }
+}
+
+void ShowCoords(std::int16_t iIndex, double x, double y) {
+    if (registered != nullptr) {
+        registered->ShowCoords(iIndex, x, y);
+    }
+}
+
+void EnableFunction(std::int16_t iGroup, bool bEnable) {
+    if (registered != nullptr) {
+        registered->EnableFunction(iGroup, bEnable);
+    }
+}
+
+void UpdateToolbars(const QString& sKind, bool bEnable) {
+    if (registered != nullptr) {
+        registered->UpdateToolbars(sKind, bEnable);
+    }
+}
+
+void ShowPrompt(std::int32_t lNumber) {
+    if (registered != nullptr) {
+        registered->ShowPrompt(lNumber);
+    }
+}
+
+void ShowModeTick(std::int16_t iMode) {
+    if (registered != nullptr) {
+        registered->ShowModeTick(iMode);
+    }
+}
+
+void ShowFlipTick(bool bOn) {
+    if (registered != nullptr) {
+        registered->ShowFlipTick(bOn);
+    }
+}
+
+void PopupSnapshotMenu(const QPoint& screenPlace) {
+    if (registered != nullptr) {
+        registered->PopupSnapshotMenu(screenPlace);
+    }
+}
+
+void ShowRecentFiles() {
+    if (registered != nullptr) {
+        registered->ShowRecentFiles();
+    }
+}
+
+void AdoptChild(QWidget* child) {
+    if (registered != nullptr) {
+        registered->AdoptChild(child);
+    }
+}
+
+QWidget* ChildFrame(QWidget* child) {
+    auto* frame = qobject_cast<QMdiSubWindow*>(child->parentWidget());
+    return frame != nullptr ? frame : child;
+}
+
+Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich) {
+    return AttributeColour(Settings, iAttribute, sWhich);
+}
+
+QString ProgramDirectory() {
+    return ReplacedDirectory().isEmpty() ? QCoreApplication::applicationDirPath() : ReplacedDirectory();
+}
+
+void SetProgramDirectory(const QString& directory) {
+    ReplacedDirectory() = directory;
+}
+
+QString SettingsFile() {
+    return QDir(ProgramDirectory()).filePath(QStringLiteral("LMK.CFG"));
+}
+
+void LoadSettings(const WindowTwips& window) {
+    const auto useDefaults = [&window] { SetDefaultSettings(Settings, sAppVersion.Text(), window); };
+    if (!FindFile(SettingsFile())) {
+        useDefaults();
+        return;
+    }
+    MemoryBlock file;
+    if (const FileError error = ReadWholeFile(SettingsFile(), file, kSettingsBytes)) {
+        useDefaults();
+        TellFileError(QStringLiteral("The settings could not be read, the default settings are used."),
+                      *error, QStringLiteral("Settings"));
+        return;
+    }
+    // What a short file lacks counts as blanks and zeros until its stamp has been looked at.
+    std::array<std::uint8_t, kSettingsBytes> bytes{};
+    std::copy(file.Bytes().begin(), file.Bytes().end(), bytes.begin());
+    Settings = DecodeSettings(bytes);
+    if (file.size() < kSettingsBytes && IsSameVersion(Settings, sAppVersion.Text())) {
+        useDefaults();
+        MsgBox(QStringLiteral("The settings file is too short.  Your settings have been reset."),
+               BoxButtons::Ok, BoxIcon::Information, QStringLiteral("Settings"));
+    }
+}
+
+void SaveSettings() {
+    const auto bytes = EncodeSettings(Settings);
+    if (const FileError error = WriteFirstRecord(SettingsFile(), bytes)) {
+        TellFileError(QStringLiteral("The settings could not be saved."), *error, QStringLiteral("Settings"));
+    }
+}
+
+void TellFileError(const QString& doing, const QString& reason, const QString& title) {
+    MsgBox(doing + QLatin1String("\n\n") + reason, BoxButtons::Ok, BoxIcon::Exclamation, title);
+}
+
+void ShowNotAvailable() {
+    MsgBox(QStringLiteral("Sorry, this option is not available yet."), BoxButtons::Ok, BoxIcon::Information,
+           QStringLiteral("LMK V2.00"));
+}
+
+} // namespace lumrake

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "shell/settings.h"
+
+#include <QString>
+
+#include <cstdint>
+
+class QPoint;
+class QWidget;
+
+namespace lumrake {
+
+// ---- Variables of the whole program
+// -------------------------------------------------------------------------
+
+extern SettingsRecord Settings;      ///< filled once at the start of the run, written once at its end
+extern QString sAppTitle;            ///< "Lumrake" from Initialise on
+extern FixedString<10> sAppVersion;  ///< "2.00" from Initialise on
+extern std::int16_t bSkipSplash;     ///< -1 when the command line is exactly the word REHEARS, else 0
+extern std::int16_t iSnapshotCount;  ///< open snapshot windows
+extern std::int16_t iAnimationCount; ///< open animation windows
+extern std::int16_t iBitValue[8];    ///< 1, 2, 4 ... 128: the mask of bit n
+extern std::int16_t iCurrentTool; ///< one for all windows: 1 placing a block, 2 Draw, 3 Magnify, 4 Net, 5 Pan
+
+/// Tools, as values of iCurrentTool.
+enum Tool : std::int16_t { kToolPlacing = 1, kToolDraw = 2, kToolMagnify = 3, kToolNet = 4, kToolPan = 5 };
+
+// ---- Notices that come up from the windows
+// ------------------------------------------------------------------ Each forwards to whoever is registered
+// (the main window while it lives, a recorder in a test). With nobody registered they do nothing, and nothing
+// in the callers depends on what they do.
+
+/// Groups of commands that EnableFunction switches.
+enum FunctionGroup : std::int16_t {
+    kGroupCut = 1,
+    kGroupCopy = 2,
+    kGroupPaste = 3,
+    kGroupDelete = 4,
+    kGroupExportSelection = 5
+};
+
+class ShellNotices {
+  public:
+    virtual ~ShellNotices() = default;
+    virtual void SetStatusText(const QString&) {}
+    virtual void ShowCoords(std::int16_t, double, double) {}
+    virtual void EnableFunction(std::int16_t, bool) {}
+    virtual void UpdateToolbars(const QString&, bool) {}
+    virtual void ShowPrompt(std::int32_t) {}
+    virtual void ShowModeTick(std::int16_t) {}
+    virtual void ShowFlipTick(bool) {}
+    virtual void PopupSnapshotMenu(const QPoint&) {}
+    virtual void ShowRecentFiles() {}
+    virtual void AdoptChild(QWidget*) {}
+};
+
+/// Registers the receiver of the notices, or nobody with null; returns the one before.
+ShellNotices* SetShellNotices(ShellNotices* notices);
+
+/// Puts a text into the text panel of the main status bar.
+void SetStatusText(const QString& sText);
+/// Shows two numbers in the co-ordinates panel: iIndex 0 the mouse position, 1 the size of the net, both in
+/// picture pixels.
+void ShowCoords(std::int16_t iIndex, double x, double y);
+/// Enables or disables one group of commands (1 to 5, FunctionGroup); any other group does nothing.
+void EnableFunction(std::int16_t iGroup, bool bEnable);
+/// Makes the commands follow the kind ("SNAPSHOT" or "ANIMATION") of the child that became active, or that
+/// was the last of its kind to close.
+void UpdateToolbars(const QString& sKind, bool bEnable);
+/// Lets the assistant say the prompt of a help number; 0 empties his bubble. Nothing happens while he is off.
+void ShowPrompt(std::int32_t lNumber);
+/// Ticks the entry of mode 0 to 4 in the Snapshot menu and unticks the others.
+void ShowModeTick(std::int16_t iMode);
+/// Ticks or unticks "Flip upside down" in the Snapshot menu.
+void ShowFlipTick(bool bOn);
+/// Opens the Snapshot menu as a pop-up at a place on the screen and waits for its end.
+void PopupSnapshotMenu(const QPoint& screenPlace);
+/// Shows the recent list as it now is in the File menu.
+void ShowRecentFiles();
+/// Puts a new child into a frame of the main window's area, hidden. The frame then owns the child. Without a
+/// main window the child stays a window of its own, owned by whoever made it. In both cases the outermost
+/// widget of the document is ChildFrame(child).
+void AdoptChild(QWidget* child);
+
+/// The frame that a child was adopted into, or the child itself when there is none: what is shown, sized,
+/// closed.
+QWidget* ChildFrame(QWidget* child);
+
+// ---- Procedures over the variables
+// --------------------------------------------------------------------------
+
+/// Ink ("FORE") or paper (anything else) of an attribute through the palette of Settings.
+Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich);
+
+/// The settings file: LMK.CFG in the program's directory.
+QString SettingsFile();
+/// Uses another directory for LMK.CFG and LMKHELP.DAT than the program's, for tests.
+void SetProgramDirectory(const QString& directory);
+QString ProgramDirectory();
+
+/// Fills Settings from the file, or with the defaults when there is no file. A file that cannot be read, or
+/// that has this version's stamp and is too short, gives the defaults and one message.
+void LoadSettings(const WindowTwips& window);
+/// Writes Settings as the first record of the file; what stands behind the record stays. A failure is told
+/// once.
+void SaveSettings();
+
+/// A message about a failed file operation: what was being done, then the system's reason.
+void TellFileError(const QString& doing, const QString& reason, const QString& title);
+
+/// The box for a command that is not built.
+void ShowNotAvailable();
+
+} // namespace lumrake

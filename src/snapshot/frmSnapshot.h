@@ -1,0 +1,195 @@
+#pragma once
+
+#include "platform/memory_block.h"
+#include "platform/picture_box.h"
+#include "snapshot/addressing.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <array>
+#include <cstdint>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QScrollBar;
+class QToolButton;
+
+namespace lumrake {
+
+class PanelBar;
+class SpinBar;
+class ValueBox;
+
+/// A snapshot window: document and view in one. It holds a whole file as bytes and the numbers that say how
+/// they are looked at, shows them as a picture and edits them. One instance per opened file.
+///
+/// The sections below stand in the order of the files: frmSnapshot.cpp (the document), _layout, _navigation,
+/// _modes, _tools, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
+class frmSnapshot : public QWidget {
+  public:
+    frmSnapshot();
+    ~frmSnapshot() override;
+
+    // ---- the document: frmSnapshot.cpp ----
+
+    /// Reads the file `sFullFileName` (a true path) and shows it with the default view; called once, before
+    /// anything else. False when the file is missing, cannot be read, is empty or too long: the user has been
+    /// told, no window is shown and the caller lets the instance go.
+    bool Launch(const QString& sFullFileName, const QString& sFileTitle);
+
+    /// Writes all bytes to `sFilename` and makes it this window's file. Nothing happens for an empty name.
+    /// False when nothing was written: the document then stays changed and keeps its name. A failure is told
+    /// in a message box, or handed to the caller in `sReason` when that is given.
+    bool SaveSnap(const QString& sFilename, const QString& sTitle, QString* sReason = nullptr);
+
+    /// Draws the view into the picture and repaints it; nothing else draws.
+    void ShowMem();
+    void ReShow() { ShowMem(); }
+
+    std::int16_t GetAttribute() const { return iAttribute; }
+    std::int16_t GetFlip() const { return view.iUpsideDown == 1 ? std::int16_t{-1} : std::int16_t{0}; }
+    std::int16_t GetMode() const { return view.iMode; }
+    std::int16_t GetUpsideDown() const { return view.iUpsideDown; }
+    std::int16_t GetZoom() const { return view.iZoom; }
+    std::int32_t GetOffset() const { return view.lOffset; }
+    std::int16_t GetColumns() const { return view.iColumns; }
+    std::int16_t GetLines() const { return view.iLines; }
+    std::int16_t GetWidth() const { return view.iWidth; }
+    /// The true path of the file.
+    QString GetFilename() const { return sSnapFile; }
+
+    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay.
+    void Form_Unload(bool& Cancel);
+
+    // ---- layout and zoom: frmSnapshot_layout.cpp ----
+
+    /// Zoom index 1 to 5; another value leaves the factor as it was. Keeps the net on its pixels.
+    void SetZoom(std::int16_t NewZoom);
+    /// Puts the picture's corner at this place of its container, in screen pixels, without drawing.
+    void SetPosition(std::int32_t iLeft, std::int32_t iTop);
+    /// The window became the active child.
+    void Form_Activate();
+
+    // ---- modes, flip, attribute: frmSnapshot_modes.cpp ----
+
+    void SetMode(std::int16_t iNewMode, bool iRefresh);
+    void SetFlip(std::int16_t NewFlip);
+    void SetAttribute(std::int16_t iNewAttribute, bool iRefresh);
+
+    // ---- net: frmSnapshot_net.cpp ----
+
+    /// Brings the shape into line with iNetX, iNetY, iNetWidth, iNetHeight.
+    void SetNetPosition();
+    /// Hides the net; its numbers stay.
+    void ClearNet();
+
+    // ---- clipboard: frmSnapshot_clipboard.cpp ----
+
+    /// Lifts the pixels under the net to the clipboard and, with iCut, clears them.
+    void Copy(bool iCut);
+    /// Clears the pixels under the net.
+    void Delete();
+    /// Hangs the block of the clipboard on the mouse until it is dropped.
+    void Paste();
+
+    // ---- export: frmSnapshot_export.cpp ----
+
+    void ExportViewToBMP();
+    void ExportViewToRaw();
+    void ExportSelectionToBMP();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    friend struct SnapshotProbe; // lets tests read the fields and controls
+
+    // ---- the document ----
+    void ShowProgress(bool bShow);
+    void SetProgress(int value);
+    /// Draws and repaints one picture pixel only: the one under the screen position (X, Y).
+    void ShowPixel(float X, float Y);
+    void WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh);
+    std::int16_t ReadPixel(float X, float Y) const;
+
+    // ---- layout ----
+    void CreateControls();
+    void Form_Load();
+    void Form_Resize();
+    void FillValueBoxes();
+    void sbrSnapshot_PanelClick(int Panel);
+    void cmdOptions_Click();
+
+    // ---- navigation ----
+    void ConnectNavigation();
+    void PlaceScrollThumb();
+    void scrAddr_Change(int newValue);
+    void scrValue_Change(int Index, int newValue);
+    void txtValue_Change(int Index);
+    void cmdScroll_MouseDown(const MouseArgs& args);
+    void cmdScroll_MouseMove(const MouseArgs& args);
+    void cmdScroll_MouseUp(const MouseArgs& args);
+
+    // ---- modes ----
+    void cmdColour_Click(int Index);
+
+    // ---- tools ----
+    void ConnectTools();
+    void picImage_MouseDown(const MouseArgs& args);
+    void picImage_MouseMove(const MouseArgs& args);
+    void picImage_MouseUp(const MouseArgs& args);
+
+    // ---- net ----
+    /// The selection net as it lies on the picture: a rectangle of screen pixels, hidden at first.
+    struct Shape {
+        std::int32_t Left = 40, Top = 16, Width = 57, Height = 49;
+        bool Visible = false;
+        bool Dotted = false; ///< solid while it is dragged, dotted once it rests
+    };
+    /// Repaints where the net was and where it now is.
+    void UpdateNet(const Shape& before);
+    void PaintNet(QPainter& painter, const QRect& exposed) const;
+    void imgClip_MouseMove(const MouseArgs& args);
+    void imgClip_MouseDown(const MouseArgs& args);
+
+    // ---- fields ----
+    MemoryBlock byMemory; ///< the whole file; constant size for the life of the window
+    QString sSnapFile;    ///< true path; shown in lower case
+    QString sSnapTitle;   ///< file name without its path, lower case, at most 40 characters: the caption
+    ViewNumbers view;     ///< what is looked at, and how
+    std::int16_t iAttribute = 0; ///< attribute byte of the whole view
+    std::int16_t bChanged = 0;   ///< -1 when byMemory differs from the file
+
+    bool bPanning = false; ///< a drag of the Pan tool is under way
+    float sngPanTop = 0, sngPanLeft = 0;
+    float sngPanStartY = 0, sngPanStartX = 0;
+    std::int32_t iNetX = 0, iNetY = 0;          ///< corner where the net's drag began, screen pixels
+    std::int32_t iNetWidth = 0, iNetHeight = 0; ///< signed size of the drag from that corner, screen pixels
+    std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{};
+    std::int32_t lScrollGrabY = 0;      ///< pixel row inside cmdScroll at which a drag began
+    std::int16_t iPanelButton = 0;      ///< mouse button last pressed on sbrSnapshot
+    float sngMouseX = 0, sngMouseY = 0; ///< last mouse position over picImage
+    std::int16_t iSavedTool = 0;        ///< the tool to go back to after a paste; 0 when none is kept
+
+    // ---- controls ----
+    QWidget* picContainer = nullptr;
+    PictureBox* picImage = nullptr;
+    ImageBox* imgClip = nullptr; ///< the block being placed, a child of picImage
+    Shape shpNet;
+    QScrollBar* scrAddr = nullptr;
+    QWidget* txtScroll = nullptr;
+    QPushButton* cmdScroll = nullptr;
+    std::array<QLabel*, 4> lblCaption{};
+    std::array<ValueBox*, 4> txtValue{};
+    std::array<SpinBar*, 4> scrValue{};
+    QPushButton* cmdOptions = nullptr;
+    PanelBar* sbrSnapshot = nullptr;
+    std::array<QToolButton*, 2> cmdColour{};
+    QProgressBar* barProgress = nullptr;
+};
+
+} // namespace lumrake

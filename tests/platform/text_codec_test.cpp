@@ -1,0 +1,53 @@
+#include "platform/fixed_string.h"
+
+#include <gtest/gtest.h>
+
+namespace lumrake {
+namespace {
+
+TEST(RecordText, CodePageFirstUtf8ForWhatItLacks) {
+    const struct {
+        const char* text;
+        std::size_t width;
+        std::string bytes;
+    } cases[] = {
+        {"game.sna", 10, "game.sna"},
+        {"caf\xC3\xA9", 10, "caf\xE9"},
+        {"\xE2\x82\xAC", 10, "\x80"},                 // the euro sign has a place of its own
+        {"\xC2\x81", 10, "\x81"},                     // an empty code passes through
+        {"\xD0\xB8\xD0\xB3", 10, "\xD0\xB8\xD0\xB3"}, // Cyrillic is written in UTF-8
+        {"\xD0\xB8\xD0\xB3", 3, "\xD0\xB8"},          // and cut between characters
+        {"caf\xC3\xA9\xD0\xB8", 5, "caf\xE9"},        // the cut took what asked for UTF-8
+        {"abcdef", 4, "abcd"},
+        {"bad\xFF", 8, "bad?"},
+    };
+    for (const auto& one : cases) {
+        EXPECT_EQ(EncodeRecordText(one.text, one.width), one.bytes) << one.text;
+    }
+    // What was written is what is read, and bytes that are no UTF-8 are Windows-1252.
+    for (const std::string text : {"caf\xC3\xA9", "\xD0\xB8\xD0\xB3", "a\xF0\x9F\x8E\xAE"}) {
+        EXPECT_EQ(DecodeRecordText(EncodeRecordText(text, 100)), text);
+    }
+    EXPECT_EQ(DecodeRecordText("\xD0\xB8\xD0"), "\xC3\x90\xC2\xB8\xC3\x90"); // a broken end: not UTF-8
+    EXPECT_EQ(DecodeRecordText("\xC3\xA9"), "\xC3\x83\xC2\xA9"); // nothing in it that Windows-1252 lacks
+    EXPECT_EQ(DecodeRecordText("\xED\xA0\x80"),
+              "\xC3\xAD\xC2\xA0\xE2\x82\xAC"); // a lone surrogate is not either
+}
+
+TEST(RecordText, AFieldKeepsItsBytesUntilItChanges) {
+    FixedString<8> field;
+    const std::array<char, 8> odd = {' ', 'a', '\xD0', '\t', ' ', ' ', ' ', ' '};
+    field.Bytes() = odd;
+    field.Set(field.Text());
+    EXPECT_EQ(field.Bytes(), odd);
+    field.Set(field.Trimmed());
+    EXPECT_EQ(field.Bytes(), odd);
+    EXPECT_EQ(field.Trimmed(), "a\xC3\x90\t"); // only blanks are trimmed
+    field.Set("b");
+    EXPECT_EQ(field.Text(), "b       ");
+    field.Set("");
+    EXPECT_TRUE(field.IsBlank());
+}
+
+} // namespace
+} // namespace lumrake

@@ -1,0 +1,108 @@
+#include "support/forms_support.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+namespace lumrake::testing {
+
+Stage::Stage() : before_(SetShellNotices(this)) {
+    SetProgramDirectory(directory_.path());
+    sAppTitle = QStringLiteral("Lumrake");
+    sAppVersion = FixedString<10>("2.00");
+    for (int bit = 0; bit < 8; ++bit) {
+        iBitValue[bit] = static_cast<std::int16_t>(1 << bit);
+    }
+    SetDefaultSettings(Settings, "2.00", {});
+    iCurrentTool = kToolDraw;
+    iSnapshotCount = iAnimationCount = 0;
+    SetMessageBoxAnswerer([this](const MessageBox& box) {
+        boxes.push_back(box.title + QLatin1Char('|') + box.text);
+        if (answers.empty()) {
+            if (box.buttons != BoxButtons::Ok) {
+                ADD_FAILURE() << "unexpected question: " << box.text.toStdString();
+            }
+            return box.buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::No;
+        }
+        const BoxAnswer answer = answers.front();
+        answers.pop_front();
+        return answer;
+    });
+    SetFileDialogAnswerer([this](CommonDialog::Kind, const CommonDialog& dialog) {
+        dialogs.push_back(dialog.DialogTitle);
+        if (files.empty()) {
+            ADD_FAILURE() << "unexpected dialog: " << dialog.DialogTitle.toStdString();
+            return QString();
+        }
+        const QString file = files.front();
+        files.pop_front();
+        return file;
+    });
+}
+
+Stage::~Stage() {
+    SetShellNotices(before_);
+    SetMessageBoxAnswerer({});
+    SetFileDialogAnswerer({});
+    SetProgramDirectory(QString());
+}
+
+int Stage::TakeNotices(const QString& notice) {
+    const auto count = std::count(notices.begin(), notices.end(), notice);
+    notices.clear();
+    return static_cast<int>(count);
+}
+
+QString Stage::MakeFile(const QString& name, std::span<const std::uint8_t> bytes) const {
+    QFile file(Path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+    return Path(name);
+}
+
+std::vector<std::uint8_t> Stage::ReadFile(const QString& name) const {
+    QFile file(Path(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
+    const QByteArray bytes = file.readAll();
+    return {bytes.begin(), bytes.end()};
+}
+
+void Stage::SetStatusText(const QString& text) {
+    notices.push_back(QLatin1String("SetStatusText ") + text);
+}
+
+void Stage::ShowCoords(std::int16_t index, double x, double y) {
+    notices.push_back(QStringLiteral("ShowCoords %1 %2,%3").arg(index).arg(x).arg(y));
+}
+
+void Stage::EnableFunction(std::int16_t group, bool enable) {
+    notices.push_back(QStringLiteral("EnableFunction %1 %2").arg(group).arg(enable ? 1 : 0));
+}
+
+void Stage::UpdateToolbars(const QString& kind, bool enable) {
+    notices.push_back(QStringLiteral("UpdateToolbars %1 %2").arg(kind).arg(enable ? 1 : 0));
+}
+
+void Stage::ShowPrompt(std::int32_t number) {
+    notices.push_back(QStringLiteral("ShowPrompt %1").arg(number));
+}
+
+void Stage::ShowModeTick(std::int16_t mode) {
+    notices.push_back(QStringLiteral("ShowModeTick %1").arg(mode));
+}
+
+void Stage::ShowFlipTick(bool on) {
+    notices.push_back(QStringLiteral("ShowFlipTick %1").arg(on ? 1 : 0));
+}
+
+std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed) {
+    std::mt19937 random(seed);
+    std::vector<std::uint8_t> bytes(count);
+    std::generate(bytes.begin(), bytes.end(), [&random] { return static_cast<std::uint8_t>(random()); });
+    return bytes;
+}
+
+} // namespace lumrake::testing

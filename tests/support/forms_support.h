@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/common_dialog.h"
+#include "platform/message_box.h"
+#include "shell/shell.h"
+
+#include <QString>
+#include <QTemporaryDir>
+
+#include <deque>
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+class QWidget;
+
+namespace lumrake::testing {
+
+/// Answers message boxes and file dialogs, records the notices of the windows and starts every test from the
+/// default settings in an empty directory of its own. A box or dialog without a prepared answer fails the
+/// test.
+class Stage : public ShellNotices {
+  public:
+    Stage();
+    ~Stage() override;
+
+    /// What the next message boxes and file dialogs are answered with, in order.
+    std::deque<BoxAnswer> answers;
+    std::deque<QString> files;
+    /// What was asked and said: the boxes as "title|text", the dialogs by their titles.
+    std::vector<QString> boxes;
+    std::vector<QString> dialogs;
+    /// What the windows reported, as "SetStatusText text", "ShowPrompt 3", "UpdateToolbars SNAPSHOT 1" ...
+    std::vector<QString> notices;
+    /// How often a notice came since the last call.
+    int TakeNotices(const QString& notice);
+
+    QString Path(const QString& name) const { return directory_.filePath(name); }
+    QString MakeFile(const QString& name, std::span<const std::uint8_t> bytes) const;
+    std::vector<std::uint8_t> ReadFile(const QString& name) const;
+
+    void SetStatusText(const QString& text) override;
+    void ShowCoords(std::int16_t index, double x, double y) override;
+    void EnableFunction(std::int16_t group, bool enable) override;
+    void UpdateToolbars(const QString& kind, bool enable) override;
+    void ShowPrompt(std::int32_t number) override;
+    void ShowModeTick(std::int16_t mode) override;
+    void ShowFlipTick(bool on) override;
+
+  private:
+    QTemporaryDir directory_;
+    ShellNotices* before_;
+};
+
+/// `count` bytes that look random and are the same in every run.
+std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed = 1);
+
+} // namespace lumrake::testing
