@@ -2,6 +2,7 @@
 #include "animation/animation_commands.h"
 #include "snapshot/frmSnapshot.h"
 
+#include <QCloseEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
@@ -105,6 +106,7 @@ TEST_F(Player, ButtonsFollowTheState) {
         int frame;
     } clicks[] = {{2, "01000", 0}, {1, "10111", 0}, {3, "10111", 1}, {0, "10111", 0}, {0, "10111", 7}};
     for (const auto& click : clicks) {
+        probe.Control(click.button).setFocus();
         probe.Control(click.button).click();
         for (std::size_t i = 0; i < 5; ++i) {
             EXPECT_EQ(probe.Control(i).isEnabled(), click.enabled[i] == '1');
@@ -226,7 +228,9 @@ TEST_P(Closes, AsTheUserAnswers) {
             << file;
     }
     Settings.bPromptSave = 0;
-    EXPECT_TRUE(form.close());
+    QCloseEvent again;
+    QCoreApplication::sendEvent(&form, &again);
+    EXPECT_TRUE(again.isAccepted());
     EXPECT_EQ(iAnimationCount, 0) << "counted out once";
 }
 
