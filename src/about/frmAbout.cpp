@@ -59,7 +59,7 @@ QLabel* MakeTitle(QWidget* page) {
 
 QFrame* MakePage(QWidget* form) {
     auto* page = new QFrame(form);
-    page->setFrameStyle(QFrame::Box | QFrame::Sunken);
+    page->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
     return page;
 }
 
