@@ -13,11 +13,10 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
-class QScrollBar;
-class QToolButton;
 
 namespace lumrake {
 
+class ColourButton;
 class PanelBar;
 class SpinBar;
 class ValueBox;
@@ -46,7 +45,8 @@ class frmSnapshot : public QWidget {
 
     /// Draws the view into the picture and repaints it; nothing else draws.
     void ShowMem();
-    void ReShow() { ShowMem(); }
+    /// The palette may have changed: colours of the picture and of the buttons.
+    void ReShow() { SetAttribute(iAttribute, true); }
 
     std::int16_t GetAttribute() const { return iAttribute; }
     std::int16_t GetFlip() const { return view.iUpsideDown == 1 ? std::int16_t{-1} : std::int16_t{0}; }
@@ -60,22 +60,29 @@ class frmSnapshot : public QWidget {
     /// The true path of the file.
     QString GetFilename() const { return sSnapFile; }
 
-    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay.
+    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay. Runs
+    /// once for each attempt to close the window, and not again while it runs.
     void Form_Unload(bool& Cancel);
 
     // ---- layout and zoom: frmSnapshot_layout.cpp ----
 
     /// Zoom index 1 to 5; another value leaves the factor as it was. Keeps the net on its pixels.
     void SetZoom(std::int16_t NewZoom);
-    /// Puts the picture's corner at this place of its container, in screen pixels, without drawing.
+    /// Puts the picture's corner at this place of its container, in screen pixels of any size and sign,
+    /// without drawing.
     void SetPosition(std::int32_t iLeft, std::int32_t iTop);
-    /// The window became the active child.
+    /// The window became the active child: shows its caption, its numbers, its ticks and which commands it
+    /// allows in the main window. Draws nothing when the value boxes are up to date.
     void Form_Activate();
 
     // ---- modes, flip, attribute: frmSnapshot_modes.cpp ----
 
+    /// Display mode 0 to 4, with the sizes that it demands and the boxes that it switches off. A number that
+    /// changes redraws by itself; iRefresh redraws in any case.
     void SetMode(std::int16_t iNewMode, bool iRefresh);
+    /// 0 shows the picture upright, anything else upside down. Always redraws, changes no byte.
     void SetFlip(std::int16_t NewFlip);
+    /// Attribute byte of the whole view; only its low byte counts. Changes no byte of the document.
     void SetAttribute(std::int16_t iNewAttribute, bool iRefresh);
 
     // ---- net: frmSnapshot_net.cpp ----
@@ -104,29 +111,45 @@ class frmSnapshot : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     friend struct SnapshotProbe; // lets tests read the fields and controls
 
     // ---- the document ----
+    /// Shows the progress bar over the first status panel, or hides it, and lets pending events run.
     void ShowProgress(bool bShow);
+    /// 0 to 100 percent; painted at once.
     void SetProgress(int value);
-    /// Draws and repaints one picture pixel only: the one under the screen position (X, Y).
+    /// Fills the device context with the view as far as its clip allows; repaints nothing.
+    void DrawView();
+    /// Draws and repaints one picture pixel only: the one under the screen position (X, Y), which is in the
+    /// picture.
     void ShowPixel(float X, float Y);
+    /// Marks the document as changed, whatever becomes of the pixel, and writes it: addressing.h. With
+    /// bRefresh the pixel is redrawn; a block operation redraws once at its end instead.
     void WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh);
     std::int16_t ReadPixel(float X, float Y) const;
 
     // ---- layout ----
     void CreateControls();
     void Form_Load();
+    void CreateValueBoxes();
+    void CreateStatusBar();
     void Form_Resize();
+    void PlaceColourButtons();
     void FillValueBoxes();
+    /// A net lies in this window on which Cut, Copy, Delete and the export can act.
+    bool HasNet() const;
     void sbrSnapshot_PanelClick(int Panel);
     void cmdOptions_Click();
 
     // ---- navigation ----
     void ConnectNavigation();
+    /// Puts the thumb where lOffset says, and the address bar at rest there.
     void PlaceScrollThumb();
+    /// The address bar is at rest where the thumb stands.
+    void RestAddressBar();
     void scrAddr_Change(int newValue);
     void scrValue_Change(int Index, int newValue);
     void txtValue_Change(int Index);
@@ -169,7 +192,9 @@ class frmSnapshot : public QWidget {
     float sngPanStartY = 0, sngPanStartX = 0;
     std::int32_t iNetX = 0, iNetY = 0;          ///< corner where the net's drag began, screen pixels
     std::int32_t iNetWidth = 0, iNetHeight = 0; ///< signed size of the drag from that corner, screen pixels
-    std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{};
+    std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
+    bool bClosing = false;                                              ///< Form_Unload is under way
+    bool bClosed = false;               ///< it let the window go: nothing is asked any more
     std::int32_t lScrollGrabY = 0;      ///< pixel row inside cmdScroll at which a drag began
     std::int16_t iPanelButton = 0;      ///< mouse button last pressed on sbrSnapshot
     float sngMouseX = 0, sngMouseY = 0; ///< last mouse position over picImage
@@ -180,7 +205,7 @@ class frmSnapshot : public QWidget {
     PictureBox* picImage = nullptr;
     ImageBox* imgClip = nullptr; ///< the block being placed, a child of picImage
     Shape shpNet;
-    QScrollBar* scrAddr = nullptr;
+    SpinBar* scrAddr = nullptr; ///< its value, at rest, is the thumb's place in the track
     QWidget* txtScroll = nullptr;
     QPushButton* cmdScroll = nullptr;
     std::array<QLabel*, 4> lblCaption{};
@@ -188,7 +213,7 @@ class frmSnapshot : public QWidget {
     std::array<SpinBar*, 4> scrValue{};
     QPushButton* cmdOptions = nullptr;
     PanelBar* sbrSnapshot = nullptr;
-    std::array<QToolButton*, 2> cmdColour{};
+    std::array<ColourButton*, 2> cmdColour{}; ///< ink, paper
     QProgressBar* barProgress = nullptr;
 };
 
