@@ -45,19 +45,22 @@ void PanelBar::SetText(int index, const QString& text) {
 void PanelBar::Arrange() {
     widths_.clear();
     for (const Panel& panel : panels_) {
-        widths_.push_back(panel.Spring ? 0 : panel.MinWidth);
+        widths_.push_back(panel.Spring ? panel.LeastWidth : panel.MinWidth);
     }
     int spare = width() - std::accumulate(widths_.begin(), widths_.end(), 0);
     for (std::size_t i = 0; i < panels_.size() && spare > 0; ++i) {
         if (panels_[i].Spring) {
-            widths_[i] = spare;
+            widths_[i] += spare;
             spare = 0;
         }
     }
-    for (auto width = widths_.rbegin(); width != widths_.rend() && spare < 0; ++width) {
-        const int loss = std::min(*width, -spare);
-        *width -= loss;
-        spare += loss;
+    for (const bool toLeast : {true, false}) {
+        for (std::size_t i = panels_.size(); i-- > 0 && spare < 0;) {
+            const int kept = toLeast ? std::min(panels_[i].LeastWidth, widths_[i]) : 0;
+            const int loss = std::min(widths_[i] - kept, -spare);
+            widths_[i] -= loss;
+            spare += loss;
+        }
     }
     update();
     if (PanelsMoved) {

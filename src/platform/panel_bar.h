@@ -15,10 +15,12 @@ struct Panel {
     QString ToolTipText;
     int MinWidth = 0;    ///< logical pixels
     bool Spring = false; ///< takes up the spare width; one panel of a bar
+    int LeastWidth = 0;  ///< what it keeps while other panels still have width to give
 };
 
 /// A status bar of sunken panels. A text that is too long is shown with dots and never widens the bar. When
-/// the bar is narrower than its panels together the spring panel goes first, then the last panels lose width.
+/// the bar is narrower than its panels together, the spring panel shrinks to its least width first, then the
+/// last panels to theirs; when that is not enough, the last panels go altogether.
 class PanelBar : public QWidget {
   public:
     explicit PanelBar(QWidget* parent = nullptr);

@@ -82,15 +82,22 @@ void BitPictureView::PaintPicture(QPainter& painter, const QRect& exposed) const
     }
 }
 
-MouseArgs BitPictureView::ArgsOf(const QMouseEvent& event, int button) const {
+MouseArgs MouseArgsOf(const QMouseEvent& event, int button) {
     MouseArgs args;
     args.Button = static_cast<std::int16_t>(button & 7);
     args.Shift = static_cast<std::int16_t>((event.modifiers() & Qt::ShiftModifier ? 1 : 0) |
                                            (event.modifiers() & Qt::ControlModifier ? 2 : 0) |
                                            (event.modifiers() & Qt::AltModifier ? 4 : 0));
     // Whole pixels, rounded down before anything flips or divides them.
-    args.X = static_cast<float>(std::floor(event.position().x())) - static_cast<float>(border_);
-    args.Y = static_cast<float>(std::floor(event.position().y())) - static_cast<float>(border_);
+    args.X = static_cast<float>(std::floor(event.position().x()));
+    args.Y = static_cast<float>(std::floor(event.position().y()));
+    return args;
+}
+
+MouseArgs BitPictureView::ArgsOf(const QMouseEvent& event, int button) const {
+    MouseArgs args = MouseArgsOf(event, button);
+    args.X -= static_cast<float>(border_);
+    args.Y -= static_cast<float>(border_);
     return args;
 }
 

@@ -21,6 +21,9 @@ struct MouseArgs {
 
 using MouseHandler = std::function<void(const MouseArgs&)>;
 
+/// A mouse event with the button or mask `button`; its place in whole pixels, rounded down.
+MouseArgs MouseArgsOf(const QMouseEvent& event, int button);
+
 /// Shows a one-bit picture enlarged by a whole factor, painting only what is exposed: the enlarged picture
 /// never exists in memory. Its own size is for the form to set; pixels beyond the picture take the box's
 /// background.

@@ -3,6 +3,7 @@
 #include "platform/memory_block.h"
 #include "platform/picture_box.h"
 #include "snapshot/addressing.h"
+#include "snapshot/block.h"
 
 #include <QString>
 #include <QWidget>
@@ -13,11 +14,10 @@
 class QLabel;
 class QProgressBar;
 class QPushButton;
-class QScrollBar;
-class QToolButton;
 
 namespace lumrake {
 
+class ColourButton;
 class PanelBar;
 class SpinBar;
 class ValueBox;
@@ -46,7 +46,8 @@ class frmSnapshot : public QWidget {
 
     /// Draws the view into the picture and repaints it; nothing else draws.
     void ShowMem();
-    void ReShow() { ShowMem(); }
+    /// The palette may have changed: colours of the picture and of the buttons.
+    void ReShow() { SetAttribute(iAttribute, true); }
 
     std::int16_t GetAttribute() const { return iAttribute; }
     std::int16_t GetFlip() const { return view.iUpsideDown == 1 ? std::int16_t{-1} : std::int16_t{0}; }
@@ -60,22 +61,29 @@ class frmSnapshot : public QWidget {
     /// The true path of the file.
     QString GetFilename() const { return sSnapFile; }
 
-    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay.
+    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay. Runs
+    /// once for each attempt to close the window, and not again while it runs.
     void Form_Unload(bool& Cancel);
 
     // ---- layout and zoom: frmSnapshot_layout.cpp ----
 
     /// Zoom index 1 to 5; another value leaves the factor as it was. Keeps the net on its pixels.
     void SetZoom(std::int16_t NewZoom);
-    /// Puts the picture's corner at this place of its container, in screen pixels, without drawing.
+    /// Puts the picture's corner at this place of its container, in screen pixels of any size and sign,
+    /// without drawing.
     void SetPosition(std::int32_t iLeft, std::int32_t iTop);
-    /// The window became the active child.
+    /// The window became the active child: shows its caption, its numbers, its ticks and which commands it
+    /// allows in the main window. Draws nothing when the value boxes are up to date.
     void Form_Activate();
 
     // ---- modes, flip, attribute: frmSnapshot_modes.cpp ----
 
+    /// Display mode 0 to 4, with the sizes that it demands and the boxes that it switches off. A number that
+    /// changes redraws by itself; iRefresh redraws in any case.
     void SetMode(std::int16_t iNewMode, bool iRefresh);
+    /// 0 shows the picture upright, anything else upside down. Always redraws, changes no byte.
     void SetFlip(std::int16_t NewFlip);
+    /// Attribute byte of the whole view; only its low byte counts. Changes no byte of the document.
     void SetAttribute(std::int16_t iNewAttribute, bool iRefresh);
 
     // ---- net: frmSnapshot_net.cpp ----
@@ -104,29 +112,43 @@ class frmSnapshot : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     friend struct SnapshotProbe; // lets tests read the fields and controls
 
     // ---- the document ----
+    /// Shows the progress bar over the first status panel, or hides it, and lets pending events run.
     void ShowProgress(bool bShow);
+    /// 0 to 100 percent; painted at once.
     void SetProgress(int value);
-    /// Draws and repaints one picture pixel only: the one under the screen position (X, Y).
+    /// Fills the device context with the view as far as its clip allows; repaints nothing.
+    void DrawView();
+    /// Draws and repaints one picture pixel only: the one under the screen position (X, Y), which is in the
+    /// picture.
     void ShowPixel(float X, float Y);
+    /// Marks the document as changed, whatever becomes of the pixel, and writes it: addressing.h. With
+    /// bRefresh the pixel is redrawn; a block operation redraws once at its end instead.
     void WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh);
     std::int16_t ReadPixel(float X, float Y) const;
 
     // ---- layout ----
     void CreateControls();
     void Form_Load();
+    void CreateValueBoxes();
+    void CreateStatusBar();
     void Form_Resize();
+    void PlaceColourButtons();
     void FillValueBoxes();
     void sbrSnapshot_PanelClick(int Panel);
     void cmdOptions_Click();
 
     // ---- navigation ----
     void ConnectNavigation();
+    /// Puts the thumb where lOffset says, and the address bar at rest there.
     void PlaceScrollThumb();
+    /// The address bar is at rest where the thumb stands.
+    void RestAddressBar();
     void scrAddr_Change(int newValue);
     void scrValue_Change(int Index, int newValue);
     void txtValue_Change(int Index);
@@ -142,17 +164,46 @@ class frmSnapshot : public QWidget {
     void picImage_MouseDown(const MouseArgs& args);
     void picImage_MouseMove(const MouseArgs& args);
     void picImage_MouseUp(const MouseArgs& args);
+    void MagnifyAbout(const MouseArgs& args);
+    void DragTool(const MouseArgs& args);
+    void HoverTool(const MouseArgs& args);
 
     // ---- net ----
-    /// The selection net as it lies on the picture: a rectangle of screen pixels, hidden at first.
-    struct Shape {
-        std::int32_t Left = 40, Top = 16, Width = 57, Height = 49;
+    /// The rectangle that lies on the picture, hidden at first: the selection net, or the frame of a block that
+    /// is being placed.
+    struct Shape : NetRect {
         bool Visible = false;
         bool Dotted = false; ///< solid while it is dragged, dotted once it rests
+        bool Frame = false;  ///< the frame of a block: no net for the commands
     };
-    /// Repaints where the net was and where it now is.
+    /// A net lies in this window on which Cut, Copy, Delete and the export can act.
+    bool HasNet() const { return shpNet.Visible && !shpNet.Frame && shpNet.Width > 1; }
+    /// Switches Cut, Copy, Delete and the export of the selection.
+    static void EnableNetCommands(bool bEnable);
+    void StartNet(const MouseArgs& args);
+    void DragNet(const MouseArgs& args);
+    void EndNet();
+    /// Keeps the net, and a block that is being placed, on their picture pixels after a change of the factor.
+    void ScaleNet(std::int32_t iOldFactor);
+    /// Gives the shape its new form and repaints where it was and where it now is.
+    void SetShape(const Shape& shape);
     void UpdateNet(const Shape& before);
     void PaintNet(QPainter& painter, const QRect& exposed) const;
+
+    // ---- clipboard ----
+    /// The window in which a block is being placed; null when there is none. The tool is one for all windows.
+    inline static frmSnapshot* placingWindow = nullptr;
+    /// Shows in barProgress how far a walk over a block has come.
+    RowProgress ProgressOfRows();
+    NetRect ClipPlace() const;
+    /// Shows the block of the clipboard, framed, where imgClip lies.
+    void HangBlock();
+    /// Moves the block so that it hangs centred on the mouse.
+    void MoveBlock(float X, float Y);
+    /// Takes the block and its frame off the picture. Says nothing about the tool.
+    void LetGoOfBlock();
+    /// Ends the placing in this window, if there is one, and gives the tool back.
+    void EndPlacing();
     void imgClip_MouseMove(const MouseArgs& args);
     void imgClip_MouseDown(const MouseArgs& args);
 
@@ -169,7 +220,9 @@ class frmSnapshot : public QWidget {
     float sngPanStartY = 0, sngPanStartX = 0;
     std::int32_t iNetX = 0, iNetY = 0;          ///< corner where the net's drag began, screen pixels
     std::int32_t iNetWidth = 0, iNetHeight = 0; ///< signed size of the drag from that corner, screen pixels
-    std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{};
+    std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
+    bool bClosing = false;                                              ///< Form_Unload is under way
+    bool bClosed = false;               ///< it let the window go: nothing is asked any more
     std::int32_t lScrollGrabY = 0;      ///< pixel row inside cmdScroll at which a drag began
     std::int16_t iPanelButton = 0;      ///< mouse button last pressed on sbrSnapshot
     float sngMouseX = 0, sngMouseY = 0; ///< last mouse position over picImage
@@ -179,8 +232,8 @@ class frmSnapshot : public QWidget {
     QWidget* picContainer = nullptr;
     PictureBox* picImage = nullptr;
     ImageBox* imgClip = nullptr; ///< the block being placed, a child of picImage
-    Shape shpNet;
-    QScrollBar* scrAddr = nullptr;
+    Shape shpNet{{40, 16, 57, 49}};
+    SpinBar* scrAddr = nullptr; ///< its value, at rest, is the thumb's place in the track
     QWidget* txtScroll = nullptr;
     QPushButton* cmdScroll = nullptr;
     std::array<QLabel*, 4> lblCaption{};
@@ -188,7 +241,7 @@ class frmSnapshot : public QWidget {
     std::array<SpinBar*, 4> scrValue{};
     QPushButton* cmdOptions = nullptr;
     PanelBar* sbrSnapshot = nullptr;
-    std::array<QToolButton*, 2> cmdColour{};
+    std::array<ColourButton*, 2> cmdColour{}; ///< ink, paper
     QProgressBar* barProgress = nullptr;
 };
 

@@ -1,0 +1,90 @@
+#include "animation/animation_commands.h"
+
+#include "animation/frmAnimSetup.h"
+#include "animation/frmAnimation.h"
+#include "platform/common_dialog.h"
+#include "platform/numbers.h"
+#include "shell/file_commands.h"
+#include "snapshot/frmSnapshot.h"
+
+namespace lumrake {
+
+namespace {
+
+const QString kFilter = QStringLiteral("Animation files (*.ANM)|*.ANM|All files (*.*)|*.*");
+
+/// A window that opens belongs to its frame in the main window; one that does not is let go at once.
+void OpenWindow(const QString& sFile) {
+    auto* child = new frmAnimation;
+    if (!child->Launch(sFile)) {
+        delete child;
+    }
+}
+
+std::optional<QString> AskName(const frmAnimation& animation) {
+    return AskNewFileName(QStringLiteral("Save animation file as..."), kFilter, animation.GetFilename());
+}
+
+} // namespace
+
+void NewAnimation() {
+    OpenWindow(QString());
+}
+
+void OpenAnimationDialog() {
+    comDialog.Flags = kDialogFlags;
+    comDialog.Filter = kFilter;
+    comDialog.DialogTitle = QStringLiteral("Open animation file...");
+    comDialog.FileName.clear();
+    comDialog.Action(CommonDialog::Kind::Open);
+    if (!comDialog.FileName.trimmed().isEmpty()) {
+        OpenWindow(comDialog.FileName);
+    }
+}
+
+bool SaveAnimationCommand(frmAnimation& animation) {
+    const QString sFile = animation.GetFilename();
+    return sFile.isEmpty() ? SaveAnimationAs(animation) : animation.SaveAnimation(sFile);
+}
+
+bool SaveAnimationAs(frmAnimation& animation) {
+    const std::optional<QString> sNewName = AskName(animation);
+    return sNewName && animation.SaveAnimation(*sNewName);
+}
+
+void SaveAnimationBeforeClosing(frmAnimation& animation) {
+    std::optional<QString> sName = animation.GetFilename();
+    if (sName->isEmpty()) {
+        sName = AskName(animation);
+    }
+    QString sReason;
+    if (!sName || animation.SaveAnimation(*sName, &sReason)) {
+        return; // a cancelled dialog gives the work up
+    }
+    while (AskForAnotherName(sReason, QStringLiteral("Animation"))) {
+        sName = AskName(animation);
+        if (sName && animation.SaveAnimation(*sName, &sReason)) {
+            return;
+        }
+    }
+}
+
+void AnimateSnapshot(const frmSnapshot& snapshot) {
+    const std::int16_t iMode = snapshot.GetMode();
+    GlobalAnim.sSnapFile.Set(snapshot.GetFilename().toStdString());
+    GlobalAnim.iWidth = snapshot.GetWidth();
+    GlobalAnim.iLines = snapshot.GetLines();
+    GlobalAnim.lOffset = snapshot.GetOffset();
+    GlobalAnim.iFrames = snapshot.GetColumns();
+    GlobalAnim.byAttribute = static_cast<std::uint8_t>(snapshot.GetAttribute());
+    GlobalAnim.iMode = iMode == kScreen || iMode == kText ? std::int16_t{kGraphics} : iMode;
+    GlobalAnim.iUpsideDown = snapshot.GetUpsideDown();
+    GlobalAnim.iRepeat = kContinuous;
+    GlobalAnim.iPause = 100;
+    GlobalAnim.lStep = HeldTo<std::int32_t>(
+        static_cast<double>(FrameBytes(GlobalAnim.iMode, GlobalAnim.iWidth, GlobalAnim.iLines)));
+    GlobalAnim.sTitle.Set("New Animation");
+    OpenWindow(QString());
+}
+
+} // namespace lumrake

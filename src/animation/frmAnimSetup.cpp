@@ -1,0 +1,446 @@
+#include "animation/frmAnimSetup.h"
+
+#include "animation/snapshot_file.h"
+#include "platform/common_dialog.h"
+#include "platform/files.h"
+#include "platform/message_box.h"
+#include "platform/numbers.h"
+#include "platform/pictures.h"
+#include "platform/screen.h"
+#include "platform/tab_strip.h"
+#include "platform/trim.h"
+#include "shell/shell.h"
+#include "snapshot/frmColours.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <string_view>
+
+namespace lumrake {
+
+AnimationRecord GlobalAnim;
+std::int16_t bAnimChanged = 0;
+
+enum class SetupKind { Text, Notes, List, Check, Button };
+
+/// One control of the dialog, in the order of the Tab key.
+struct SetupRow {
+    SetupKind kind;
+    int index;           ///< in its control array
+    const char* tag;     ///< what the handlers know it by
+    const char* caption; ///< label before it, or its own face; a name ending in .svg is a drawing
+    int maxTyped;        ///< longest text that can be typed; 0 for no text
+    int helpKey;
+    const char* status; ///< text of the status bar while it has the focus; empty leaves the bar alone
+    int page;           ///< of SSTab1, or -1 for below it
+    int labelLeft, left, top, width, height;
+};
+
+namespace {
+
+constexpr int kDialogWidth = 388, kDialogHeight = 279;
+constexpr int kNotesRow = 8; ///< index of the notes among the text fields
+
+// clang-format off
+constexpr SetupRow kRows[] = {
+//   kind               ix  tag          caption                  max key status                                                page label left top width height
+    {SetupKind::Text,   0, "SNAPFILE",  "Snapshot file",          100, 48, "Enter the name of the snapshot file",                   0,  10, 104,  10, 222, 22},
+    {SetupKind::Button, 2, "OPENFILE",  "dialogs/openfile.svg",     0, 49, "Click '...' to select snapshot file",                   0,   0, 330,  10,  26, 22},
+    {SetupKind::Text,   1, "TITLE",     "Animation title",         30, 50, "Enter a title for the animation",                       0,  10, 104,  38, 252, 22},
+    {SetupKind::List,   0, "REPEAT",    "Repeat type",              0, 51, "Select the type of repeat",                             0,  10, 104,  66, 100, 22},
+    {SetupKind::List,   1, "MODE",      "Mode",                     0, 52, "Select the display mode",                               0, 216, 256,  66, 100, 22},
+    {SetupKind::Text,   2, "OFFSET",    "Offset",                   6, 53, "Enter the file offset of the first frame",              0,  10, 104,  94,  70, 22},
+    {SetupKind::Text,   3, "WIDTH",     "Width",                    3, 54, "Enter the width in pixels of each frame",               0, 216, 286,  94,  70, 22},
+    {SetupKind::Text,   4, "LINES",     "Lines",                    3, 55, "Enter the number of lines in pixels of each frame",     0,  10, 104, 122,  70, 22},
+    {SetupKind::Text,   5, "FRAMES",    "Frames",                   3, 56, "Enter the number of frames in the animation",           0, 216, 286, 122,  70, 22},
+    {SetupKind::Text,   6, "STEP",      "Step",                     5, 57, "Enter the number of bytes between each frame",          0,  10, 104, 150,  70, 22},
+    {SetupKind::Text,   7, "PAUSE",     "Pause",                    5, 58, "Enter the pause between each frame (milliseconds)",     0, 216, 286, 150,  70, 22},
+    {SetupKind::Check,  0, "",          "Upside down",              0, 59, "",                                                      0,   0, 104, 178, 100, 22},
+    {SetupKind::Button, 4, "ATTRIBUTE", "dialogs/attribute.svg",    0, 60, "",                                                      0,   0, 330, 178,  26, 22},
+    {SetupKind::Notes,  8, "NOTES",     "",                       500, 63, "Enter any notes you wish to make about the animation",  1,   0,  10,  30, 348, 170},
+    {SetupKind::Button, 1, "CANCEL",    "&Cancel",                  0, 62, "Click 'CANCEL' to abort action",                       -1,   0, 212, 247,  80, 24},
+    {SetupKind::Button, 0, "OKAY",      "&Okay",                    0, 61, "Click 'OKAY' to confirm information",                  -1,   0, 300, 247,  80, 24},
+};
+// clang-format on
+
+const SetupRow& TextRow(int index) {
+    return *std::find_if(std::begin(kRows), std::end(kRows), [index](const SetupRow& row) {
+        return row.kind == SetupKind::Text && row.index == index;
+    });
+}
+
+QString Latin(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+QString Number(std::int32_t value) {
+    return QString::number(value);
+}
+
+QLabel* AddLabel(QWidget* parent, const QString& text, const QRect& place) {
+    auto* label = new QLabel(text, parent);
+    label->setGeometry(place);
+    label->setMouseTracking(true); // moves go on to the page and the strip, which hand the prompt 0
+    return label;
+}
+
+} // namespace
+
+frmAnimSetup::frmAnimSetup() : QDialog(QApplication::activeWindow()) {
+    setWindowTitle(QStringLiteral("Animation Setup"));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setMouseTracking(true);
+    setFixedSize(kDialogWidth, kDialogHeight);
+    CreateControls();
+    Form_Load();
+}
+
+void frmAnimSetup::CreateControls() {
+    SSTab1 = new TabStrip({{QStringLiteral("Settings"), 1, 51}, {QStringLiteral("Notes"), 56, 39}}, this);
+    SSTab1->setGeometry(8, 8, kDialogWidth - 16, 231);
+    SSTab1->Click = [this](int iPage) { SSTab1_Click(iPage); };
+    SSTab1->MouseMove = [this](int X, int Y) { SSTab1_MouseMove(X, Y); };
+
+    QWidget* settings = SSTab1->Page(0);
+    AddLabel(settings, QStringLiteral("Attribute"), {216, 178, 66, 22});
+    AddLabel(SSTab1->Page(1), QStringLiteral("Animation notes"), {10, 8, 200, 18});
+    for (std::size_t i = 0; i < lblColour.size(); ++i) {
+        lblColour[i] =
+            AddLabel(settings, QString(), i == 0 ? QRect(286, 178, 38, 22) : QRect(296, 183, 18, 12));
+        lblColour[i]->setObjectName(QStringLiteral("lblColour(%1)").arg(i));
+        lblColour[i]->setAutoFillBackground(true);
+    }
+    QWidget* before = nullptr;
+    for (const SetupRow& row : kRows) {
+        QWidget* parent = row.page < 0 ? static_cast<QWidget*>(this) : SSTab1->Page(row.page);
+        QWidget* control = AddControl(row, parent);
+        control->setGeometry(row.left, row.top, row.width, row.height);
+        if (row.labelLeft > 0) {
+            AddLabel(parent, Latin(row.caption),
+                     {row.labelLeft, row.top, row.left - row.labelLeft - 4, row.height});
+        }
+        if (before != nullptr) {
+            setTabOrder(before, control);
+        }
+        before = control;
+    }
+}
+
+QWidget* frmAnimSetup::AddControl(const SetupRow& row, QWidget* parent) {
+    const auto place = static_cast<std::size_t>(row.index);
+    const int Index = row.index;
+    switch (row.kind) {
+    case SetupKind::Text: {
+        auto* text = new Watched<QLineEdit>(parent);
+        Watch(text, row);
+        connect(text, &QLineEdit::textChanged, this, [this, Index] { txtAnimSetup_Change(Index); });
+        text->LostFocus = [this, Index] { txtAnimSetup_LostFocus(Index); };
+        return txtAnimSetup[place] = text;
+    }
+    case SetupKind::Notes:
+        txtNotes = new Watched<QPlainTextEdit>(parent);
+        Watch(txtNotes, row);
+        txtNotes->viewport()->setMouseTracking(true);
+        txtNotes->setTabChangesFocus(true);
+        connect(txtNotes, &QPlainTextEdit::textChanged, this, [this] {
+            LimitNotes();
+            bAnimChanged = -1;
+        });
+        return txtNotes;
+    case SetupKind::List: {
+        auto* list = new Watched<QComboBox>(parent);
+        Watch(list, row);
+        connect(list, &QComboBox::activated, this, [] { bAnimChanged = -1; });
+        connect(list, &QComboBox::currentIndexChanged, this, [] { bAnimChanged = -1; });
+        return cboAnimSetup[place] = list;
+    }
+    case SetupKind::Check:
+        chkAnimSetup = new Watched<QCheckBox>(Latin(row.caption), parent);
+        Watch(chkAnimSetup, row);
+        connect(chkAnimSetup, &QCheckBox::toggled, this, [] { bAnimChanged = -1; });
+        return chkAnimSetup;
+    case SetupKind::Button: {
+        auto* button = new Watched<QPushButton>(parent);
+        Watch(button, row);
+        button->setAutoDefault(false);
+        if (std::string_view(row.caption).ends_with(".svg")) {
+            button->setIcon(LoadIcon(Latin(row.caption), QSize(16, 16)));
+            button->setIconSize(QSize(16, 16));
+        } else {
+            button->setText(Latin(row.caption));
+        }
+        connect(button, &QPushButton::clicked, this, [this, Index] { cmdSetup_Click(Index); });
+        return cmdSetup[place] = button;
+    }
+    }
+    return nullptr;
+}
+
+template <class Control> void frmAnimSetup::Watch(Control* control, const SetupRow& row) {
+    constexpr const char* kArrays[] = {"txtAnimSetup", "txtAnimSetup", "cboAnimSetup", "chkAnimSetup",
+                                       "cmdSetup"};
+    control->setObjectName(
+        QStringLiteral("%1(%2)").arg(Latin(kArrays[static_cast<int>(row.kind)])).arg(row.index));
+    control->GotFocus = [this, &row] { Control_GotFocus(row); };
+    control->MouseMove = [&row] { ShowPrompt(row.helpKey); };
+}
+
+void frmAnimSetup::Form_Load() {
+    CentreOnScreen(*this);
+    cboAnimSetup[0]->addItems(
+        {QStringLiteral("Once only"), QStringLiteral("Continuous"), QStringLiteral("Ping-Pong")});
+    cboAnimSetup[1]->addItems(
+        {QStringLiteral("Graphics"), QStringLiteral("Line mask"), QStringLiteral("Byte mask")});
+    bActivated = false;
+}
+
+void frmAnimSetup::GetAnimSettings(bool& bResult, const QString& sOwnFile) {
+    sAnimFile = sOwnFile;
+    GlobalToScreen();
+    exec();
+    bResult = bOkay;
+}
+
+void frmAnimSetup::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!event->spontaneous()) {
+        Form_Activate();
+    }
+}
+
+void frmAnimSetup::Form_Activate() {
+    SSTab1->SetTab(0);
+    if (!bActivated) {
+        // The window's first focus comes with the window and would not be told otherwise.
+        txtAnimSetup[0]->setFocus();
+        Control_GotFocus(TextRow(0));
+        bAnimChanged = 0;
+        bActivated = true;
+    }
+}
+
+void frmAnimSetup::GlobalToScreen() {
+    SetText(0, QString::fromStdString(GlobalAnim.sSnapFile.Trimmed()));
+    SetText(1, QString::fromStdString(GlobalAnim.sTitle.Trimmed()));
+    txtNotes->setPlainText(QString::fromStdString(NotesOnScreen(GlobalAnim.sNotes.Trimmed())));
+    sShownSnapFile = txtAnimSetup[0]->text();
+    sShownTitle = txtAnimSetup[1]->text();
+    sShownNotes = txtNotes->toPlainText();
+    cboAnimSetup[0]->setCurrentIndex(GlobalAnim.iRepeat);
+    SetText(2, Number(GlobalAnim.lOffset));
+    SetText(3, Number(GlobalAnim.iWidth));
+    SetText(4, Number(GlobalAnim.iLines));
+    SetText(5, Number(GlobalAnim.iFrames));
+    SetText(6, Number(GlobalAnim.lStep));
+    SetText(7, Number(GlobalAnim.iPause));
+    ShowSwatches(GlobalAnim.byAttribute);
+    chkAnimSetup->setChecked(GlobalAnim.iUpsideDown != 0);
+    cboAnimSetup[1]->setCurrentIndex(ModeIndex(GlobalAnim.iMode));
+    bOkay = false;
+}
+
+void frmAnimSetup::ScreenToGlobal() {
+    const auto text = [this](std::size_t index) { return txtAnimSetup[index]->text().toStdString(); };
+    if (txtAnimSetup[0]->text() != sShownSnapFile) {
+        GlobalAnim.sSnapFile.Set(TrimBlanks(text(0)));
+    }
+    if (txtAnimSetup[1]->text() != sShownTitle) {
+        GlobalAnim.sTitle.Set(text(1));
+    }
+    if (txtNotes->toPlainText() != sShownNotes) {
+        GlobalAnim.sNotes.Set(NotesInRecord(txtNotes->toPlainText().toStdString()));
+    }
+    GlobalAnim.iRepeat = static_cast<std::int16_t>(cboAnimSetup[0]->currentIndex());
+    GlobalAnim.lOffset = WholeNumberFromText<std::int32_t>(text(2));
+    GlobalAnim.iWidth = WholeNumberFromText<std::int16_t>(text(3));
+    GlobalAnim.iLines = WholeNumberFromText<std::int16_t>(text(4));
+    GlobalAnim.iFrames = WholeNumberFromText<std::int16_t>(text(5));
+    GlobalAnim.lStep = WholeNumberFromText<std::int32_t>(text(6));
+    GlobalAnim.iPause = WholeNumberFromText<std::int16_t>(text(7));
+    GlobalAnim.byAttribute = static_cast<std::uint8_t>(iAttribute);
+    GlobalAnim.iUpsideDown = chkAnimSetup->isChecked() ? std::int16_t{1} : std::int16_t{0};
+    if (const int mode = cboAnimSetup[1]->currentIndex(); mode >= 0) {
+        GlobalAnim.iMode = kListedModes[static_cast<std::size_t>(mode)];
+    }
+}
+
+void frmAnimSetup::ShowSwatches(std::int16_t iNewAttribute) {
+    iAttribute = iNewAttribute;
+    const char* const kSides[] = {"BACK", "FORE"};
+    for (std::size_t i = 0; i < lblColour.size(); ++i) {
+        const Colour colour = AttributeColour(iAttribute, kSides[i]);
+        QPalette colours = lblColour[i]->palette();
+        colours.setColor(QPalette::Window, QColor(colour & 255, (colour >> 8) & 255, (colour >> 16) & 255));
+        lblColour[i]->setPalette(colours);
+    }
+}
+
+/// The limit binds the user's typing; what the program writes is shown whole, and may be shortened by hand.
+void frmAnimSetup::SetText(int Index, const QString& sText) {
+    Watched<QLineEdit>* text = txtAnimSetup[static_cast<std::size_t>(Index)];
+    text->setMaxLength(std::max(TextRow(Index).maxTyped, static_cast<int>(sText.size())));
+    text->setText(sText);
+}
+
+void frmAnimSetup::txtAnimSetup_Change(int Index) {
+    Watched<QLineEdit>* text = txtAnimSetup[static_cast<std::size_t>(Index)];
+    const int limit = std::max(TextRow(Index).maxTyped, static_cast<int>(text->text().size()));
+    if (limit < text->maxLength()) {
+        const int caret = text->cursorPosition();
+        text->setMaxLength(limit);
+        text->setCursorPosition(caret);
+    }
+    bAnimChanged = -1;
+}
+
+/// What was typed or pasted last ends at the caret: as much of it goes as the field cannot take.
+void frmAnimSetup::LimitNotes() {
+    const auto excess = [this] {
+        const std::string bytes = NotesInRecord(txtNotes->toPlainText().toStdString());
+        return EncodeRecordText(bytes, bytes.size()).size() > GlobalAnim.sNotes.Bytes().size();
+    };
+    if (!excess()) {
+        return;
+    }
+    const QSignalBlocker quiet(txtNotes);
+    QTextCursor caret = txtNotes->textCursor();
+    while (excess() && caret.position() > 0) {
+        caret.deletePreviousChar();
+    }
+}
+
+void frmAnimSetup::txtAnimSetup_LostFocus(int Index) {
+    const std::string_view tag = TextRow(Index).tag;
+    if (tag == "WIDTH" || tag == "LINES") {
+        const int mode = std::max(0, cboAnimSetup[1]->currentIndex());
+        SetText(6, QString::fromStdString(ProposedStep(txtAnimSetup[3]->text().toStdString(),
+                                                       txtAnimSetup[4]->text().toStdString(),
+                                                       kListedModes[static_cast<std::size_t>(mode)])));
+    }
+}
+
+void frmAnimSetup::Control_GotFocus(const SetupRow& row) {
+    if (*row.status != '\0') {
+        SetStatusText(Latin(row.status));
+    }
+    ShowPrompt(row.helpKey);
+    if (row.kind == SetupKind::Text) {
+        Watched<QLineEdit>* text = txtAnimSetup[static_cast<std::size_t>(row.index)];
+        text->setSelection(0, static_cast<int>(TrimBlanks(text->text()).size()));
+    } else if (row.kind == SetupKind::Notes) {
+        QTextCursor caret = txtNotes->textCursor();
+        caret.setPosition(static_cast<int>(TrimBlanks(txtNotes->toPlainText()).size()));
+        txtNotes->setTextCursor(caret);
+    }
+}
+
+bool frmAnimSetup::ValidateSettings() {
+    const auto text = [this](std::size_t index) { return txtAnimSetup[index]->text().toStdString(); };
+    SetupTexts texts;
+    texts.sSnapFile = text(0);
+    texts.sOffset = text(2);
+    texts.sWidth = text(3);
+    texts.sLines = text(4);
+    texts.sFrames = text(5);
+    texts.sStep = text(6);
+    texts.sPause = text(7);
+    texts.iRepeatIndex = cboAnimSetup[0]->currentIndex();
+    const std::optional<QString> sFound = FindAnimationSnapshot(txtAnimSetup[0]->text(), sAnimFile);
+    const std::optional<SetupFault> fault =
+        lumrake::ValidateSettings(texts, sFound ? FileLength(*sFound) : std::nullopt);
+    if (!fault) {
+        return true;
+    }
+    MsgBox(QString::fromStdString(fault->sMessage), BoxButtons::Ok, BoxIcon::Exclamation,
+           QStringLiteral("Animation Setup"));
+    SSTab1->SetTab(0); // all tested fields lie there
+    ControlOf(fault->field)->setFocus();
+    return false;
+}
+
+QWidget* frmAnimSetup::ControlOf(SetupField field) const {
+    switch (field) {
+    case SetupField::SnapFile: return txtAnimSetup[0];
+    case SetupField::Offset: return txtAnimSetup[2];
+    case SetupField::Width: return txtAnimSetup[3];
+    case SetupField::Lines: return txtAnimSetup[4];
+    case SetupField::Frames: return txtAnimSetup[5];
+    case SetupField::Step: return txtAnimSetup[6];
+    case SetupField::Repeat: return cboAnimSetup[0];
+    case SetupField::Pause: return txtAnimSetup[7];
+    }
+    return txtAnimSetup[0];
+}
+
+void frmAnimSetup::cmdSetup_Click(int Index) {
+    // A button pressed by its access key takes the focus as one that was clicked: the field left behind gets
+    // its say first.
+    cmdSetup[static_cast<std::size_t>(Index)]->setFocus();
+    const SetupRow& row = *std::find_if(std::begin(kRows), std::end(kRows), [Index](const SetupRow& each) {
+        return each.kind == SetupKind::Button && each.index == Index;
+    });
+    const std::string_view tag = row.tag;
+    if (tag == "OKAY") {
+        if (ValidateSettings()) {
+            ScreenToGlobal();
+            bOkay = true;
+            accept();
+        }
+    } else if (tag == "CANCEL") {
+        bAnimChanged = 0;
+        reject();
+    } else if (tag == "OPENFILE") {
+        SelectSnapshotFile();
+    } else if (tag == "ATTRIBUTE") {
+        SelectAttribute();
+    }
+}
+
+void frmAnimSetup::SelectSnapshotFile() {
+    comDialog.Flags = kDialogFlags;
+    comDialog.Filter = QStringLiteral("Snapshot files (*.SNA)|*.SNA|All files (*.*)|*.*");
+    comDialog.DialogTitle = QStringLiteral("Open snapshot file...");
+    comDialog.FileName.clear();
+    comDialog.Action(CommonDialog::Kind::Open);
+    if (!comDialog.FileName.trimmed().isEmpty()) {
+        SetText(0, comDialog.FileName);
+    }
+}
+
+void frmAnimSetup::SelectAttribute() {
+    const std::int16_t iChosen = frmColours().GetColour(iAttribute);
+    Form_Activate(); // the dialog comes back to the front from under the picker
+    if (iChosen < 0 || iChosen == iAttribute) {
+        return;
+    }
+    ShowSwatches(iChosen);
+    bAnimChanged = -1;
+}
+
+void frmAnimSetup::SSTab1_Click(int iPage) {
+    if (iPage == 0) {
+        txtAnimSetup[0]->setFocus();
+    } else {
+        txtNotes->setFocus();
+    }
+}
+
+void frmAnimSetup::SSTab1_MouseMove(int X, int Y) {
+    const bool onTabs = Y >= 3 && Y <= 18;
+    if (onTabs && X >= 1 && X <= 51) {
+        ShowPrompt(46);
+    } else if (onTabs && X >= 56 && X <= 94) {
+        ShowPrompt(47);
+    } else {
+        ShowPrompt(0);
+    }
+}
+
+void frmAnimSetup::mouseMoveEvent(QMouseEvent*) {
+    ShowPrompt(0);
+}
+
+} // namespace lumrake

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "animation/animation_record.h"
+#include "animation/setup_rules.h"
+#include "platform/watched.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include <array>
+#include <cstdint>
+
+class QLabel;
+
+namespace lumrake {
+
+class TabStrip;
+struct SetupRow;
+
+/// The settings that travel between animation windows, the setup dialog and the Animate command. Belongs to
+/// no window and keeps its values between uses; zeros and blanks at the start of the run.
+extern AnimationRecord GlobalAnim;
+/// -1 when the user altered something in the dialog that ran last, else 0.
+extern std::int16_t bAnimChanged;
+
+/// The dialog over GlobalAnim: shows it, tests what was typed and writes it back on Okay only. Made anew for
+/// every use.
+class frmAnimSetup : public QDialog {
+  public:
+    frmAnimSetup();
+
+    /// Runs the dialog modally. True in `bOkay` when the user confirmed; GlobalAnim then holds the settings,
+    /// else it is as it was. `sAnimFile` is the animation's own file, beside which a relative snapshot path
+    /// is looked for too.
+    void GetAnimSettings(bool& bOkay, const QString& sAnimFile = {});
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    void CreateControls();
+    QWidget* AddControl(const SetupRow& row, QWidget* parent);
+    template <class Control> void Watch(Control* control, const SetupRow& row);
+    void Form_Load();
+    void Form_Activate();
+    void GlobalToScreen();
+    void ScreenToGlobal();
+    void ShowSwatches(std::int16_t iAttribute);
+    bool ValidateSettings();
+    QWidget* ControlOf(SetupField field) const;
+    void SelectSnapshotFile();
+    void SelectAttribute();
+
+    void Control_GotFocus(const SetupRow& row);
+    void cmdSetup_Click(int Index);
+    void txtAnimSetup_Change(int Index);
+    void txtAnimSetup_LostFocus(int Index);
+    void SSTab1_Click(int iPage);
+    void SSTab1_MouseMove(int X, int Y);
+
+    void SetText(int Index, const QString& sText);
+    void LimitNotes();
+
+    TabStrip* SSTab1 = nullptr;
+    std::array<Watched<QLineEdit>*, 8> txtAnimSetup{};
+    Watched<QPlainTextEdit>* txtNotes = nullptr; ///< txtAnimSetup(8)
+    std::array<Watched<QComboBox>*, 2> cboAnimSetup{};
+    std::array<Watched<QPushButton>*, 5> cmdSetup{}; ///< there is no cmdSetup(3)
+    Watched<QCheckBox>* chkAnimSetup = nullptr;
+    std::array<QLabel*, 2> lblColour{};
+
+    bool bOkay = false;      ///< ended by the button Okay
+    bool bActivated = false; ///< has been activated once: from then on changes count
+    QString sAnimFile;
+    /// The attribute between GlobalToScreen and ScreenToGlobal.
+    std::int16_t iAttribute = 0;
+    /// The texts as they were shown at first: the record keeps the bytes of those that still stand.
+    QString sShownSnapFile, sShownTitle, sShownNotes;
+};
+
+} // namespace lumrake

@@ -1,0 +1,188 @@
+#include "animation/frmAnimation.h"
+
+#include "animation/animation_commands.h"
+#include "animation/frmAnimSetup.h"
+#include "animation/snapshot_file.h"
+#include "platform/files.h"
+#include "platform/message_box.h"
+#include "platform/picture_box.h"
+#include "platform/trim.h"
+#include "shell/shell.h"
+
+#include <QCloseEvent>
+
+#include <algorithm>
+#include <limits>
+
+namespace lumrake {
+
+namespace {
+
+const QString kTitle = QStringLiteral("Animation");
+
+} // namespace
+
+frmAnimation::frmAnimation() {
+    CreateControls();
+}
+
+bool frmAnimation::Launch(const QString& AnimFile) {
+    if (!(AnimFile.isEmpty() ? TakeNewSettings() : ReadRecord(AnimFile))) {
+        return false;
+    }
+    std::optional<QString> sSnapshot = FindAnimationSnapshot(SnapshotPath(), sFilePath);
+    if (!sSnapshot) {
+        if (!AskForSnapshot()) {
+            return false;
+        }
+        sSnapshot = FindAnimationSnapshot(SnapshotPath(), sFilePath);
+    }
+    // A file that vanished since the dialog found it is told as one that cannot be read.
+    if (!LoadSnapshot(sSnapshot.value_or(SnapshotPath()))) {
+        return false;
+    }
+    ++iAnimationCount;
+    bLaunched = true;
+    state = PlayState();
+    AdoptChild(this);
+    Form_Activate();
+    SetPositions();
+    ShowCurrentFrame();
+    picImage->setFocus();
+    ChildFrame(this)->show();
+    return true;
+}
+
+bool frmAnimation::TakeNewSettings() {
+    bool bOkay = false;
+    frmAnimSetup().GetAnimSettings(bOkay);
+    if (!bOkay) {
+        return false;
+    }
+    GlobalToAnim();
+    record.iZoom = 1;
+    record.sAnimFile = {};
+    record.lFileLength = 0; // all bytes that the snapshot has
+    bChanged = -1;
+    return true;
+}
+
+bool frmAnimation::ReadRecord(const QString& sFile) {
+    const QString sDoing = QStringLiteral("The animation %1 could not be opened.").arg(sFile.toLower());
+    MemoryBlock bytes;
+    if (const FileError error = ReadWholeFile(sFile, bytes, kAnimationBytes)) {
+        TellFileError(sDoing, *error, kTitle);
+        return false;
+    }
+    if (bytes.size() < kAnimationBytes) {
+        TellFileError(sDoing, QStringLiteral("It is too short for an animation."), kTitle);
+        return false;
+    }
+    record = DecodeAnimation(bytes.Bytes().first<kAnimationBytes>());
+    record = HeldForUse(record, 0); // the length waits for the snapshot
+    record.sAnimFile.Set(sFile.toStdString());
+    sFilePath = sFile;
+    return true;
+}
+
+QString frmAnimation::SnapshotPath() const {
+    return QString::fromStdString(record.sSnapFile.Trimmed());
+}
+
+bool frmAnimation::AskForSnapshot() {
+    if (MsgBox(
+            QStringLiteral("The snapshot associated with this animation cannot be found.  Select another?"),
+            BoxButtons::YesNo, BoxIcon::Question, kTitle) != BoxAnswer::Yes) {
+        return false;
+    }
+    AnimToGlobal();
+    bool bOkay = false;
+    frmAnimSetup().GetAnimSettings(bOkay, sFilePath);
+    if (bOkay) {
+        GlobalToAnim();
+    }
+    return bOkay;
+}
+
+bool frmAnimation::LoadSnapshot(const QString& sFile) {
+    const std::int64_t lBytes = FileLength(sFile).value_or(0);
+    record = HeldForUse(record, static_cast<std::int32_t>(std::min<std::int64_t>(
+                                    lBytes, std::numeric_limits<std::int32_t>::max())));
+    // A record may ask for more bytes than the file has: they are not stored, the display reads them as 0.
+    if (const FileError error = ReadWholeFile(sFile, byMemory, record.lFileLength)) {
+        TellFileError(QStringLiteral("The snapshot %1 could not be read.").arg(sFile.toLower()), *error,
+                      kTitle);
+        return false;
+    }
+    return true;
+}
+
+bool frmAnimation::SaveAnimation(const QString& sFilename, QString* sReason) {
+    if (sFilename.isEmpty()) {
+        return false;
+    }
+    AnimationRecord saved = record;
+    saved.sAnimFile.Set(sFilename.toStdString());
+    if (const FileError error = WriteWholeFile(sFilename, EncodeAnimation(saved))) {
+        const QString sDoing =
+            QStringLiteral("The animation %1 could not be saved.").arg(sFilename.toLower());
+        if (sReason != nullptr) {
+            *sReason = sDoing + QLatin1String("\n\n") + *error;
+        } else {
+            TellFileError(sDoing, *error, kTitle);
+        }
+        return false;
+    }
+    record = saved;
+    sFilePath = sFilename;
+    SetChanged(0);
+    return true;
+}
+
+void frmAnimation::AnimToGlobal() const {
+    CopySettings(record, GlobalAnim);
+}
+
+void frmAnimation::GlobalToAnim() {
+    CopySettings(GlobalAnim, record);
+}
+
+void frmAnimation::Form_Unload(bool& Cancel) {
+    if (bChanged != 0 && Settings.bPromptSave != 0) {
+        const QString sQuestion =
+            sFilePath.isEmpty() ? QStringLiteral("Save new animation?")
+                                : QStringLiteral("Save changes to %1?").arg(TrimBlanks(sFilePath.toLower()));
+        const BoxAnswer answer = MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, kTitle);
+        if (answer == BoxAnswer::Yes) {
+            SaveAnimationBeforeClosing(*this);
+        } else if (answer != BoxAnswer::No) {
+            Cancel = true;
+        }
+    }
+    if (!Cancel) {
+        --iAnimationCount;
+        if (iAnimationCount == 0) {
+            UpdateToolbars(QStringLiteral("ANIMATION"), false);
+        }
+    }
+}
+
+void frmAnimation::closeEvent(QCloseEvent* event) {
+    if (bUnloading) { // asked again while its own question is open
+        event->ignore();
+        return;
+    }
+    bool Cancel = false;
+    if (bLaunched) {
+        bUnloading = true;
+        Form_Unload(Cancel);
+        bUnloading = false;
+        bLaunched = Cancel;
+    }
+    if (!Cancel) {
+        Timer1.stop();
+    }
+    event->setAccepted(!Cancel);
+}
+
+} // namespace lumrake

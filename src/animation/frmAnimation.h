@@ -1,0 +1,109 @@
+#pragma once
+
+#include "animation/animation_record.h"
+#include "animation/stepping.h"
+#include "platform/memory_block.h"
+#include "platform/watched.h"
+
+#include <QPushButton>
+#include <QString>
+#include <QTimer>
+#include <QWidget>
+
+#include <array>
+#include <cstdint>
+
+namespace lumrake {
+
+class PictureBox;
+struct MouseArgs;
+
+/// An animation window: shows one frame at a time out of its own copy of the snapshot's bytes. One instance
+/// per animation. Inside the window all places are logical screen pixels.
+class frmAnimation : public QWidget {
+  public:
+    frmAnimation();
+
+    // ---- the document: frmAnimation.cpp ----
+
+    /// Opens the window, stopped on frame 0; called once, before anything else. An empty `AnimFile` makes a
+    /// new animation through the setup dialog, any other is the true path of an .ANM file. False when there
+    /// is no window: the user gave up or has been told why, nothing is counted, and the caller lets the
+    /// instance go.
+    bool Launch(const QString& AnimFile);
+
+    /// Writes the record to `sFilename` and makes it this window's file. Nothing happens for an empty name.
+    /// False when nothing was written: the animation then keeps its name and stays changed. A failure is told
+    /// in a message box, or handed to the caller in `sReason` when that is given.
+    bool SaveAnimation(const QString& sFilename, QString* sReason = nullptr);
+
+    /// The true path of the file; empty for an animation that was never saved.
+    QString GetFilename() const { return sFilePath; }
+    /// -1: the record differs from what is on the disk, or was never saved; 0: it does not.
+    void SetChanged(std::int16_t NewStatus) { bChanged = NewStatus; }
+
+    /// The settings of this window into GlobalAnim, and back. The path, the zoom and the file length stay.
+    void AnimToGlobal() const;
+    void GlobalToAnim();
+
+    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay.
+    void Form_Unload(bool& Cancel);
+
+    // ---- the player: frmAnimation_player.cpp ----
+
+    void Play();
+    void StopPlay();
+    void PreviousFrame();
+    /// Draws frame iCurrentFrame into the picture and repaints it; nothing else draws.
+    void ShowCurrentFrame();
+    void ReShow() { ShowCurrentFrame(); }
+    /// Brings caption, pause, sizes and places into line with the record. Stops playing.
+    void SetPositions();
+    std::int16_t GetZoom() const { return record.iZoom; }
+    /// Zoom index 1 to 5; another one does nothing. Goes on playing.
+    void SetZoom(std::int16_t NewZoom);
+    /// The window became the active child.
+    void Form_Activate();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+
+  private:
+    friend struct AnimationProbe; // lets tests read the fields
+
+    // ---- the document ----
+    bool TakeNewSettings();
+    bool ReadRecord(const QString& sFile);
+    bool AskForSnapshot();
+    bool LoadSnapshot(const QString& sFile);
+    QString SnapshotPath() const;
+
+    // ---- the player ----
+    void CreateControls();
+    void NextFrame();
+    void Setup();
+    /// What the outer size of the window has more than its inner one.
+    QSize FrameSize() const;
+    void EnableControls(bool bPlaying);
+    void cmdControl_Click(int Index);
+    void picImage_MouseDown(const MouseArgs& args);
+    /// Lays the window out again after a change of zoom or settings, and plays on if it played.
+    void ShowAgain(bool bPlaying);
+
+    // ---- fields ----
+    AnimationRecord record;
+    QString sFilePath;         ///< true path of the animation's own file; the record has it as far as it fits
+    MemoryBlock byMemory;      ///< at most lFileLength bytes of the snapshot, read once
+    PlayState state;           ///< iCurrentFrame and iDirection
+    std::int16_t bChanged = 0; ///< see SetChanged
+    bool bLaunched = false;    ///< the window is counted in iAnimationCount
+    bool bUnloading = false;   ///< Form_Unload is asking
+    QTimer Timer1;
+
+    // ---- controls ----
+    PictureBox* picImage = nullptr;
+    std::array<Watched<QPushButton>*, 5> cmdControl{};
+};
+
+} // namespace lumrake

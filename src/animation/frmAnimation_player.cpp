@@ -1,0 +1,232 @@
+/// The player. The window is either stopped or playing, and Timer1 runs exactly while it plays.
+///
+///   stopped --Play--> playing       button Play; a change of zoom plays on
+///   playing --StopPlay--> stopped   button Stop; Once only after its last frame; SetPositions, and with it
+///                                   every change of zoom
+///
+/// Stopping keeps the frame and the direction. Back, Play, Forward and Setup work while it is stopped, Stop
+/// while it plays; a click that zooms and the zoom menu work always.
+#include "animation/frmAnimSetup.h"
+#include "animation/frmAnimation.h"
+#include "animation/layout.h"
+#include "display/lmk.h"
+#include "platform/picture_box.h"
+#include "platform/pictures.h"
+#include "shell/shell.h"
+
+#include <QMdiSubWindow>
+#include <QPointer>
+
+#include <string_view>
+
+namespace lumrake {
+
+namespace {
+
+struct ControlRow {
+    const char* tag;
+    const char* name; ///< for screen readers; the faces are drawings
+    const char* icon;
+    const char* caption;
+    int helpKey;
+    int width;
+    bool whileStopped; ///< enabled while the window is stopped; the others are enabled while it plays
+};
+
+constexpr int kControlHeight = 21;
+constexpr int kPictureHelpKey = 45;
+
+// clang-format off
+constexpr ControlRow kControls[] = {
+    {"BACK",    "Back",    "animation/back.svg",    "",       40, 24, true},
+    {"STOP",    "Stop",    "animation/stop.svg",    "",       41, 24, false},
+    {"PLAY",    "Play",    "animation/play.svg",    "",       42, 24, true},
+    {"FORWARD", "Forward", "animation/forward.svg", "",       43, 24, true},
+    {"SETUP",   "Setup",   "",                      "&Setup", 44, 49, true},
+};
+// clang-format on
+
+QString Latin(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+} // namespace
+
+void frmAnimation::CreateControls() {
+    setMouseTracking(true);
+    setWindowTitle(QStringLiteral("animation..."));
+    picImage = new PictureBox(this);
+    picImage->setObjectName(QStringLiteral("picImage"));
+    picImage->SetBorder(kPictureBorder);
+    picImage->SetBackground(QColor(192, 192, 192));
+    picImage->setCursor(DrawCursor(kToolMagnify, devicePixelRatioF()));
+    picImage->setFocusPolicy(Qt::StrongFocus);
+    picImage->MouseDown = [this](const MouseArgs& args) { picImage_MouseDown(args); };
+    picImage->MouseMove = [](const MouseArgs&) { ShowPrompt(kPictureHelpKey); };
+    for (std::size_t i = 0; i < cmdControl.size(); ++i) {
+        const ControlRow& row = kControls[i];
+        cmdControl[i] = new Watched<QPushButton>(Latin(row.caption), this);
+        cmdControl[i]->setObjectName(QStringLiteral("cmdControl(%1)").arg(i));
+        cmdControl[i]->setAccessibleName(Latin(row.name));
+        cmdControl[i]->resize(row.width, kControlHeight);
+        if (*row.icon != '\0') {
+            cmdControl[i]->setIcon(LoadIcon(Latin(row.icon), QSize(16, 16)));
+            cmdControl[i]->setIconSize(QSize(16, 16));
+        }
+        cmdControl[i]->MouseMove = [&row] { ShowPrompt(row.helpKey); };
+        QObject::connect(cmdControl[i], &QPushButton::clicked, this,
+                         [this, i] { cmdControl_Click(static_cast<int>(i)); });
+    }
+    Timer1.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&Timer1, &QTimer::timeout, this, [this] { NextFrame(); });
+    EnableControls(false);
+}
+
+void frmAnimation::EnableControls(bool bPlaying) {
+    for (std::size_t i = 0; i < cmdControl.size(); ++i) {
+        cmdControl[i]->setEnabled(kControls[i].whileStopped != bPlaying);
+    }
+}
+
+void frmAnimation::Play() {
+    EnableControls(true);
+    Timer1.start();
+}
+
+void frmAnimation::StopPlay() {
+    Timer1.stop();
+    EnableControls(false);
+}
+
+void frmAnimation::NextFrame() {
+    if (lumrake::NextFrame(state, record)) {
+        StopPlay();
+    }
+    ShowCurrentFrame();
+}
+
+void frmAnimation::PreviousFrame() {
+    if (lumrake::PreviousFrame(state, record)) {
+        StopPlay();
+    }
+    ShowCurrentFrame();
+}
+
+void frmAnimation::ShowCurrentFrame() {
+    lmk::zxShowMem(&picImage->hDC(), byMemory.data(), FrameOffset(record, state.iCurrentFrame),
+                   static_cast<std::int32_t>(byMemory.size()), record.iWidth, record.iLines, 1,
+                   record.iUpsideDown * 128 | record.iZoom * 16 | record.iMode, record.byAttribute,
+                   Settings.lPalette.data());
+    picImage->update();
+}
+
+QSize frmAnimation::FrameSize() const {
+    // A window of its own, without a main window, is laid out as the child it stands for.
+    constexpr QSize kUsual(8, 28);
+    auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
+    if (frame == nullptr) {
+        return kUsual;
+    }
+    const QMargins margins = frame->contentsMargins();
+    return {margins.left() + margins.right(), margins.top() + margins.bottom()};
+}
+
+void frmAnimation::SetPositions() {
+    // The toolkit reads "[*]" as its own mark; doubled, it is shown as it stands.
+    const QString sTitle = QString::fromStdString(record.sTitle.Trimmed());
+    setWindowTitle(QString(sTitle).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    Timer1.setInterval(record.iPause);
+    StopPlay();
+    const std::int32_t factor = lmk::ZoomIndexToFactor(record.iZoom);
+    const QSize picture(factor * record.iWidth + 2 * kPictureBorder,
+                        factor * record.iLines + 2 * kPictureBorder);
+    const QSize frame = FrameSize();
+    const PlayerLayout layout = LayoutOf(picture.width(), picture.height(), frame.width());
+    const QSize outer(layout.windowWidth, layout.windowHeight);
+    QWidget* window = ChildFrame(this);
+    window->setFixedSize(window == this ? outer - frame : outer);
+    picImage->setGeometry(layout.pictureLeft, kPictureTop, picture.width(), picture.height());
+    for (std::size_t i = 0; i < cmdControl.size(); ++i) {
+        cmdControl[i]->move(layout.controlLeft[i], layout.controlTop);
+    }
+}
+
+void frmAnimation::cmdControl_Click(int Index) {
+    const std::string_view tag = kControls[Index].tag;
+    const QPointer<frmAnimation> alive(this); // the setup dialog may outlive the window
+    if (tag == "BACK") {
+        PreviousFrame();
+    } else if (tag == "STOP") {
+        StopPlay();
+    } else if (tag == "PLAY") {
+        Play();
+    } else if (tag == "FORWARD") {
+        NextFrame();
+    } else if (tag == "SETUP") {
+        Setup();
+    }
+    if (alive) {
+        picImage->setFocus();
+    }
+}
+
+/// The bytes and their length stay those of the launch: another snapshot counts when the animation is opened
+/// next.
+void frmAnimation::Setup() {
+    const QPointer<frmAnimation> alive(this);
+    AnimToGlobal();
+    bool bOkay = false;
+    frmAnimSetup().GetAnimSettings(bOkay, sFilePath);
+    if (!bOkay || !alive) {
+        return;
+    }
+    state = PlayState();
+    GlobalToAnim();
+    record = HeldForUse(record, record.lFileLength);
+    ShowAgain(false);
+    if (bAnimChanged != 0) {
+        bChanged = -1;
+    }
+}
+
+void frmAnimation::ShowAgain(bool bPlaying) {
+    SetPositions();
+    ShowCurrentFrame();
+    if (bPlaying) {
+        Play();
+    }
+}
+
+void frmAnimation::picImage_MouseDown(const MouseArgs& args) {
+    const bool bPlaying = Timer1.isActive();
+    if (args.Button == 1 && record.iZoom < 5) {
+        ++record.iZoom;
+        bChanged = -1;
+    } else if (args.Button == 2 && record.iZoom > 1) {
+        --record.iZoom;
+        bChanged = -1;
+    }
+    ShowAgain(bPlaying);
+}
+
+void frmAnimation::SetZoom(std::int16_t NewZoom) {
+    if (NewZoom == record.iZoom || lmk::ZoomIndexToFactor(NewZoom) == 0) {
+        return;
+    }
+    const bool bPlaying = Timer1.isActive();
+    bChanged = -1;
+    record.iZoom = NewZoom;
+    ShowAgain(bPlaying);
+}
+
+void frmAnimation::Form_Activate() {
+    SetStatusText(QString::fromStdString(record.sTitle.Trimmed()));
+    UpdateToolbars(QStringLiteral("ANIMATION"), true);
+    UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
+}
+
+void frmAnimation::mouseMoveEvent(QMouseEvent*) {
+    ShowPrompt(0);
+}
+
+} // namespace lumrake

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QScrollBar>
+
+#include <functional>
+
+namespace lumrake {
+
+/// A scroll bar that is only a source of steps: its value is where the program put it and stays there
+/// whatever the user does, so that it can stand for numbers far beyond its own range. Arrows, keys and, on a
+/// vertical bar, the wheel signal a step; an arrow held down goes on signalling. What would jump (a drag of
+/// the slider, the middle button, the bar's own menu) signals nothing.
+///
+/// The arrows are 16 pixels long, or half of the bar if that is less.
+class SpinBar : public QScrollBar {
+  public:
+    explicit SpinBar(Qt::Orientation orientation, QWidget* parent = nullptr);
+
+    /// Called with the value that the bar would have taken, which differs from value(): 1 away for an arrow
+    /// and an arrow key, pageStep() away for Page Up and Page Down, an end of the range for Home and End.
+    std::function<void(int newValue)> Change;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    int wheelAngle_ = 0; ///< eighths of a degree turned and not yet spent on a step
+};
+
+} // namespace lumrake

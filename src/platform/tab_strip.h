@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+#include <vector>
+
+class QStackedWidget;
+
+namespace lumrake {
+
+class FixedTabBar;
+
+/// One tab: the caption and where its face stands, in logical pixels from the strip's left edge. Tabs are
+/// given from left to right and do not overlap.
+struct Tab {
+    QString Caption;
+    int Left = 0;
+    int Width = 0;
+};
+
+/// Pages behind a row of tabs at fixed places, so that what stands for a tab under the mouse can be worked
+/// out from numbers and does not hang on the width of a font. A gap between two tabs belongs to the left one.
+class TabStrip : public QWidget {
+  public:
+    static constexpr int kTabHeight = 21; ///< rows 0 to 20 are tabs, the pages begin below
+
+    explicit TabStrip(const std::vector<Tab>& tabs, QWidget* parent = nullptr);
+
+    /// The page of tab `index`, counted from 0: an empty widget to put controls on. Positions on it count
+    /// from the corner inside the frame.
+    QWidget* Page(int index) const;
+    int CurrentTab() const;
+    /// Brings a page to the front; runs Click when it was not there already.
+    void SetTab(int index);
+
+    /// A page came to the front, or the user pressed the tab of the one that already is.
+    std::function<void(int index)> Click;
+    /// The mouse moved over the tabs or over a bare place of a page; pixels from the strip's corner.
+    std::function<void(int x, int y)> MouseMove;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    /// Ctrl+Tab, Ctrl+PageDown and their opposites turn the pages from any control on them.
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    FixedTabBar* bar_;
+    QStackedWidget* pages_;
+};
+
+} // namespace lumrake

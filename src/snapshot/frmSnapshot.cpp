@@ -1,0 +1,211 @@
+/// The document: opening, drawing, saving, closing.
+#include "snapshot/frmSnapshot.h"
+
+#include "display/lmk.h"
+#include "platform/files.h"
+#include "platform/message_box.h"
+#include "platform/panel_bar.h"
+#include "platform/screen.h"
+#include "shell/file_commands.h"
+#include "shell/shell.h"
+#include "snapshot/view_limits.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QProgressBar>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace lumrake {
+
+namespace {
+
+constexpr int kTitleLength = 40; ///< of the caption, in characters
+constexpr int kProgressHeight = 16;
+
+/// Why a file of this length is no document, or nothing.
+FileError Refusal(const QString& path, std::optional<std::int64_t> length) {
+    if (!length) {
+        return QStringLiteral("Its length is not known.");
+    }
+    if (*length == 0 && !QFileInfo(path).isDir()) {
+        return QStringLiteral("The file is empty.");
+    }
+    if (*length > std::numeric_limits<std::int32_t>::max()) {
+        return QStringLiteral("The file is longer than 2147483647 bytes.");
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+frmSnapshot::frmSnapshot() = default;
+frmSnapshot::~frmSnapshot() {
+    EndPlacing();
+}
+
+bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {
+    const QString sTitle = QStringLiteral("Open file");
+    const std::optional<QString> sFile = FindFile(sFullFileName);
+    if (!sFile) {
+        MsgBox(QStringLiteral("File not found!"), BoxButtons::Ok, BoxIcon::Information, sTitle);
+        return false;
+    }
+    const HourglassScope hourglass;
+    FileError error = Refusal(*sFile, FileLength(*sFile));
+    if (!error) {
+        error = ReadWholeFile(*sFile, byMemory);
+    }
+    if (!error) {
+        error = Refusal(*sFile, static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
+    }
+    if (error) {
+        TellFileError(sFile->toLower() + QLatin1String(" could not be opened."), *error, sTitle);
+        return false;
+    }
+
+    sSnapFile = *sFile;
+    sSnapTitle = sFileTitle.toLower().left(kTitleLength);
+    view = DefaultView(Settings, static_cast<std::int32_t>(byMemory.size()));
+    iAttribute = Settings.iDefaultAttribute;
+    FitToMode(view, view.iMode); // filling the value boxes already draws
+    Form_Load();
+    SetMode(view.iMode, false);
+    SetAttribute(iAttribute, false);
+    ++iSnapshotCount;
+
+    sbrSnapshot->SetText(1, sSnapFile.toLower());
+    sbrSnapshot->SetText(2, QStringLiteral("%1 bytes").arg(view.lFileLength));
+    sbrSnapshot->SetText(3, QStringLiteral("%1x").arg(view.iZoomFactor));
+    setWindowTitle(sSnapTitle.trimmed());
+    show();
+    ChildFrame(this)->show();
+    return true;
+}
+
+void frmSnapshot::DrawView() {
+    const std::int32_t options = view.iUpsideDown * 128 | view.iZoom * 16 | view.iMode;
+    lmk::zxShowMem(&picImage->hDC(), byMemory.data(), view.lOffset, view.lFileLength, view.iWidth,
+                   view.iLines, view.iColumns, options, static_cast<std::uint8_t>(iAttribute & 255),
+                   Settings.lPalette.data());
+}
+
+void frmSnapshot::ShowMem() {
+    if (view.iMode == kScreen && (view.iWidth < 256 || view.iLines < 192)) {
+        MsgBox(QStringLiteral("Oops!  I should never appear."), BoxButtons::Ok, BoxIcon::None, sAppTitle);
+        return;
+    }
+    const QSize size(view.ScreenWidth(), view.ScreenHeight());
+    if (picImage->size() != size) {
+        picImage->resize(size);
+    }
+    DrawView();
+    picImage->update();
+}
+
+void frmSnapshot::ShowPixel(float X, float Y) {
+    const int factor = view.iZoomFactor;
+    const int left = static_cast<int>(std::floor(X)) / factor * factor;
+    const int top = static_cast<int>(std::floor(Y)) / factor * factor;
+    picImage->hDC().SetClip({left / factor, top / factor, 1, 1});
+    DrawView();
+    picImage->hDC().ResetClip();
+    picImage->update(left, top, factor, factor);
+}
+
+void frmSnapshot::WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh) {
+    bChanged = -1;
+    if (lumrake::WritePixel(byMemory.Bytes(), view, X, Y, iValue) && bRefresh) {
+        ShowPixel(X, Y);
+    }
+}
+
+std::int16_t frmSnapshot::ReadPixel(float X, float Y) const {
+    return lumrake::ReadPixel(byMemory.Bytes(), view, X, Y);
+}
+
+bool frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle, QString* sReason) {
+    if (sFilename.isEmpty()) {
+        return false;
+    }
+    // Between the stages only painting and timers run: nothing can be drawn that would not be saved.
+    const auto stage = [this](int percent) {
+        SetProgress(percent);
+        DoEvents(Events::NoUserInput);
+    };
+    SetProgress(0);
+    ShowProgress(true);
+    stage(20);
+    if (const FileError error = WriteWholeFile(sFilename, byMemory.Bytes())) {
+        ShowProgress(false);
+        const QString sDoing = sFilename.toLower() + QLatin1String(" could not be saved.");
+        if (sReason != nullptr) {
+            *sReason = sDoing + QLatin1String("\n\n") + *error;
+        } else {
+            TellFileError(sDoing, *error, QStringLiteral("Save"));
+        }
+        return false;
+    }
+    stage(40);
+    sSnapFile = sFilename;
+    stage(60);
+    sSnapTitle = sTitle.toLower().left(kTitleLength);
+    stage(80);
+    setWindowTitle(sSnapTitle.trimmed());
+    sbrSnapshot->SetText(1, sSnapFile.toLower());
+    stage(100);
+    bChanged = 0;
+    ShowProgress(false);
+    return true;
+}
+
+void frmSnapshot::ShowProgress(bool bShow) {
+    if (bShow) {
+        barProgress->setGeometry(0, height() - kProgressHeight, sbrSnapshot->PanelWidth(1), kProgressHeight);
+    }
+    barProgress->setVisible(bShow);
+    DoEvents(Events::NoUserInput);
+}
+
+void frmSnapshot::SetProgress(int value) {
+    barProgress->setValue(std::clamp(value, 0, 100));
+}
+
+void frmSnapshot::Form_Unload(bool& Cancel) {
+    if ((bChanged & Settings.bPromptSave) != 0) {
+        const QString sQuestion = QLatin1String("Save changes to ") + sSnapFile.toLower() + QLatin1Char('?');
+        switch (MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("Snapshot"))) {
+        case BoxAnswer::Cancel: Cancel = true; break;
+        case BoxAnswer::Yes: SaveSnapshotBeforeClosing(*this); break;
+        default: break;
+        }
+    }
+    if (Cancel) {
+        return;
+    }
+    EndPlacing(); // the block that was being placed goes with its window
+    --iSnapshotCount;
+    if (iSnapshotCount == 0) {
+        UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
+    }
+}
+
+void frmSnapshot::closeEvent(QCloseEvent* event) {
+    if (bClosed || byMemory.size() == 0) {
+        return; // nothing is open in it any more, or never was
+    }
+    if (bClosing) {
+        event->ignore();
+        return;
+    }
+    bClosing = true;
+    bool Cancel = false;
+    Form_Unload(Cancel);
+    bClosing = false;
+    bClosed = !Cancel;
+    event->setAccepted(!Cancel);
+}
+
+} // namespace lumrake

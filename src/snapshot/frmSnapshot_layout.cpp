@@ -1,0 +1,320 @@
+/// Controls, their places, zoom, status bar, activation.
+#include "platform/colour_button.h"
+#include "platform/mouse_filter.h"
+#include "platform/panel_bar.h"
+#include "platform/spin_bar.h"
+#include "platform/twips.h"
+#include "platform/value_box.h"
+#include "shell/shell.h"
+#include "snapshot/frmSnapshot.h"
+#include "snapshot/navigation.h"
+#include "snapshot/view_limits.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QProgressBar>
+#include <QPushButton>
+
+namespace lumrake {
+
+namespace {
+
+// Sizes of the outermost window in twips, all others in logical pixels of the form.
+constexpr std::int32_t kStartWidth = 5850, kStartHeight = 4410;
+constexpr std::int32_t kLeastWidth = 4000, kLeastHeight = 3900;
+
+constexpr int kEdge = 8;              // left of and above the picture's container
+constexpr int kBesideContainer = 122; // the column of controls right of it, with the edge at the left
+constexpr int kBelowContainer = 38;
+constexpr int kBarWidth = 17;
+constexpr int kBoxWidth = 49, kBoxHeight = 19, kSpinWidth = 25, kSpinLeft = 51;
+constexpr int kStatusHeight = 18;
+
+/// A value box with its label and spin button. `digits` is how many can be typed.
+struct ValueRow {
+    const char* caption;
+    const char* toolTip;
+    const char* steps; // accessible name of the spin button
+    int labelTop, boxTop, digits, helpKey;
+};
+// clang-format off
+constexpr ValueRow kValueRows[] = {
+    // caption   tool tip                                  steps            label  box  digits  key
+    {"Offset",  "Current file offset",                     "Offset steps",      8,  24,      6,   3},
+    {"Width",   "Current viewing width in pixels",         "Width steps",      48,  64,      3,   4},
+    {"Lines",   "Current number of lines viewed in pixels","Lines steps",      88, 104,      3,   5},
+    {"Columns", "Current number of columns",               "Columns steps",   128, 144,      2,   6},
+};
+
+struct StatusRow {
+    const char* key;
+    const char* toolTip;
+    int minWidth, leastWidth;
+};
+constexpr StatusRow kStatusRows[] = {
+    // key          tool tip                                              width  least
+    {"FILENAME",  "Full path of snapshot file",                             363,    56},
+    {"BYTES",     "Size of snapshot file",                                  141,   118},
+    {"ZOOM",      "Current zoom.  Click here to adjust.",                    53,    32},
+    {"ATTRIBUTE", "Current attribute settings.  Click here to adjust.",      71,    42},
+};
+// clang-format on
+
+constexpr int kZoomPanel = 3, kAttributePanel = 4;
+constexpr int kFirstPanelKey = 8; // help key of panel 1; the others follow
+constexpr int kScrollKey = 2, kOptionsKey = 7, kColourKey = 11;
+
+QString Text(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+/// Lets the assistant speak about a control while the mouse moves over it.
+void PromptOver(QWidget* control, int helpKey) {
+    (new MouseFilter(control))->MouseMove = [helpKey](const MouseArgs&) { ShowPrompt(helpKey); };
+}
+
+void PaintGround(QWidget* control, const QColor& colour) {
+    QPalette palette = control->palette();
+    palette.setColor(QPalette::Window, colour);
+    control->setPalette(palette);
+    control->setAutoFillBackground(true);
+}
+
+} // namespace
+
+// The controls come into being in the order of the Tab key.
+void frmSnapshot::CreateControls() {
+    setWindowTitle(QStringLiteral("snapshot..."));
+    setMouseTracking(true);
+    CreateValueBoxes();
+
+    cmdOptions = new QPushButton(QStringLiteral("&Options"), this);
+    cmdOptions->setAutoDefault(false);
+    cmdOptions->resize(76, 22);
+    connect(cmdOptions, &QPushButton::clicked, this, [this] { cmdOptions_Click(); });
+    PromptOver(cmdOptions, kOptionsKey);
+
+    picContainer = new QWidget(this);
+    picContainer->move(kEdge, kEdge);
+    picContainer->setMouseTracking(true); // its moves come to the form
+    PaintGround(picContainer, QColor(0, 128, 128));
+    picImage = new PictureBox(picContainer);
+    picImage->setFocusPolicy(Qt::StrongFocus);
+    picImage->setAccessibleName(QStringLiteral("Picture"));
+    picContainer->setFocusPolicy(Qt::ClickFocus);
+    picContainer->setFocusProxy(picImage);
+    imgClip = new ImageBox(picImage);
+    imgClip->setGeometry(8, 8, 65, 65);
+    imgClip->hide();
+
+    scrAddr = new SpinBar(Qt::Vertical, this);
+    scrAddr->setAccessibleName(QStringLiteral("Place in the file"));
+    scrAddr->setRange(0, 230);
+    scrAddr->setPageStep(2);
+    txtScroll = new QWidget(this);
+    PaintGround(txtScroll, QColor(224, 224, 224));
+    PromptOver(txtScroll, kScrollKey);
+    cmdScroll = new QPushButton(this);
+    cmdScroll->setAutoDefault(false);
+    cmdScroll->setAccessibleName(QStringLiteral("Thumb of the place in the file"));
+    cmdScroll->resize(kBarWidth, kThumbHeight);
+
+    CreateStatusBar();
+    ConnectNavigation();
+    ConnectTools();
+    // The frame round the picture shows that the keys go to it.
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
+        if (before == picImage || now == picImage) {
+            update();
+        }
+    });
+}
+
+void frmSnapshot::CreateValueBoxes() {
+    for (std::size_t i = 0; i < txtValue.size(); ++i) {
+        const ValueRow& row = kValueRows[i];
+        auto* box = txtValue[i] = new ValueBox(row.digits, this);
+        box->resize(kBoxWidth, kBoxHeight);
+        box->setToolTip(Text(row.toolTip));
+        box->setAccessibleName(Text(row.caption));
+        PromptOver(box, row.helpKey);
+
+        auto* spin = scrValue[i] = new SpinBar(Qt::Horizontal, this);
+        spin->resize(kSpinWidth, kBoxHeight);
+        spin->setRange(0, 10);
+        spin->setPageStep(1);
+        spin->setValue(5);
+        spin->setAccessibleName(Text(row.steps));
+
+        auto* label = lblCaption[i] = new QLabel(Text(row.caption), this);
+        label->resize(73, 15);
+        label->setBuddy(box);
+        (new MouseFilter(label))->MouseUp = [](const MouseArgs&) { ShowPrompt(0); };
+        label->setMouseTracking(false); // only a click on a label counts
+    }
+    txtValue[kWidthValue]->setReadOnly(true);
+}
+
+void frmSnapshot::CreateStatusBar() {
+    sbrSnapshot = new PanelBar(this);
+    for (std::size_t i = 0; i < std::size(kStatusRows); ++i) {
+        const StatusRow& row = kStatusRows[i];
+        sbrSnapshot->AddPanel({Text(row.key), {}, Text(row.toolTip), row.minWidth, i == 0, row.leastWidth});
+    }
+    sbrSnapshot->MouseDown = [this](int button) { iPanelButton = static_cast<std::int16_t>(button); };
+    sbrSnapshot->PanelClick = [this](int Panel) { sbrSnapshot_PanelClick(Panel); };
+    sbrSnapshot->MouseMove = [this](int x) {
+        if (const int panel = sbrSnapshot->PanelAtX(x); panel != 0) {
+            ShowPrompt(kFirstPanelKey - 1 + panel);
+        }
+    };
+    sbrSnapshot->PanelsMoved = [this] { PlaceColourButtons(); };
+
+    const char* const names[] = {"Ink", "Paper"};
+    for (std::size_t i = 0; i < cmdColour.size(); ++i) {
+        auto* button = cmdColour[i] = new ColourButton(this);
+        button->resize(18, 14);
+        button->setAccessibleName(Text(names[i]));
+        button->setToolTip(QStringLiteral("Current attribute setting.  Click here to adjust."));
+        connect(button, &QToolButton::clicked, this, [this, i] { cmdColour_Click(static_cast<int>(i)); });
+        PromptOver(button, kColourKey);
+    }
+
+    barProgress = new QProgressBar(this);
+    barProgress->setRange(0, 100);
+    barProgress->setTextVisible(false);
+    barProgress->setAccessibleName(QStringLiteral("Progress"));
+    barProgress->hide();
+}
+
+void frmSnapshot::Form_Load() {
+    CreateControls();
+    AdoptChild(this);
+    QWidget* frame = ChildFrame(this);
+    frame->setMinimumSize(PixelsFromTwips(kLeastWidth), PixelsFromTwips(kLeastHeight));
+    frame->resize(PixelsFromTwips(kStartWidth), PixelsFromTwips(kStartHeight));
+
+    const std::array<ValueLimits, 4> limits = SpinLimits(view.lFileLength);
+    for (std::size_t i = 0; i < limits.size(); ++i) {
+        lValueMin[i] = limits[i].lMin;
+        lValueMax[i] = limits[i].lMax;
+        lValueStep[i] = limits[i].lStep;
+    }
+    Form_Resize(); // a window that is not shown yet gets no event for its size
+    Form_Activate();
+}
+
+void frmSnapshot::Form_Activate() {
+    SetProgress(100);
+    SetStatusText(windowTitle());
+    FillValueBoxes();
+    UpdateToolbars(QStringLiteral("SNAPSHOT"), true);
+    UpdateToolbars(QStringLiteral("ANIMATION"), false);
+    ShowModeTick(view.iMode);
+    ShowFlipTick(view.iUpsideDown == 1);
+    EnableNetCommands(HasNet());
+}
+
+void frmSnapshot::FillValueBoxes() {
+    const std::int32_t values[] = {view.lOffset, view.iWidth, view.iLines, view.iColumns};
+    for (std::size_t i = 0; i < txtValue.size(); ++i) {
+        txtValue[i]->Write(QString::number(values[i]));
+    }
+}
+
+void frmSnapshot::Form_Resize() {
+    if (ChildFrame(this)->isMinimized()) {
+        return;
+    }
+    const int W = width(), H = height();
+    const int containerWidth = W - kBesideContainer, barHeight = H - kBelowContainer;
+    picContainer->resize(containerWidth, barHeight);
+    const int barLeft = containerWidth + kEdge + 4;
+    scrAddr->setGeometry(barLeft, kEdge, kBarWidth, barHeight);
+    scrAddr->setMaximum(barHeight - 2 * kArrowHeight - kThumbHeight + 1);
+    txtScroll->setGeometry(barLeft, kEdge + kArrowHeight, kBarWidth, barHeight - 2 * kArrowHeight);
+    cmdScroll->move(barLeft, cmdScroll->y());
+
+    const int boxLeft = containerWidth + 39;
+    for (std::size_t i = 0; i < txtValue.size(); ++i) {
+        txtValue[i]->move(boxLeft, kValueRows[i].boxTop);
+        scrValue[i]->move(boxLeft + kSpinLeft, kValueRows[i].boxTop);
+        lblCaption[i]->move(boxLeft, kValueRows[i].labelTop);
+    }
+    cmdOptions->move(boxLeft, barHeight - 14);
+    sbrSnapshot->setGeometry(0, H - kStatusHeight, W, kStatusHeight);
+    PlaceColourButtons();
+    PlaceScrollThumb();
+    update();
+}
+
+void frmSnapshot::PlaceColourButtons() {
+    if (cmdColour[1] == nullptr) {
+        return; // the bar reports its first panels before the buttons exist
+    }
+    const int left = sbrSnapshot->PanelLeft(kAttributePanel);
+    cmdColour[0]->move(left + 2, height() - 15);
+    cmdColour[1]->move(left + 20, height() - 15);
+}
+
+void frmSnapshot::resizeEvent(QResizeEvent*) {
+    if (barProgress != nullptr) {
+        Form_Resize();
+    }
+}
+
+void frmSnapshot::mouseMoveEvent(QMouseEvent* event) {
+    // Controls that do not use a move let it through to here; only the bare form and the ground round the
+    // picture say nothing.
+    const QWidget* under = childAt(event->position().toPoint());
+    if (under == nullptr || under == picContainer) {
+        ShowPrompt(0);
+    }
+}
+
+void frmSnapshot::paintEvent(QPaintEvent*) {
+    if (picImage != nullptr && picImage->hasFocus()) {
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRect(picContainer->geometry().adjusted(-2, -2, 2, 2));
+    }
+}
+
+void frmSnapshot::SetZoom(std::int16_t NewZoom) {
+    const int iOldFactor = view.iZoomFactor;
+    if (const int iFactor = lmk::ZoomIndexToFactor(NewZoom); iFactor != 0) {
+        view.iZoom = NewZoom;
+        view.iZoomFactor = static_cast<std::int16_t>(iFactor);
+    }
+    ScaleNet(iOldFactor);
+    sbrSnapshot->SetText(kZoomPanel, QStringLiteral("%1x").arg(view.iZoomFactor));
+    ShowMem();
+}
+
+void frmSnapshot::SetPosition(std::int32_t iLeft, std::int32_t iTop) {
+    picImage->move(iLeft, iTop);
+}
+
+void frmSnapshot::sbrSnapshot_PanelClick(int Panel) {
+    if (Panel != kZoomPanel) {
+        return;
+    }
+    std::int16_t iZoom = view.iZoom;
+    if (iPanelButton == 1 && iZoom < 5) {
+        ++iZoom;
+    } else if (iPanelButton == 2 && iZoom > 1) {
+        --iZoom;
+    }
+    SetZoom(iZoom);
+}
+
+void frmSnapshot::cmdOptions_Click() {
+    // At the mouse; a key that pressed the button finds the menu at the button.
+    const bool bByMouse = cmdOptions->rect().contains(cmdOptions->mapFromGlobal(QCursor::pos()));
+    PopupSnapshotMenu(bByMouse ? QCursor::pos() : cmdOptions->mapToGlobal(cmdOptions->rect().bottomLeft()));
+}
+
+} // namespace lumrake

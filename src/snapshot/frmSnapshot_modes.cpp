@@ -1,0 +1,63 @@
+/// Display mode, flip and attribute.
+#include "platform/colour_button.h"
+#include "platform/spin_bar.h"
+#include "platform/value_box.h"
+#include "shell/shell.h"
+#include "snapshot/frmSnapshot.h"
+#include "snapshot/view_limits.h"
+
+namespace lumrake {
+
+void frmSnapshot::SetMode(std::int16_t iNewMode, bool iRefresh) {
+    // The fields come before the boxes: each box that changes draws, and Screen mode is not drawn at less
+    // than its full size.
+    FitToMode(view, iNewMode);
+    const auto enable = [this](int Index, bool bEnable) {
+        txtValue[static_cast<std::size_t>(Index)]->setEnabled(bEnable);
+        scrValue[static_cast<std::size_t>(Index)]->setEnabled(bEnable);
+    };
+    const bool bFree = iNewMode != kScreen && iNewMode != kText;
+    if (!bFree) {
+        txtValue[kWidthValue]->Write(QString::number(view.iWidth));
+        txtValue[kLinesValue]->Write(QString::number(view.iLines));
+        txtValue[kColumnsValue]->Write(QStringLiteral("1")); // reaches its field through the box
+    }
+    if (iNewMode != kText) { // Text mode leaves width and lines as the mode before it left them
+        enable(kWidthValue, bFree);
+        enable(kLinesValue, bFree);
+    }
+    enable(kColumnsValue, bFree);
+    for (ValueBox* box : txtValue) {
+        box->SetTakesKeys(iNewMode != kText);
+    }
+    if (iRefresh) {
+        ShowMem();
+    }
+}
+
+void frmSnapshot::SetFlip(std::int16_t NewFlip) {
+    view.iUpsideDown = NewFlip != 0 ? std::int16_t{1} : std::int16_t{0};
+    ShowMem();
+}
+
+void frmSnapshot::SetAttribute(std::int16_t iNewAttribute, bool iRefresh) {
+    iAttribute = iNewAttribute;
+    const auto colour = [iNewAttribute](const char* which) {
+        const Colour value = AttributeColour(iNewAttribute, which);
+        return QColor(value & 255, value >> 8 & 255, value >> 16 & 255);
+    };
+    cmdColour[0]->SetColour(colour("FORE"));
+    cmdColour[1]->SetColour(colour("BACK"));
+    cmdColour[0]->setAccessibleDescription(QStringLiteral("Colour %1").arg(iNewAttribute & 7));
+    cmdColour[1]->setAccessibleDescription(QStringLiteral("Colour %1").arg(iNewAttribute >> 3 & 7));
+    if (iRefresh) {
+        ShowMem();
+    }
+}
+
+void frmSnapshot::cmdColour_Click(int Index) {
+    SetAttribute(NextAttribute(iAttribute, Index), true);
+    scrAddr->setFocus(); // the arrow keys go on scrolling
+}
+
+} // namespace lumrake

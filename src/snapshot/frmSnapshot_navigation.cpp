@@ -1,0 +1,168 @@
+/// Moving over the file and reshaping the view.
+///
+/// The address bar and the spin buttons are only sources of steps; they never hold the number that they move.
+/// Every change ends in a write to a value box, and txtValue_Change is the one place where a number of the
+/// view changes and the picture is redrawn. A write of the same text raises nothing, so that an operation at
+/// a limit draws nothing. A correction inside txtValue_Change writes to the box and so runs it once more,
+/// inside itself: the inner run finds a legal number and draws, the outer one draws again.
+#include "platform/message_box.h"
+#include "platform/mouse_filter.h"
+#include "platform/numbers.h"
+#include "platform/spin_bar.h"
+#include "platform/value_box.h"
+#include "shell/shell.h"
+#include "snapshot/frmSnapshot.h"
+#include "snapshot/navigation.h"
+#include "snapshot/view_limits.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+
+namespace lumrake {
+
+namespace {
+
+constexpr int kScrollKey = 2;
+constexpr std::int32_t kMostLines = 512, kMostColumns = 16;
+
+std::int32_t NumberIn(const ValueBox& box) {
+    return WholeNumberFromText<std::int32_t>(box.text().toStdString());
+}
+
+/// Hands the keys of the thumb to the bar under it, which knows what they mean.
+class KeysToBar : public QObject {
+  public:
+    KeysToBar(QWidget* thumb, QWidget* bar) : QObject(thumb), bar_(bar) { thumb->installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress) {
+            return false;
+        }
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown: QCoreApplication::sendEvent(bar_, event); return true;
+        default: return false;
+        }
+    }
+
+  private:
+    QWidget* bar_;
+};
+
+} // namespace
+
+void frmSnapshot::ConnectNavigation() {
+    for (int i = 0; i < 4; ++i) {
+        const auto at = static_cast<std::size_t>(i);
+        txtValue[at]->Change = [this, i] { txtValue_Change(i); };
+        scrValue[at]->Change = [this, i](int newValue) { scrValue_Change(i, newValue); };
+    }
+    scrAddr->Change = [this](int newValue) { scrAddr_Change(newValue); };
+    auto* filter = new MouseFilter(cmdScroll);
+    filter->MouseDown = [this](const MouseArgs& args) { cmdScroll_MouseDown(args); };
+    filter->MouseMove = [this](const MouseArgs& args) { cmdScroll_MouseMove(args); };
+    filter->MouseUp = [this](const MouseArgs& args) { cmdScroll_MouseUp(args); };
+    new KeysToBar(cmdScroll, scrAddr);
+}
+
+void frmSnapshot::PlaceScrollThumb() {
+    const std::int32_t place = ThumbPlace(view.lOffset, view.lFileLength, scrAddr->height());
+    cmdScroll->move(cmdScroll->x(), scrAddr->y() + kArrowHeight + place);
+    RestAddressBar();
+}
+
+void frmSnapshot::RestAddressBar() {
+    scrAddr->setValue(cmdScroll->y() - scrAddr->y() - kArrowHeight);
+}
+
+void frmSnapshot::scrAddr_Change(int newValue) {
+    const std::int32_t lNewOffset =
+        ScrolledOffset(view, scrAddr->value(), newValue, Settings.iSmallChange, Settings.iLargeChange);
+    view.lOffset = lNewOffset;
+    txtValue[kOffsetValue]->Write(QString::number(lNewOffset));
+    PlaceScrollThumb();
+}
+
+void frmSnapshot::scrValue_Change(int Index, int newValue) {
+    const auto at = static_cast<std::size_t>(Index);
+    const ValueLimits limits{lValueMin[at], lValueMax[at], lValueStep[at]};
+    const std::int32_t n = SpinTo(NumberIn(*txtValue[at]), newValue > scrValue[at]->value(), limits);
+    txtValue[at]->Write(QString::number(n));
+    PlaceScrollThumb();
+}
+
+void frmSnapshot::txtValue_Change(int Index) {
+    const ValueBox& box = *txtValue[static_cast<std::size_t>(Index)];
+    const std::int32_t lNumber = NumberIn(box);
+    const bool bBlank = box.text().trimmed().isEmpty();
+    // The number reaches its field only when it is legal: a message box lets other events in.
+    TypedValue typed{lNumber, false};
+    QString sMessage;
+    switch (Index) {
+    case kOffsetValue:
+        typed = TypedOffset(lNumber, view.lFileLength);
+        sMessage = QStringLiteral("Offset must be between 0 and %1!").arg(view.lFileLength - 1);
+        break;
+    case kLinesValue:
+        typed = TypedCount(bBlank ? 1 : lNumber, kMostLines);
+        sMessage = QStringLiteral("Lines must be between 1 and 512!");
+        break;
+    case kColumnsValue:
+        typed = TypedCount(bBlank ? 1 : lNumber, kMostColumns);
+        sMessage = QStringLiteral("Columns must be between 1 and 16!");
+        break;
+    default: break;
+    }
+    const auto setField = [this, Index](std::int32_t lValue) {
+        switch (Index) {
+        case kOffsetValue: view.lOffset = lValue; break;
+        case kWidthValue: view.iWidth = static_cast<std::int16_t>(lValue); break;
+        case kLinesValue: view.iLines = static_cast<std::int16_t>(lValue); break;
+        default: view.iColumns = static_cast<std::int16_t>(lValue); break;
+        }
+    };
+    if (typed.bOutOfRange) {
+        const QPointer<frmSnapshot> alive(this);
+        MsgBox(sMessage, BoxButtons::Ok, BoxIcon::Exclamation, QStringLiteral("Snapshot"));
+        if (alive.isNull()) {
+            return; // the message outlived the window
+        }
+        setField(typed.lValue);
+        ValueBox* corrected = txtValue[static_cast<std::size_t>(Index)];
+        corrected->Write(QString::number(typed.lValue));
+        corrected->setCursorPosition(static_cast<int>(corrected->text().size()));
+        PlaceScrollThumb();
+    } else {
+        setField(typed.lValue);
+    }
+    picImage->hDC().Clear();
+    ShowMem();
+}
+
+void frmSnapshot::cmdScroll_MouseDown(const MouseArgs& args) {
+    if (args.Button == 1) {
+        lScrollGrabY = HeldTo<std::int32_t>(double{args.Y});
+    }
+}
+
+void frmSnapshot::cmdScroll_MouseMove(const MouseArgs& args) {
+    ShowPrompt(kScrollKey);
+    if ((args.Button & 1) == 0) {
+        return;
+    }
+    const DraggedThumb dragged =
+        DragThumb(cmdScroll->y() - scrAddr->y(), HeldTo<std::int32_t>(double{args.Y}), lScrollGrabY,
+                  view.lFileLength, scrAddr->height());
+    cmdScroll->move(cmdScroll->x(), scrAddr->y() + dragged.iTop);
+    txtValue[kOffsetValue]->Write(QString::number(dragged.lOffset));
+}
+
+void frmSnapshot::cmdScroll_MouseUp(const MouseArgs&) {
+    RestAddressBar();
+}
+
+} // namespace lumrake
