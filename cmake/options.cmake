@@ -25,6 +25,11 @@ if(LUMRAKE_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(LUMRAKE_FUZZERS)
+    # The fuzzer needs to see which branches of the libraries an input takes.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(LUMRAKE_TIDY)
     find_program(CLANG_TIDY NAMES clang-tidy REQUIRED)
     set(CMAKE_CXX_CLANG_TIDY ${CLANG_TIDY} --quiet --warnings-as-errors=*)

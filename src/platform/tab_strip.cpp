@@ -1,5 +1,6 @@
 #include "platform/tab_strip.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStackedWidget>
@@ -104,6 +105,11 @@ TabStrip::TabStrip(const std::vector<Tab>& tabs, QWidget* parent)
         }
     };
     QObject::connect(bar_, &QTabBar::currentChanged, this, [this](int index) {
+        // Left to itself the focus of a page that goes away would wander through whatever comes next.
+        const QWidget* leaving = pages_->currentWidget();
+        if (leaving != nullptr && leaving->isAncestorOf(QApplication::focusWidget())) {
+            bar_->setFocus();
+        }
         pages_->setCurrentIndex(index);
         if (Click) {
             Click(index);

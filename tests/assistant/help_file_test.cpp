@@ -11,35 +11,27 @@
 namespace lumrake {
 namespace {
 
-using Fields = std::vector<std::string>;
-
 TEST(HelpFile, FieldsEndAtCommasLineEndsAndQuotes) {
     const struct {
         const char* bytes;
-        Fields fields;
+        std::vector<std::string> fields;
     } cases[] = {
         {"", {}},
         {"a,b\nc\r\nd\re", {"a", "b", "c", "d", "e"}},
-        {"a,\nb", {"a", "", "b"}},
-        {"\n\r\n,a", {"", "", "", "a"}},
+        {"\n,\r\na", {"", "", "", "a"}},
         {"   a b  ,\tc", {"a b  ", "\tc"}},
-        {"   ", {""}},
         {"  \"a, b\" , c", {"a, b", "c"}},
         {"\" a\nb\"\r\nc", {" a\nb", "c"}},
-        {"\"a\"b,c", {"a", "b", "c"}},
-        {"a\"b,c\"d", {"a\"b", "c\"d"}},
-        {"\"\",\"\"", {"", ""}},
-        {"a,\"b,c\nd", {"a", "b,c\nd"}},
-        {"a,\"", {"a", ""}},
+        {"\"a\"b,c\"d,e\"", {"a", "b", "c\"d", "e\""}},
+        {"\"\",a,\"b,c\nd", {"", "a", "b,c\nd"}},
     };
     for (const auto& one : cases) {
         HelpFields reader(one.bytes);
-        Fields fields;
+        std::vector<std::string> fields;
         while (!reader.AtEnd()) {
             fields.emplace_back(reader.Next());
         }
         EXPECT_EQ(fields, one.fields) << one.bytes;
-        EXPECT_EQ(reader.Next(), "") << one.bytes;
     }
 }
 
@@ -50,60 +42,47 @@ TEST(HelpFile, PromptsAreFoundByTheNumberInThreeCharacters) {
         int number;
         const char* prompt;
     } cases[] = {
-        {"012 Logo,Hello\n", 12, "Hello"},
-        {" 12,Hello", 12, "Hello"},
-        {"12\r\nHello\r\n", 12, "Hello"},
+        {"012 Logo,a; b;c\n", 12, "a, b,c"},
+        {" 12\r\nHello, you\r\n", 12, "Hello"},
         {"\" 12, the logo\",\"Hello, you\"", 12, "Hello, you"},
-        {"12,a; b;c", 12, "a, b,c"},
-        {"12,a, b", 12, "a"},
         {"12,one\n12,two", 12, "one"},
-        {"0123,Hello", 12, "Hello"},
         {"1234,Hello", 123, "Hello"},
         {"1 2,Hello", 12, kNone},
         {"\" 012\",Hello", 1, "Hello"}, // three characters, the blank among them
         {"x12,Hello", 12, kNone},
-        {"12.,Hello", 12, "Hello"},
         {"11,12 hours\nHello,you", 12, "Hello"}, // a prompt that reads as a number in use
         {"12,\nHello", 12, ""},
-        {"012", 12, kNone}, // the last field is no key
-        {"012\r\n", 12, kNone},
+        {"012\r\n", 12, kNone}, // the last field is no key
         {"\"012\" \n", 12, kNone},
         {"012\n12", 12, "12"},
         {"11,\"unterminated\n12,Hello\n", 12, kNone},
-        {"", 12, kNone},
         {"about 12\n0,zero\n-1,minus", 0, kNone},
         {"0,zero\n-1,minus", -1, kNone},
     };
     for (const auto& one : cases) {
-        EXPECT_EQ(FindPrompt(one.bytes, one.number).value_or(kNone), one.prompt)
-            << one.bytes << " / " << one.number;
+        EXPECT_EQ(FindPrompt(one.bytes, one.number).value_or(kNone), one.prompt) << one.bytes << one.number;
     }
 }
 
 TEST(HelpFile, TheFileOfTheProgramAnswersEveryNumberInUseAndNoOther) {
     std::ifstream stream(LUMRAKE_HELP_FILE, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    const std::set<int> unused{17, 18, 19, 23, 27, 32, 35}; // separators and gaps
-    std::set<std::string> prompts;
+    const std::set<int> unused{17, 18, 19, 23, 27, 32, 35};
+    std::size_t prompts = 0;
     for (int number = 1; number <= 98; ++number) {
         const auto prompt = FindPrompt(bytes, number);
         ASSERT_EQ(prompt.has_value(), !unused.contains(number)) << number;
         if (prompt) {
-            EXPECT_GT(prompt->size(), 10U) << number;
-            EXPECT_TRUE(prompts.insert(*prompt).second) << number << " repeats a prompt";
-            // A comma outside quotes would have cut it.
-            EXPECT_NE(std::string(".!?").find(prompt->back()), std::string::npos) << number;
+            ++prompts;
+            EXPECT_NE(std::string(".!?").find(prompt->back()), std::string::npos)
+                << number << " is cut at a comma";
         }
     }
-    // Each number is a key once: a prompt that begins like one would be a second key.
-    std::multiset<std::string> keys;
+    std::size_t keys = 0; // a prompt that begins like a number would be one too many
     for (HelpFields fields(bytes); !fields.AtEnd();) {
-        const std::string field(fields.Next());
-        if (field.find_first_of("0123456789+-.") == 0) {
-            keys.insert(field.substr(0, 3));
-        }
+        keys += fields.Next().find_first_of("0123456789+-.") == 0;
     }
-    EXPECT_EQ(keys.size(), prompts.size());
+    EXPECT_EQ(keys, prompts);
 }
 
 } // namespace

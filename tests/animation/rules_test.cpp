@@ -1,0 +1,274 @@
+#include "animation/animation_record.h"
+#include "animation/layout.h"
+#include "animation/setup_rules.h"
+#include "animation/stepping.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace lumrake {
+namespace {
+
+using Bytes = std::array<std::uint8_t, kAnimationBytes>;
+
+AnimationRecord Example() {
+    AnimationRecord record;
+    record.sAnimFile.Set("/a/walk.anm");
+    record.sSnapFile.Set("/a/game.sna");
+    record.sTitle.Set("Walk");
+    record.iWidth = 16;
+    record.iLines = 24;
+    record.iZoom = 2;
+    record.lOffset = 27000;
+    record.iFrames = 8;
+    record.lStep = 48;
+    record.iPause = 100;
+    record.iRepeat = kPingPong;
+    record.lFileLength = 49179;
+    record.byAttribute = 56;
+    record.sNotes.Set("one\r\ntwo");
+    record.iMode = 4;
+    record.iUpsideDown = 1;
+    return record;
+}
+
+TEST(AnimationRecord, FieldsStandAtTheirOffsets) {
+    const Bytes bytes = EncodeAnimation(Example());
+    const struct {
+        std::size_t offset;
+        std::vector<std::uint8_t> expected;
+    } places[] = {
+        {0, {'/', 'a', '/', 'w'}},
+        {98, {' ', ' ', '/', 'a', '/', 'g'}},
+        {200, {'W', 'a', 'l', 'k', ' '}},
+        // The worked example of the header.
+        {230, {0x10, 0x00, 0x18, 0x00, 0x02, 0x00, 0x78, 0x69, 0x00, 0x00, 0x08, 0x00, 0x30,
+               0x00, 0x00, 0x00, 0x64, 0x00, 0x02, 0x00, 0x1B, 0xC0, 0x00, 0x00, 0x38}},
+        {255, {'o', 'n', 'e', '\r', '\n', 't', 'w', 'o', ' '}},
+        {754, {' ', 0x04, 0x00, 0x01, 0x00}},
+    };
+    for (const auto& place : places) {
+        const auto* begin = bytes.data() + place.offset;
+        EXPECT_EQ(std::vector<std::uint8_t>(begin, begin + place.expected.size()), place.expected)
+            << place.offset;
+    }
+}
+
+TEST(AnimationRecord, AnyBytesComeBackAsTheyWere) {
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        Bytes bytes;
+        for (std::uint8_t& byte : bytes) {
+            byte = static_cast<std::uint8_t>(random());
+        }
+        ASSERT_EQ(EncodeAnimation(DecodeAnimation(bytes)), bytes);
+    }
+}
+
+TEST(AnimationRecord, NumbersOutsideTheirRangesAreHeld) {
+    using R = AnimationRecord;
+    const struct {
+        std::int16_t R::*field;
+        std::vector<std::pair<int, int>> cases; // read, held
+    } fields[] = {
+        {&R::iWidth, {{-8, 8}, {0, 8}, {12, 8}, {13, 16}, {248, 248}, {255, 256}, {32767, 256}}},
+        {&R::iLines, {{-1, 1}, {0, 1}, {192, 192}, {193, 192}}},
+        {&R::iZoom, {{0, 1}, {5, 5}, {6, 5}, {-32768, 1}}},
+        {&R::iFrames, {{-5, 1}, {0, 1}, {1, 1}, {32767, 32767}}},
+        {&R::iPause, {{0, 1}, {-1, 1}, {1, 1}}},
+        {&R::iRepeat, {{-1, 1}, {0, 0}, {2, 2}, {3, 1}}},
+        {&R::iMode, {{1, 0}, {2, 0}, {3, 3}, {4, 4}, {5, 0}, {-3, 0}}},
+        {&R::iUpsideDown, {{0, 0}, {1, 1}, {-1, 1}, {256, 1}}},
+    };
+    for (const auto& [field, cases] : fields) {
+        for (const auto& [read, held] : cases) {
+            R record = Example();
+            record.*field = static_cast<std::int16_t>(read);
+            const R result = HeldForUse(record, 10);
+            EXPECT_EQ(result.*field, held) << read;
+            record.*field = static_cast<std::int16_t>(held);
+            EXPECT_EQ(result, record) << "another field changed";
+        }
+    }
+    R record = Example();
+    record.lOffset = record.lStep = record.lFileLength = -7;
+    const R held = HeldForUse(record, 6912);
+    EXPECT_EQ(held.lOffset, 0);
+    EXPECT_EQ(held.lStep, 1);
+    EXPECT_EQ(held.lFileLength, 6912);
+    EXPECT_EQ(HeldForUse(Example(), 6912), Example()) << "a length in its range stays the record's";
+}
+
+TEST(AnimationRecord, FrameAddressesAreHeldIn32Bits) {
+    AnimationRecord record = Example();
+    EXPECT_EQ(FrameOffset(record, 7), 27000 + 7 * 48);
+    record.lStep = 2147483647;
+    EXPECT_EQ(FrameOffset(record, 1), 2147483647);
+    EXPECT_EQ(FrameOffset(record, 32767), 2147483647);
+}
+
+TEST(AnimationRecord, TheWindowsOwnFieldsAreNotCopied) {
+    AnimationRecord to;
+    to.sAnimFile.Set("own");
+    to.iZoom = 5;
+    to.lFileLength = 9;
+    CopySettings(Example(), to);
+    AnimationRecord expected = Example();
+    expected.sAnimFile.Set("own");
+    expected.iZoom = 5;
+    expected.lFileLength = 9;
+    EXPECT_EQ(to, expected);
+}
+
+// ---- stepping: F and B are the buttons Forward and Back (a tick of the timer is F), "!" follows a frame at
+// which the animation stops ----
+
+struct Walk {
+    std::int16_t iRepeat, iFrames;
+    const char *buttons, *shown;
+};
+
+class Stepping : public testing::TestWithParam<Walk> {};
+
+TEST_P(Stepping, ShowsTheFrames) {
+    AnimationRecord record;
+    record.iRepeat = GetParam().iRepeat;
+    record.iFrames = GetParam().iFrames;
+    PlayState state;
+    std::string shown;
+    for (const char* button = GetParam().buttons; *button != '\0'; ++button) {
+        const bool stopped = *button == 'F' ? NextFrame(state, record) : PreviousFrame(state, record);
+        shown += std::to_string(state.iCurrentFrame) + (stopped ? "!" : "");
+        if (record.iRepeat != kPingPong) {
+            EXPECT_EQ(state.iDirection, 1);
+        }
+    }
+    EXPECT_EQ(shown, GetParam().shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, Stepping,
+    testing::Values(Walk{kOnceOnly, 4, "FFFFF", "1230!1"},
+                    Walk{kOnceOnly, 4, "BBFFB",
+                         "3!23"
+                         "0!3!"},
+                    Walk{kOnceOnly, 1, "FB", "0!0!"}, Walk{kContinuous, 4, "FFFFF", "12301"},
+                    Walk{kContinuous, 4, "BBFF", "3230"}, Walk{kContinuous, 1, "FB", "00"},
+                    Walk{kPingPong, 4, "FFFFFFFFF", "123210123"}, Walk{kPingPong, 2, "FFFF", "1010"},
+                    Walk{kPingPong, 2, "BBFB", "1010"},
+                    Walk{kPingPong, 4, "BBBBBBB", "1232101"}, // reflected at frame 0
+                    Walk{kPingPong, 4, "FFFBBBB", "1232101"}, // and at the last frame
+                    Walk{kPingPong, 4, "FFBBF", "12101"}, Walk{kPingPong, 1, "FFBB", "0000"}));
+
+TEST(Stepping, LongWalksStayInside) {
+    std::mt19937 random(3);
+    for (const std::int16_t frames : std::initializer_list<std::int16_t>{1, 2, 3, 32767}) {
+        for (std::int16_t repeat = 0; repeat < 3; ++repeat) {
+            AnimationRecord record;
+            record.iFrames = frames;
+            record.iRepeat = repeat;
+            PlayState state{static_cast<std::int16_t>(frames - 1), 1};
+            for (int step = 0; step < 500; ++step) {
+                (random() & 1U) != 0 ? NextFrame(state, record) : PreviousFrame(state, record);
+                ASSERT_TRUE(state.iCurrentFrame >= 0 && state.iCurrentFrame < frames);
+                ASSERT_TRUE(state.iDirection == 1 || state.iDirection == -1);
+            }
+        }
+    }
+}
+
+TEST(PlayerLayout, ChangesBetween153And154Pixels) {
+    const PlayerLayout narrow = LayoutOf(153, 36, 8);
+    EXPECT_EQ(narrow.windowWidth, 176); // 2645 twips
+    EXPECT_EQ(narrow.windowHeight, 106);
+    EXPECT_EQ(narrow.pictureLeft, 7);
+    EXPECT_EQ(narrow.controlTop, 53);
+    EXPECT_EQ(narrow.controlLeft, (std::array<std::int32_t, 5>{8, 32, 56, 80, 112}));
+    const PlayerLayout wide = LayoutOf(154, 36, 8);
+    EXPECT_EQ(wide.windowWidth, 176);
+    EXPECT_EQ(wide.pictureLeft, 8);
+    EXPECT_EQ(wide.controlLeft, (std::array<std::int32_t, 5>{7, 31, 55, 79, 111}));
+    EXPECT_EQ(LayoutOf(12, 12, 8).pictureLeft, 78);
+    EXPECT_EQ(LayoutOf(4100, 3076, 8).windowWidth, 4122);
+    EXPECT_EQ(LayoutOf(4100, 3076, 8).controlLeft[0], 2057 - 77);
+}
+
+// ---- the setup dialog ----
+
+TEST(SetupRules, TheFirstFaultIsTold) {
+    const SetupTexts good{"game.sna", "0", "16", "8", "2", "1", "1", 0};
+    constexpr std::int64_t kLength = 49179;
+    EXPECT_FALSE(ValidateSettings(good, kLength));
+    const std::string kAddress = "Address must be between 0 and length of specified file -1 (49178)";
+    using T = SetupTexts;
+    const struct {
+        std::string T::*field;
+        const char* typed;
+        std::string message; // empty: accepted
+    } cases[] = {
+        {&T::sSnapFile, "", "Snapshot filename must be entered"},
+        {&T::sOffset, "  ", "Please enter file offset"},
+        {&T::sOffset, "49178", ""},
+        {&T::sOffset, "49179", kAddress},
+        {&T::sOffset, "-1", kAddress},
+        {&T::sOffset, "-0.5", ""}, // rounds to 0
+        {&T::sOffset, "1e99", kAddress},
+        {&T::sWidth, "", "Please enter width"},
+        {&T::sWidth, "12", "Width must be divisible by 8"},
+        {&T::sWidth, "abc", "Width must be between 8 and 256"},
+        {&T::sWidth, "264", "Width must be between 8 and 256"},
+        {&T::sWidth, " 256 ", ""},
+        {&T::sLines, "", "Please enter number of lines"},
+        {&T::sLines, "0.5", "Lines must be between 1 and 192"}, // a half goes to the even neighbour
+        {&T::sLines, "193", "Lines must be between 1 and 192"},
+        {&T::sFrames, "", "Please enter number of frames"},
+        {&T::sFrames, "1", "Frames must be greater than 1"},
+        {&T::sFrames, "1e5", "Frames must be between 2 and 32767"},
+        {&T::sStep, "", "Please enter frame step"},
+        {&T::sStep, "0", "Step must be greater than 1"},
+        {&T::sStep, "4.5", ""},
+        {&T::sStep, "1e10", "Step must be between 1 and 2147483647"},
+        {&T::sPause, "", "Please enter frame pause"},
+        {&T::sPause, "-2", "Pause must be greater than 1"},
+        {&T::sPause, "32767", ""},
+        {&T::sPause, "32768", "Pause must be between 1 and 32767"},
+    };
+    for (const auto& each : cases) {
+        SetupTexts texts = good;
+        texts.*each.field = each.typed;
+        const auto fault = ValidateSettings(texts, kLength);
+        EXPECT_EQ(fault ? fault->sMessage : "", each.message) << each.typed;
+    }
+    EXPECT_EQ(ValidateSettings(good, std::nullopt)->sMessage, "Cannot find specified file");
+    SetupTexts texts = good;
+    texts.sSnapFile = std::string(101, 'x');
+    EXPECT_EQ(ValidateSettings(texts, kLength)->sMessage,
+              "Snapshot filename must not be longer than 100 characters");
+    texts = good;
+    texts.iRepeatIndex = -1;
+    texts.sPause.clear(); // comes after the list
+    EXPECT_EQ(ValidateSettings(texts, kLength)->field, SetupField::Repeat);
+    texts.sOffset = "9"; // and the offset before everything else
+    EXPECT_EQ(ValidateSettings(texts, 9)->field, SetupField::Offset);
+}
+
+TEST(SetupRules, TheStepOfFramesThatStandTogetherIsProposed) {
+    EXPECT_EQ(ProposedStep("16", "8", 0), "16");
+    EXPECT_EQ(ProposedStep("16", "8", 3), "32");
+    EXPECT_EQ(ProposedStep("16", "8", 4), "32");
+    EXPECT_EQ(ProposedStep("12", "3", 0), "4.5");
+    EXPECT_EQ(ProposedStep("256", "192", 4), "12288");
+    EXPECT_EQ(ProposedStep("x", "8", 0), "0");
+    EXPECT_EQ(ModeIndex(3), 1);
+    EXPECT_EQ(ModeIndex(2), -1);
+}
+
+TEST(SetupRules, NotesKeepTheirLineBreaks) {
+    EXPECT_EQ(NotesOnScreen("a\r\nb\rc\nd\r\n"), "a\nb\nc\nd\n");
+    EXPECT_EQ(NotesInRecord("a\n\nb"), "a\r\n\r\nb");
+}
+
+} // namespace
+} // namespace lumrake
