@@ -146,9 +146,9 @@ constexpr ControlRow kSliders[] = {
 };
 
 constexpr ControlRow kNumbers[] = {
-    {kFrame + 4, "0", "", "", 0, 264,  42, 28, 21},
-    {kFrame + 4, "0", "", "", 0, 264,  69, 28, 21},
-    {kFrame + 4, "0", "", "", 0, 264,  96, 28, 21},
+    {kFrame + 4, "",  "", "", 0, 264,  42, 28, 21},
+    {kFrame + 4, "",  "", "", 0, 264,  69, 28, 21},
+    {kFrame + 4, "",  "", "", 0, 264,  96, 28, 21},
 };
 
 constexpr ControlRow kSwatches[] = {
