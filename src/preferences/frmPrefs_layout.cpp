@@ -210,11 +210,11 @@ void frmPrefs::CreateArray(std::array<Shown*, N>& controls, const char* name, co
     }
 }
 
-QWidget* frmPrefs::Container(int number) const {
+QWidget* frmPrefs::Container(int number) {
     if (number >= kFrame) {
         return frmPrefs_[static_cast<std::size_t>(number - kFrame)];
     }
-    return number == kForm ? const_cast<frmPrefs*>(this) : SSTab1->Page(number);
+    return number == kForm ? this : SSTab1->Page(number);
 }
 
 void frmPrefs::CreateControls() {
