@@ -59,7 +59,7 @@ class frmPrefs : public QDialog {
     template <class Made, class Shown, std::size_t N>
     void CreateArray(std::array<Shown*, N>& controls, const char* name, const ControlRow (&rows)[N],
                      Prompt prompt);
-    QWidget* Container(int number) const;
+    QWidget* Container(int number);
     void CreatePictures();
     void CreateMenu();
     void ChainTabOrder() const;

@@ -146,9 +146,9 @@ constexpr ControlRow kSliders[] = {
 };
 
 constexpr ControlRow kNumbers[] = {
-    {kFrame + 4, "0", "", "", 0, 264,  42, 28, 21},
-    {kFrame + 4, "0", "", "", 0, 264,  69, 28, 21},
-    {kFrame + 4, "0", "", "", 0, 264,  96, 28, 21},
+    {kFrame + 4, "",  "", "", 0, 264,  42, 28, 21},
+    {kFrame + 4, "",  "", "", 0, 264,  69, 28, 21},
+    {kFrame + 4, "",  "", "", 0, 264,  96, 28, 21},
 };
 
 constexpr ControlRow kSwatches[] = {
@@ -210,11 +210,11 @@ void frmPrefs::CreateArray(std::array<Shown*, N>& controls, const char* name, co
     }
 }
 
-QWidget* frmPrefs::Container(int number) const {
+QWidget* frmPrefs::Container(int number) {
     if (number >= kFrame) {
         return frmPrefs_[static_cast<std::size_t>(number - kFrame)];
     }
-    return number == kForm ? const_cast<frmPrefs*>(this) : SSTab1->Page(number);
+    return number == kForm ? this : SSTab1->Page(number);
 }
 
 void frmPrefs::CreateControls() {

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
 #include <vector>
 
 namespace lumrake {
@@ -40,12 +39,6 @@ TEST(PrefsRules, TheFirstFaultIsTold) {
     EXPECT_EQ(FirstFault({"0", "8", "0", "", "999"}), "Lines must be between 1 and 192");
 }
 
-TEST(PrefsRules, LinesOfTextAreWholeCharacters) {
-    EXPECT_EQ(TextModeLines("192"), "192");
-    EXPECT_EQ(TextModeLines("-9"), "8");
-    EXPECT_EQ(TextModeLines("9e9"), "32760"); // held at the end of the field
-}
-
 /// A row of eight in one component of `first` and `last`, graded.
 std::vector<std::int32_t> Graded(std::int32_t first, std::int32_t last) {
     PaletteColours colours{};
@@ -68,14 +61,6 @@ TEST(PaletteRules, GradingRoundsItsStepOnce) {
     EXPECT_EQ(Graded(10, 13), (Row{10, 10, 10, 10, 10, 10, 10, 13}));
     EXPECT_EQ(Graded(250, 255), (Row{250, 251, 252, 253, 254, 255, 255, 255})); // held at the top
     EXPECT_EQ(Graded(5, 0), (Row{5, 4, 3, 2, 1, 0, 0, 0}));                     // and at the bottom
-
-    // Only a row of an even length can have a step that ends in a half.
-    for (const auto& [end, step] : {std::pair{1, 0}, std::pair{3, 2}, std::pair{5, 2}}) {
-        PaletteColours colours{};
-        colours[2] = end;
-        SpreadPalette(colours, 0, 2);
-        EXPECT_EQ(colours[1], step) << end;
-    }
 }
 
 } // namespace
