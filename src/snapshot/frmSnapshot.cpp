@@ -42,7 +42,9 @@ FileError Refusal(const QString& path, std::optional<std::int64_t> length) {
 } // namespace
 
 frmSnapshot::frmSnapshot() = default;
-frmSnapshot::~frmSnapshot() = default;
+frmSnapshot::~frmSnapshot() {
+    EndPlacing();
+}
 
 bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {
     const QString sTitle = QStringLiteral("Open file");
@@ -183,9 +185,7 @@ void frmSnapshot::Form_Unload(bool& Cancel) {
     if (Cancel) {
         return;
     }
-    if (iSavedTool != 0 && iCurrentTool == kToolPlacing) {
-        iCurrentTool = iSavedTool; // the block that was being placed goes with its window
-    }
+    EndPlacing(); // the block that was being placed goes with its window
     --iSnapshotCount;
     if (iSnapshotCount == 0) {
         UpdateToolbars(QStringLiteral("SNAPSHOT"), false);

@@ -3,6 +3,7 @@
 #include "platform/memory_block.h"
 #include "platform/picture_box.h"
 #include "snapshot/addressing.h"
+#include "snapshot/block.h"
 
 #include <QString>
 #include <QWidget>
@@ -139,8 +140,6 @@ class frmSnapshot : public QWidget {
     void Form_Resize();
     void PlaceColourButtons();
     void FillValueBoxes();
-    /// A net lies in this window on which Cut, Copy, Delete and the export can act.
-    bool HasNet() const;
     void sbrSnapshot_PanelClick(int Panel);
     void cmdOptions_Click();
 
@@ -165,17 +164,46 @@ class frmSnapshot : public QWidget {
     void picImage_MouseDown(const MouseArgs& args);
     void picImage_MouseMove(const MouseArgs& args);
     void picImage_MouseUp(const MouseArgs& args);
+    void MagnifyAbout(const MouseArgs& args);
+    void DragTool(const MouseArgs& args);
+    void HoverTool(const MouseArgs& args);
 
     // ---- net ----
-    /// The selection net as it lies on the picture: a rectangle of screen pixels, hidden at first.
-    struct Shape {
-        std::int32_t Left = 40, Top = 16, Width = 57, Height = 49;
+    /// The rectangle that lies on the picture, hidden at first: the selection net, or the frame of a block that
+    /// is being placed.
+    struct Shape : NetRect {
         bool Visible = false;
         bool Dotted = false; ///< solid while it is dragged, dotted once it rests
+        bool Frame = false;  ///< the frame of a block: no net for the commands
     };
-    /// Repaints where the net was and where it now is.
+    /// A net lies in this window on which Cut, Copy, Delete and the export can act.
+    bool HasNet() const { return shpNet.Visible && !shpNet.Frame && shpNet.Width > 1; }
+    /// Switches Cut, Copy, Delete and the export of the selection.
+    static void EnableNetCommands(bool bEnable);
+    void StartNet(const MouseArgs& args);
+    void DragNet(const MouseArgs& args);
+    void EndNet();
+    /// Keeps the net, and a block that is being placed, on their picture pixels after a change of the factor.
+    void ScaleNet(std::int32_t iOldFactor);
+    /// Gives the shape its new form and repaints where it was and where it now is.
+    void SetShape(const Shape& shape);
     void UpdateNet(const Shape& before);
     void PaintNet(QPainter& painter, const QRect& exposed) const;
+
+    // ---- clipboard ----
+    /// The window in which a block is being placed; null when there is none. The tool is one for all windows.
+    inline static frmSnapshot* placingWindow = nullptr;
+    /// Shows in barProgress how far a walk over a block has come.
+    RowProgress ProgressOfRows();
+    NetRect ClipPlace() const;
+    /// Shows the block of the clipboard, framed, where imgClip lies.
+    void HangBlock();
+    /// Moves the block so that it hangs centred on the mouse.
+    void MoveBlock(float X, float Y);
+    /// Takes the block and its frame off the picture. Says nothing about the tool.
+    void LetGoOfBlock();
+    /// Ends the placing in this window, if there is one, and gives the tool back.
+    void EndPlacing();
     void imgClip_MouseMove(const MouseArgs& args);
     void imgClip_MouseDown(const MouseArgs& args);
 
@@ -204,7 +232,7 @@ class frmSnapshot : public QWidget {
     QWidget* picContainer = nullptr;
     PictureBox* picImage = nullptr;
     ImageBox* imgClip = nullptr; ///< the block being placed, a child of picImage
-    Shape shpNet;
+    Shape shpNet{{40, 16, 57, 49}};
     SpinBar* scrAddr = nullptr; ///< its value, at rest, is the thumb's place in the track
     QWidget* txtScroll = nullptr;
     QPushButton* cmdScroll = nullptr;

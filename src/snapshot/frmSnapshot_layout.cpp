@@ -1,7 +1,6 @@
 /// Controls, their places, zoom, status bar, activation.
 #include "platform/colour_button.h"
 #include "platform/mouse_filter.h"
-#include "platform/numbers.h"
 #include "platform/panel_bar.h"
 #include "platform/spin_bar.h"
 #include "platform/twips.h"
@@ -216,14 +215,7 @@ void frmSnapshot::Form_Activate() {
     UpdateToolbars(QStringLiteral("ANIMATION"), false);
     ShowModeTick(view.iMode);
     ShowFlipTick(view.iUpsideDown == 1);
-    for (const FunctionGroup group : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
-        EnableFunction(group, HasNet());
-    }
-}
-
-bool frmSnapshot::HasNet() const {
-    // While a block is being placed the shape is the block's frame.
-    return shpNet.Visible && shpNet.Width > 1 && iCurrentTool != kToolPlacing;
+    EnableNetCommands(HasNet());
 }
 
 void frmSnapshot::FillValueBoxes() {
@@ -297,24 +289,7 @@ void frmSnapshot::SetZoom(std::int16_t NewZoom) {
         view.iZoom = NewZoom;
         view.iZoomFactor = static_cast<std::int16_t>(iFactor);
     }
-    const Shape before = shpNet;
-    const double ratio = 1.0 * iOldFactor / view.iZoomFactor;
-    const auto scaled = [ratio](std::int32_t place) { return HeldTo<std::int32_t>(place / ratio); };
-    shpNet.Left = scaled(shpNet.Left);
-    shpNet.Top = scaled(shpNet.Top);
-    shpNet.Width = scaled(shpNet.Width);
-    shpNet.Height = scaled(shpNet.Height);
-    if (!imgClip
-             ->isHidden()) { // a block being placed keeps its place on the picture, and its frame its width
-        imgClip->SetFactor(view.iZoomFactor);
-        imgClip->setGeometry(scaled(imgClip->x()), scaled(imgClip->y()), scaled(imgClip->width()),
-                             scaled(imgClip->height()));
-        shpNet.Left = imgClip->x() - 1;
-        shpNet.Top = imgClip->y() - 1;
-        shpNet.Width = imgClip->width() + 2;
-        shpNet.Height = imgClip->height() + 2;
-    }
-    UpdateNet(before);
+    ScaleNet(iOldFactor);
     sbrSnapshot->SetText(kZoomPanel, QStringLiteral("%1x").arg(view.iZoomFactor));
     ShowMem();
 }

@@ -1,0 +1,27 @@
+#include "snapshot/bitmap_export.h"
+
+#include "platform/save_picture.h"
+#include "platform/screen.h"
+#include "shell/file_commands.h"
+#include "shell/shell.h"
+
+namespace lumrake {
+
+void ExportBitmap(const lmk::BitPicture& picture, int factor) {
+    const std::optional<QString> sFile =
+        AskNewFileName(QStringLiteral("Save Bitmap file as..."),
+                       QStringLiteral("Bitmap Files (*.BMP)|*.BMP|All files (*.*)|*.*"), QString());
+    if (!sFile) {
+        return;
+    }
+    FileError error;
+    {
+        const HourglassScope hourglass;
+        error = SavePicture(*sFile, picture, factor);
+    }
+    if (error) {
+        TellFileError(QStringLiteral("The bitmap could not be saved."), *error, QStringLiteral("Save"));
+    }
+}
+
+} // namespace lumrake

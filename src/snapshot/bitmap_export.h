@@ -1,0 +1,11 @@
+#pragma once
+
+#include "display/bit_picture.h"
+
+namespace lumrake {
+
+/// Asks for a name and writes the picture there as a bitmap, enlarged `factor` times. Nothing happens when
+/// the user gives up; a failure is told.
+void ExportBitmap(const lmk::BitPicture& picture, int factor);
+
+} // namespace lumrake

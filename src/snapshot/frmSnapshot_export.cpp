@@ -1,0 +1,59 @@
+#include "snapshot/frmSnapshot.h"
+
+#include "platform/files.h"
+#include "platform/message_box.h"
+#include "platform/screen.h"
+#include "shell/file_commands.h"
+#include "shell/shell.h"
+#include "snapshot/bitmap_export.h"
+#include "snapshot/block.h"
+#include "snapshot/frmClip.h"
+#include "snapshot/raw_export.h"
+
+#include <vector>
+
+namespace lumrake {
+
+void frmSnapshot::ExportViewToBMP() {
+    ExportBitmap(picImage->hDC().Picture(), view.iZoomFactor);
+}
+
+void frmSnapshot::ExportViewToRaw() {
+    const std::optional<QString> sFile =
+        AskNewFileName(QStringLiteral("Save Raw file as..."),
+                       QStringLiteral("Raw files (*.RAW)|*.RAW|All files (*.*)|*.*"), QString());
+    if (!sFile) {
+        return;
+    }
+    ShowProgress(true);
+    const RawExport rows(byMemory.Bytes(), view);
+    const std::int32_t rowsAtOnce = view.iMode == kText ? 8 : 1; // Text is served by rows of characters
+    std::vector<std::uint8_t> bytes;                             // at most 256 KiB
+    for (std::int32_t row = 0; row < rows.Rows(); ++row) {
+        const auto from = rows.Row(row);
+        bytes.insert(bytes.end(), from.begin(), from.end());
+        if ((row + 1) % rowsAtOnce == 0) {
+            SetProgress(rows.Progress(row + 1 - rowsAtOnce));
+            DoEvents(Events::NoUserInput);
+        }
+    }
+    const FileError error = WriteWholeFile(*sFile, bytes);
+    ShowProgress(false);
+    if (error) {
+        TellFileError(QStringLiteral("The raw data could not be saved."), *error, QStringLiteral("Save"));
+    }
+}
+
+void frmSnapshot::ExportSelectionToBMP() {
+    const PixelBlock block = BlockUnder(shpNet, view.iZoomFactor);
+    if (block.IsEmpty()) {
+        MsgBox(QStringLiteral("The selection has no width or no height.  There is nothing to save."),
+               BoxButtons::Ok, BoxIcon::Information, QStringLiteral("Save"));
+        return;
+    }
+    lmk::BitPicture picture;
+    picture.CopyArea(picImage->hDC().Picture(), {block.iLeft, block.iTop, block.iWidth, block.iHeight});
+    frmClip::Instance().SaveToBMP(picture);
+}
+
+} // namespace lumrake

@@ -1,0 +1,118 @@
+/// The selection net. The rectangle shpNet alone is the selection: every command that works on the net reads
+/// its four numbers. iNetX, iNetY, iNetWidth and iNetHeight are the drag that shaped it.
+///
+///               press with Net (StartNet)            release (EndNet)
+///     no net ------------------------> dragging ---------------------> net lies
+///       ^                               | ^  ^                            |  |
+///       |              each move (DragNet)+  |   press with Net (StartNet)|  |
+///       |                                    +----------------------------+  |
+///       +--------------------------------------------------------------------+
+///                Draw, Magnify or Pan chosen (ClearNet, called by the main window)
+///
+/// Paste turns the shape into the frame of its block: see frmSnapshot_clipboard.cpp.
+#include "snapshot/frmSnapshot.h"
+
+#include "shell/shell.h"
+
+#include <QPainter>
+#include <QRegion>
+
+namespace lumrake {
+
+namespace {
+
+QRect Rectangle(const NetRect& net) {
+    return {net.Left, net.Top, net.Width, net.Height};
+}
+
+} // namespace
+
+void frmSnapshot::SetNetPosition() {
+    Shape shape = shpNet;
+    static_cast<NetRect&>(shape) = NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight);
+    SetShape(shape);
+}
+
+void frmSnapshot::ClearNet() {
+    Shape shape = shpNet;
+    shape.Visible = false;
+    SetShape(shape);
+}
+
+void frmSnapshot::EnableNetCommands(bool bEnable) {
+    for (const FunctionGroup group : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
+        EnableFunction(group, bEnable);
+    }
+}
+
+/// A press leaves a net of one screen pixel, whatever lay there before.
+void frmSnapshot::StartNet(const MouseArgs& args) {
+    iNetWidth = iNetHeight = 1;
+    iNetX = SnapToPixel(args.X, view.iZoomFactor);
+    iNetY = SnapToPixel(args.Y, view.iZoomFactor);
+    Shape shape;
+    static_cast<NetRect&>(shape) = NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight);
+    shape.Visible = true;
+    SetShape(shape);
+}
+
+void frmSnapshot::DragNet(const MouseArgs& args) {
+    const std::int32_t z = view.iZoomFactor;
+    iNetWidth = SnapToPixel(args.X - static_cast<float>(iNetX), z);
+    iNetHeight = SnapToPixel(args.Y - static_cast<float>(iNetY), z);
+    SetNetPosition();
+    ShowCoords(1, iNetWidth / z, iNetHeight / z);
+}
+
+void frmSnapshot::EndNet() {
+    Shape shape = shpNet;
+    shape.Dotted = true;
+    SetShape(shape);
+    ShowCoords(1, 0, 0);
+    EnableNetCommands(HasNet());
+}
+
+void frmSnapshot::ScaleNet(std::int32_t iOldFactor) {
+    Shape shape = shpNet;
+    static_cast<NetRect&>(shape) = ScaledNet(shpNet, iOldFactor, view.iZoomFactor);
+    if (!imgClip->isHidden()) {
+        const NetRect place = ScaledNet(ClipPlace(), iOldFactor, view.iZoomFactor);
+        imgClip->SetFactor(view.iZoomFactor);
+        imgClip->setGeometry(Rectangle(place));
+        static_cast<NetRect&>(shape) = FrameOf(place);
+    }
+    SetShape(shape);
+}
+
+void frmSnapshot::SetShape(const Shape& shape) {
+    const Shape before = shpNet;
+    shpNet = shape;
+    UpdateNet(before);
+}
+
+void frmSnapshot::UpdateNet(const Shape& before) {
+    QRegion lines;
+    for (const Shape* shape : {&before, static_cast<const Shape*>(&shpNet)}) {
+        if (shape->Visible) {
+            for (const NetRect& line : BorderOf(*shape)) {
+                lines += Rectangle(line);
+            }
+        }
+    }
+    picImage->update(lines);
+}
+
+/// Inverts what lies under the border.
+void frmSnapshot::PaintNet(QPainter& painter, const QRect& exposed) const {
+    if (!shpNet.Visible) {
+        return;
+    }
+    painter.setCompositionMode(QPainter::CompositionMode_Difference);
+    const QBrush white(Qt::white, shpNet.Dotted ? Qt::Dense4Pattern : Qt::SolidPattern);
+    for (const NetRect& line : BorderOf(shpNet)) {
+        painter.fillRect(Rectangle(line) & exposed, white);
+    }
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+}
+
+} // namespace lumrake
