@@ -11,20 +11,17 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <memory>
-#include <string>
-
 namespace lumrake {
 
 struct AnimationProbe {
-    static AnimationRecord& Record(frmAnimation& w) { return w.record; }
-    static PlayState& State(frmAnimation& w) { return w.state; }
-    static bool Changed(const frmAnimation& w) { return w.bChanged != 0; }
-    static bool Playing(const frmAnimation& w) { return w.Timer1.isActive(); }
-    static std::size_t Bytes(const frmAnimation& w) { return w.byMemory.size(); }
-    static PictureBox& Picture(frmAnimation& w) { return *w.picImage; }
-    static QPushButton& Control(frmAnimation& w, std::size_t i) { return *w.cmdControl[i]; }
+    frmAnimation& form;
+    AnimationRecord& Record() const { return form.record; }
+    PlayState& State() const { return form.state; }
+    bool Changed() const { return form.bChanged != 0; }
+    bool Playing() const { return form.Timer1.isActive(); }
+    std::size_t Bytes() const { return form.byMemory.size(); }
+    PictureBox& Picture() const { return *form.picImage; }
+    QPushButton& Control(std::size_t i) const { return *form.cmdControl[i]; }
 };
 
 namespace testing {
@@ -35,6 +32,10 @@ template <class Control = QWidget> Control* Find(const QWidget& form, const char
     return control;
 }
 
+inline void Press(QWidget& form, const char* button) {
+    Find<QPushButton>(form, button)->click();
+}
+
 inline void Type(QWidget& form, const char* field, const QString& text) {
     auto* edit = Find<QLineEdit>(form, field);
     edit->setFocus();
@@ -43,8 +44,8 @@ inline void Type(QWidget& form, const char* field, const QString& text) {
     QTest::keyClicks(edit, text);
 }
 
-/// Waits for the next modal dialog of type `Dialog` and does `act` with it, once. A dialog that is still open
-/// long after it is rejected, and the test fails.
+/// Does `act` with the next modal dialog of type `Dialog`, which must close it. One that is still open long
+/// after fails the test and is closed.
 template <class Dialog> class WhenOpen {
   public:
     explicit WhenOpen(std::function<void(Dialog&)> act) {
@@ -52,6 +53,7 @@ template <class Dialog> class WhenOpen {
             auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
             if (dialog != nullptr && !done_) {
                 done_ = true;
+                EXPECT_TRUE(QTest::qWaitForWindowActive(dialog)); // only then does the focus move
                 act(*dialog);
             } else if (++polls_ > 2000 && QApplication::activeModalWidget() != nullptr) {
                 ADD_FAILURE() << "a dialog stayed open";
@@ -67,14 +69,9 @@ template <class Dialog> class WhenOpen {
     int polls_ = 0;
     bool done_ = false;
 };
-
 using WhenSetup = WhenOpen<frmAnimSetup>;
 
-inline void Press(QWidget& form, const char* button) {
-    Find<QPushButton>(form, button)->click();
-}
-
-/// A record of eight frames 16 x 8 over the bytes of `snapshot`.
+/// Eight frames of 16 x 8 pixels.
 inline AnimationRecord SampleRecord(const QString& snapshot) {
     AnimationRecord record;
     record.sSnapFile.Set(snapshot.toStdString());
@@ -82,7 +79,6 @@ inline AnimationRecord SampleRecord(const QString& snapshot) {
     record.iWidth = 16;
     record.iLines = 8;
     record.iZoom = 1;
-    record.lOffset = 0;
     record.iFrames = 8;
     record.lStep = 16;
     record.iPause = 100;
