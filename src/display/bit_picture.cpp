@@ -1,7 +1,6 @@
 #include "display/bit_picture.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
 
 namespace lmk {
@@ -13,83 +12,95 @@ bool BitAt(const std::uint8_t* bits, std::int64_t x) {
     return ((bits[x >> 3] >> (7 - (x & 7))) & 1) != 0;
 }
 
-/// Colours of four neighbouring pixels, for each value of their four bits. 256 bytes, so that building one for every
-/// call costs next to nothing.
-using NibbleColours = std::array<std::array<std::uint32_t, 4>, 16>;
-
-NibbleColours MakeNibbleColours(std::uint32_t clear, std::uint32_t set) {
-    NibbleColours colours;
-    for (unsigned nibble = 0; nibble < 16; ++nibble)
-        for (unsigned pixel = 0; pixel < 4; ++pixel)
-            colours[nibble][pixel] = (nibble >> (3 - pixel)) & 1 ? set : clear;
-    return colours;
-}
-
-/// Writes the colours of whole bytes, every pixel kScale times (1, 2, 4, 8 or 16), always four colours at once.
-template <int kScale>
-void ExpandBytes(const std::uint8_t* bits, std::int64_t count, const NibbleColours& colours,
-                 std::uint32_t* target) {
-    constexpr auto kFour = 4 * sizeof(std::uint32_t);
-    for (std::int64_t i = 0; i < count; ++i) {
-        const unsigned byte = bits[i];
-        if constexpr (kScale == 1) {
-            std::memcpy(target, colours[byte >> 4].data(), kFour);
-            std::memcpy(target + 4, colours[byte & 15].data(), kFour);
-            target += 8;
-        } else if constexpr (kScale == 2) {
-            for (int shift = 6; shift >= 0; shift -= 2, target += 4) {
-                const unsigned pair = (byte >> shift) & 3;                       // bits ba -> bbaa
-                std::memcpy(target, colours[(pair & 2) * 6 + (pair & 1) * 3].data(), kFour);
-            }
-        } else {
-            for (int shift = 7; shift >= 0; --shift)
-                for (int four = 0; four < kScale / 4; ++four, target += 4)
-                    std::memcpy(target, colours[((byte >> shift) & 1) * 15].data(), kFour);
-        }
-    }
-}
-
-/// Writes the enlarged row from screen pixel `begin` to `end`, which both lie in the enlarged picture.
+/// Writes screen pixels `begin` to `end`, which lie in the enlarged rows, as colours: at the scales 1, 2, 4,
+/// 8 and 16 always four at once. The table has those four for each value of the bits that they show: 4 bits
+/// at scale 1, 2 at scale 2, else 1. It is 256 bytes at most, so that building one for every call costs next
+/// to nothing.
 class RowExpander {
-public:
-    RowExpander(int scale, std::uint32_t clear, std::uint32_t set)
-        : scale_(scale), colours_(MakeNibbleColours(clear, set)) {}
+  public:
+    RowExpander(int scale, std::int64_t begin, std::int64_t end, std::uint32_t clear, std::uint32_t set)
+        : scale_(scale), begin_(begin), end_(end), clear_(clear), set_(set) {
+        const unsigned bits = scale == 1 ? 4 : scale == 2 ? 2 : 1;
+        for (unsigned value = 0; value < 1U << bits; ++value)
+            for (unsigned pixel = 0; pixel < 4; ++pixel)
+                fours_[value][pixel] = (value >> (bits - 1 - pixel * bits / 4) & 1) != 0 ? set : clear;
 
-    void Row(const std::uint8_t* bits, std::int64_t begin, std::int64_t end, std::uint32_t* target) const {
+        isFast_ = scale <= kMaxFastScale && (scale & (scale - 1)) == 0;
         const std::int64_t byteWidth = 8 * scale_;
-        const std::int64_t firstByte = (begin + byteWidth - 1) / byteWidth, endByte = end / byteWidth;
-        if (!HasFastBytes() || firstByte >= endByte) {
-            Pixels(bits, begin, end, target);
+        firstByte_ = (begin + byteWidth - 1) / byteWidth;
+        wholeBytes_ = std::max<std::int64_t>(end / byteWidth - firstByte_, 0);
+        skip_ = begin - (firstByte_ - 1) * byteWidth;
+        head_ = std::min(end, firstByte_ * byteWidth) - begin;
+        middle_ = wholeBytes_ * byteWidth;
+        tail_ = end - begin - head_ - middle_;
+    }
+
+    void Row(const std::uint8_t* bits, std::uint32_t* target) const {
+        if (!isFast_) {
+            Pixels(bits, target);
             return;
         }
-        Pixels(bits, begin, firstByte * byteWidth, target);
-        Bytes(bits + firstByte, endByte - firstByte, target + (firstByte * byteWidth - begin));
-        Pixels(bits, endByte * byteWidth, end, target + (endByte * byteWidth - begin));
+        if (head_ > 0)
+            target = PartOfByte(bits[firstByte_ - 1], skip_, head_, target);
+        WholeBytes(bits + firstByte_, wholeBytes_, target);
+        if (tail_ > 0)
+            PartOfByte(bits[firstByte_ + wholeBytes_], 0, tail_, target + middle_);
     }
 
-private:
-    bool HasFastBytes() const { return scale_ <= 16 && (scale_ & (scale_ - 1)) == 0; }
+  private:
+    static constexpr int kMaxFastScale = 16;
 
-    void Bytes(const std::uint8_t* bits, std::int64_t count, std::uint32_t* target) const {
+    /// Every kBits bits choose four colours, which are written kRepeat times.
+    template <unsigned kBits, unsigned kRepeat>
+    void WriteFours(const std::uint8_t* __restrict bits, std::int64_t count,
+                    std::uint32_t* __restrict target) const {
+        constexpr unsigned kSteps = 8 / kBits, kFour = sizeof fours_[0], kMask = ((1U << kBits) - 1) * kFour;
+        const auto* const fours = reinterpret_cast<const std::uint8_t*>(fours_);
+#pragma GCC unroll 4
+        for (std::int64_t i = 0; i < count; ++i) {
+            const unsigned byte = bits[i] * kFour; // counted in bytes of the table from here on
+#pragma GCC unroll 8
+            for (unsigned step = 1; step <= kSteps; ++step) {
+                const std::uint8_t* four = fours + (byte >> (8 - step * kBits) & kMask);
+                for (unsigned repeat = 0; repeat < kRepeat; ++repeat, target += 4)
+                    std::memcpy(target, four, kFour);
+            }
+        }
+    }
+
+    void WholeBytes(const std::uint8_t* bits, std::int64_t count, std::uint32_t* target) const {
         switch (scale_) {
-        case 1: return ExpandBytes<1>(bits, count, colours_, target);
-        case 2: return ExpandBytes<2>(bits, count, colours_, target);
-        case 4: return ExpandBytes<4>(bits, count, colours_, target);
-        case 8: return ExpandBytes<8>(bits, count, colours_, target);
-        default: return ExpandBytes<16>(bits, count, colours_, target);
+        case 1: return WriteFours<4, 1>(bits, count, target);
+        case 2: return WriteFours<2, 1>(bits, count, target);
+        case 4: return WriteFours<1, 1>(bits, count, target);
+        case 8: return WriteFours<1, 2>(bits, count, target);
+        default: return WriteFours<1, 4>(bits, count, target);
         }
     }
 
-    void Pixels(const std::uint8_t* bits, std::int64_t begin, std::int64_t end, std::uint32_t* target) const {
-        for (std::int64_t x = begin / scale_; begin < end; ++x) {
-            const std::int64_t next = std::min((x + 1) * scale_, end);
-            target = std::fill_n(target, next - begin, colours_[BitAt(bits, x) ? 15 : 0][0]);
-            begin = next;
+    std::uint32_t* PartOfByte(std::uint8_t byte, std::int64_t skip, std::int64_t count,
+                              std::uint32_t* target) const {
+        std::uint32_t whole[8 * kMaxFastScale];
+        WholeBytes(&byte, 1, whole);
+        return std::copy_n(whole + skip, count, target);
+    }
+
+    /// The road for every other scale.
+    void Pixels(const std::uint8_t* bits, std::uint32_t* target) const {
+        std::int64_t at = begin_;
+        for (std::int64_t x = begin_ / scale_; at < end_; ++x) {
+            const std::int64_t next = std::min((x + 1) * scale_, end_);
+            target = std::fill_n(target, next - at, BitAt(bits, x) ? set_ : clear_);
+            at = next;
         }
     }
 
-    std::int64_t scale_;
-    NibbleColours colours_;
+    std::int64_t scale_, begin_, end_;
+    std::uint32_t clear_, set_;
+    std::uint32_t fours_[16][4];
+    bool isFast_;
+    // Screen pixels of the byte that begins before `begin`, of whole bytes, and of the byte that `end` cuts.
+    std::int64_t firstByte_, wholeBytes_, skip_, head_, middle_, tail_;
 };
 
 } // namespace
@@ -99,7 +110,8 @@ void BitPicture::Resize(int width, int height) {
     height_ = std::max(height, 0);
     const std::int64_t bytes = (std::int64_t{width_} + 7) / 8;
     stride_ = static_cast<int>((bytes + kStrideUnit - 1) / kStrideUnit * kStrideUnit);
-    bits_.assign(static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height_), 0);
+    const std::size_t size = static_cast<std::size_t>(stride_) * static_cast<std::size_t>(height_);
+    bits_.assign((size + sizeof(CacheLine) - 1) / sizeof(CacheLine), CacheLine{});
 }
 
 void BitPicture::SetPixel(int x, int y, bool on) {
@@ -125,7 +137,7 @@ void BitPicture::CopyArea(const BitPicture& source, const Rect& area) {
     const int shift = static_cast<int>(left & 7);
     const std::int64_t sourceBytes = (std::int64_t{source.width_} + 7) / 8;
     const std::int64_t targetBytes = (std::int64_t{width_} + 7) / 8;
-    // Byte i of a row is cut from the source's bytes firstByte + i and the one after; others are clear already.
+    // Byte i of a row is cut from the source's bytes firstByte + i and the one after; the others stay clear.
     const std::int64_t begin = std::clamp<std::int64_t>(-firstByte - 1, 0, targetBytes);
     const std::int64_t end = std::clamp<std::int64_t>(sourceBytes - firstByte, begin, targetBytes);
     const int lastMask = (width_ & 7) != 0 ? 0xff00 >> (width_ & 7) : 0xff;
@@ -150,29 +162,30 @@ void BitPicture::Expand(const Rect& screen, int scale, std::uint32_t* target, st
     if (screen.width <= 0 || screen.height <= 0)
         return;
     scale = std::clamp(scale, 1, kMaxScale);
-    const std::int64_t pictureWidth = std::int64_t{width_} * scale, pictureHeight = std::int64_t{height_} * scale;
+    const std::int64_t pictureWidth = std::int64_t{width_} * scale;
+    const std::int64_t pictureHeight = std::int64_t{height_} * scale;
     const std::int64_t left = screen.x, right = left + screen.width;
     const std::int64_t begin = std::clamp<std::int64_t>(left, 0, pictureWidth);
     const std::int64_t end = std::clamp<std::int64_t>(right, begin, pictureWidth);
     const std::int64_t before = std::min(begin - left, right - left), inside = end - begin;
     const auto rowBytes = static_cast<std::size_t>(screen.width) * sizeof(std::uint32_t);
 
-    const RowExpander expander(scale, backColour, foreColour);
-    std::int64_t shownRow = -1; // picture row that stands in the target row above, -1 for none
+    const RowExpander expander(scale, begin, end, backColour, foreColour);
+    constexpr std::int64_t kOutside = -1, kNone = -2;
+    std::int64_t rowAbove = kNone; // picture row, or kOutside, that the target row above shows
     for (int i = 0; i < screen.height; ++i, target += stride) {
         const std::int64_t y = std::int64_t{screen.y} + i;
-        const bool inPicture = y >= 0 && y < pictureHeight && inside > 0;
-        const std::int64_t row = inPicture ? y / scale : -1;
-        if (!inPicture) {
-            std::fill_n(target, screen.width, backColour);
-        } else if (row == shownRow) {
+        const std::int64_t row = y >= 0 && y < pictureHeight && inside > 0 ? y / scale : kOutside;
+        if (row == rowAbove) {
             std::memcpy(target, target - stride, rowBytes);
+        } else if (row == kOutside) {
+            std::fill_n(target, screen.width, backColour);
         } else {
             std::fill_n(target, before, backColour);
-            expander.Row(Row(static_cast<int>(row)), begin, end, target + before);
+            expander.Row(Row(static_cast<int>(row)), target + before);
             std::fill_n(target + before + inside, screen.width - before - inside, backColour);
         }
-        shownRow = row;
+        rowAbove = row;
     }
 }
 

@@ -14,7 +14,7 @@ struct Rect {
 /// One-bit picture: packed rows, leftmost pixel in bit 7, with the two colours that clear and set bits show.
 /// All positions and sizes are picture pixels unless an operation says that it takes screen pixels.
 class BitPicture {
-public:
+  public:
     /// Largest factor of Expand and ExpandRowBits; factors outside 1..64 count as the nearest end.
     static constexpr int kMaxScale = 64;
 
@@ -23,41 +23,45 @@ public:
     int Width() const { return width_; }
     int Height() const { return height_; }
     /// Bytes from one row to the next: a multiple of 16, so that rows can be written 16 bytes at a time. The
-    /// bits right of the picture are 0 and must stay 0.
+    /// first row starts on a cache line. The bits right of the picture are 0 and must stay 0.
     int Stride() const { return stride_; }
     /// First byte of a row, 0 <= row < Height(); not checked.
-    std::uint8_t* Row(int row) { return bits_.data() + Start(row); }
-    const std::uint8_t* Row(int row) const { return bits_.data() + Start(row); }
+    std::uint8_t* Row(int row) { return reinterpret_cast<std::uint8_t*>(bits_.data()) + Start(row); }
+    const std::uint8_t* Row(int row) const {
+        return reinterpret_cast<const std::uint8_t*>(bits_.data()) + Start(row);
+    }
 
     /// True for a set bit; false outside the picture.
-    bool PixelAt(int x, int y) const {
-        return Holds(x, y) && ((Row(y)[x >> 3] >> (7 - (x & 7))) & 1) != 0;
-    }
+    bool PixelAt(int x, int y) const { return Holds(x, y) && ((Row(y)[x >> 3] >> (7 - (x & 7))) & 1) != 0; }
     /// Sets or clears a bit; does nothing outside the picture.
     void SetPixel(int x, int y, bool on);
 
     /// Colours of set and clear bits, 0xffRRGGBB.
     std::uint32_t foreColour = 0xff000000, backColour = 0xff000000;
 
-    /// Becomes the part `area` of `source` (which may be this picture): area.width x area.height pixels, clear
-    /// where `area` lies outside the source, with the colours of the source.
+    /// Becomes the part `area` of `source` (which may be this picture): area.width x area.height pixels,
+    /// clear where `area` lies outside the source, with the colours of the source.
     void CopyArea(const BitPicture& source, const Rect& area);
 
-    /// Writes the rectangle `screen` (screen pixels) of the picture enlarged `scale` times as 32-bit colours, row
-    /// after row, `stride` pixels apart. Pixels outside the enlarged picture take backColour. An empty rectangle
-    /// writes nothing.
+    /// Writes the rectangle `screen` (screen pixels) of the picture enlarged `scale` times as 32-bit colours,
+    /// row after row, `stride` pixels apart. Pixels outside the enlarged picture take backColour. An empty
+    /// rectangle writes nothing.
     void Expand(const Rect& screen, int scale, std::uint32_t* target, std::ptrdiff_t stride) const;
 
-    /// Writes one row of the picture, every pixel `scale` times, one bit a pixel (for bitmap files): Width() x
-    /// scale bits, the last byte filled up with 0. A row outside the picture is clear.
+    /// Writes one row of the picture, every pixel `scale` times, one bit a pixel (for bitmap files): Width()
+    /// x scale bits, the last byte filled up with 0. A row outside the picture is clear.
     void ExpandRowBits(int row, int scale, std::uint8_t* target) const;
 
-private:
+  private:
+    struct alignas(64) CacheLine {
+        std::uint8_t bytes[64];
+    };
+
     bool Holds(int x, int y) const { return x >= 0 && x < width_ && y >= 0 && y < height_; }
     std::ptrdiff_t Start(int row) const { return static_cast<std::ptrdiff_t>(row) * stride_; }
 
     int width_ = 0, height_ = 0, stride_ = 0;
-    std::vector<std::uint8_t> bits_;
+    std::vector<CacheLine> bits_;
 };
 
 } // namespace lmk

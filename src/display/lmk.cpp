@@ -1,15 +1,17 @@
-/// How the drawing stays near the cost of copying bytes: the picture is filled in blocks of 16 lines. For every
-/// block (or character row) ByteWindow::Bytes gives a pointer to memory that may be read whole, so nothing below it
-/// has to think about the ends of the file. Wide columns are copied row by row with a length known to the
-/// compiler; narrow ones would cost one step a byte and are turned as small matrices in registers instead. The
-/// loops are written so that the compiler makes vector code of them. A clip that leaves part of the picture takes
-/// the plain road, byte by byte.
+/// How the drawing stays near the cost of copying bytes: the picture is filled in blocks of lines. For every
+/// block ByteWindow::Bytes gives a pointer to memory that may be read whole, so nothing below it has to think
+/// about the ends of the file. Wide columns are copied line by line with a length known to the compiler;
+/// narrow columns and characters would cost one step a byte and are turned as small matrices in registers
+/// instead. The loops are plain C++ that the compiler makes vector code of at -O3. A clip that leaves part of
+/// the picture takes the simple road, byte by byte.
 #include "display/lmk.h"
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstring>
+#include <type_traits>
 #include <utility>
 
 namespace lmk {
@@ -19,9 +21,11 @@ enum Mode : int { kGraphics = 0, kScreen = 1, kText = 2, kLineMasks = 3, kByteMa
 
 constexpr int kMaxColumns = 16, kMaxLines = 512, kMaxColumnBytes = 32;
 constexpr int kMaxRowBytes = kMaxColumns * kMaxColumnBytes;
-constexpr int kBlockLines = 16;
+/// Lines of wide columns drawn at a time.
+constexpr int kBlockLines = 64;
 constexpr int kCharLines = 8;
-/// Most bytes that are asked of ByteWindow at once: a character row.
+/// Most bytes that are asked of ByteWindow at once: a character row, a block of a wide column, a narrow
+/// column.
 constexpr int kMaxRun = kCharLines * kMaxRowBytes;
 static_assert(kMaxRun >= kBlockLines * 2 * kMaxColumnBytes);
 
@@ -29,7 +33,7 @@ constexpr std::array<std::uint8_t, kMaxRun> kZeros{};
 
 /// The memory as an endless line of bytes, 0 outside.
 class ByteWindow {
-public:
+  public:
     ByteWindow(const std::uint8_t* memory, std::int32_t length)
         : memory_(memory), length_(memory != nullptr && length > 0 ? length : 0) {}
 
@@ -37,23 +41,27 @@ public:
         return address >= 0 && address < length_ ? memory_[address] : std::uint8_t{0};
     }
 
-    /// Pointer to `count` (1..kMaxRun) readable bytes with the content of address, address + 1, ... A run across an
-    /// end of the memory is pieced together in a patch; there is one for each end, so that runs which do not
-    /// overlap may be asked for one after the other and used together.
+    bool IsInside(std::int64_t begin, std::int64_t end) const { return begin >= 0 && end <= length_; }
+    bool IsOutside(std::int64_t begin, std::int64_t end) const { return end <= 0 || begin >= length_; }
+
+    /// Pointer to `count` (1..kMaxRun) readable bytes with the content of address, address + 1, ... A run
+    /// across an end of the memory is pieced together in a patch; there is one for each end, so that runs
+    /// which do not overlap may be asked for one after the other and used together.
     const std::uint8_t* Bytes(std::int64_t address, std::int64_t count) {
         const std::int64_t end = address + count;
-        if (address >= 0 && end <= length_)
+        if (IsInside(address, end))
             return memory_ + address;
-        if (end <= 0 || address >= length_)
+        if (IsOutside(address, end))
             return kZeros.data();
         std::uint8_t* patch = patches_[address < 0 ? 0 : 1];
-        const std::int64_t from = std::max<std::int64_t>(address, 0), to = std::min<std::int64_t>(end, length_);
+        const std::int64_t from = std::max<std::int64_t>(address, 0),
+                           to = std::min<std::int64_t>(end, length_);
         std::fill_n(patch, count, std::uint8_t{0});
         std::copy(memory_ + from, memory_ + to, patch + (from - address));
         return patch;
     }
 
-private:
+  private:
     const std::uint8_t* memory_;
     std::int64_t length_;
     std::uint8_t patches_[2][kMaxRun]; // filled when needed
@@ -69,6 +77,10 @@ struct View {
     /// Bytes from one line of a column to the next one, in the modes with columns.
     int Pitch() const { return mode == kGraphics ? columnBytes : 2 * columnBytes; }
     int RowBytes() const { return columnBytes * columns; }
+    /// Address of the first byte of a line of a column, in the modes with columns.
+    std::int64_t Address(int column, int line) const {
+        return offset + (std::int64_t{column} * lines + line) * Pitch();
+    }
     /// Address of the first byte of a line, in Text of the line's byte in the first character.
     std::int64_t LineAddress(int line) const {
         switch (mode) {
@@ -87,149 +99,206 @@ struct Target {
     std::uint8_t* Line(int line) const { return line0 + line * step; }
 };
 
-// ---- Blocks of lines ---------------------------------------------------------------------------------------------
+// ---- Wide columns
+// ------------------------------------------------------------------------------------------------
 
-template <int kBytes>
-void CopyLines(std::uint8_t* __restrict to, std::ptrdiff_t step, const std::uint8_t* __restrict from, int pitch,
-               int lines) {
-    for (int i = 0; i < lines; ++i, to += step, from += pitch)
-        std::memcpy(to, from, kBytes);
-}
-
-/// The same for bytes that are followed by mask bytes.
-template <int kBytes>
-void CopyEvenBytes(std::uint8_t* __restrict to, std::ptrdiff_t step, const std::uint8_t* __restrict from, int pitch,
-                   int lines) {
-    for (int i = 0; i < lines; ++i, to += step, from += pitch)
-        for (int b = 0; b < kBytes; ++b)
-            to[b] = from[2 * b];
-}
-
-using LineCopier = void (*)(std::uint8_t*, std::ptrdiff_t, const std::uint8_t*, int, int);
-
-template <std::size_t... kIndex>
-LineCopier CopierFor(int columnBytes, bool everySecond, std::index_sequence<kIndex...>) {
-    static constexpr LineCopier kPlain[] = {&CopyLines<kIndex + 1>...};
-    static constexpr LineCopier kEven[] = {&CopyEvenBytes<kIndex + 1>...};
-    return (everySecond ? kEven : kPlain)[columnBytes - 1];
-}
-
-/// Turns 16 / sizeof(Unit) columns by 16 lines: piece `line` of columns[k] becomes piece k of target line `line`.
+/// An unsigned number of twice the size.
 template <typename Unit>
-void TurnColumns(const std::uint8_t* const* columns, const Target& target, int firstLine) {
-    constexpr std::size_t kColumns = 16 / sizeof(Unit);
-    Unit in[kColumns][kBlockLines], out[kBlockLines][kColumns];
-    for (std::size_t k = 0; k < kColumns; ++k)
-        std::memcpy(in[k], columns[k], sizeof in[k]);
-    for (int line = 0; line < kBlockLines; ++line)
-        for (std::size_t k = 0; k < kColumns; ++k)
-            out[line][k] = in[k][line];
-    for (int line = 0; line < kBlockLines; ++line)
-        std::memcpy(target.Line(firstLine + line), out[line], sizeof out[line]);
+using Twice = std::conditional_t<sizeof(Unit) == 1, std::uint16_t,
+                                 std::conditional_t<sizeof(Unit) == 2, std::uint32_t, std::uint64_t>>;
+
+/// The first unit, the picture's, of a pair of picture and mask. Reading both lets the compiler take whole
+/// vectors.
+template <typename Unit> Unit FirstOfPair(const std::uint8_t* pair) {
+    Twice<Unit> both;
+    std::memcpy(&both, pair, sizeof both);
+    return static_cast<Unit>(std::endian::native == std::endian::little ? both : both >> 8 * sizeof(Unit));
 }
 
-/// Picks units 0, 2, 4 ... of a block: drops mask bytes (one-byte units) or mask rows (units of a row's length).
-template <typename Unit>
-void PickEven(const std::uint8_t* from, std::uint8_t* to, int units) {
-    for (int i = 0; i < units; ++i)
-        std::memcpy(to + i * static_cast<int>(sizeof(Unit)), from + 2 * i * static_cast<int>(sizeof(Unit)),
-                    sizeof(Unit));
-}
-
-/// Columns of 8, 16 or 32 pixels (Unit: one line of one), at least 16 lines.
-template <typename Unit>
-void DrawNarrowColumns(const View& view, ByteWindow& window, const Target& target) {
-    constexpr std::size_t kTurned = 16 / sizeof(Unit);
-    constexpr int kGroup = static_cast<int>(kTurned), kBytes = static_cast<int>(sizeof(Unit));
-    std::uint8_t picked[kTurned][kBlockLines * sizeof(Unit)];
-    for (int line = 0; line < view.lines; line += kBlockLines) {
-        const int first = std::min(line, view.lines - kBlockLines); // the last block may repeat lines
-        for (int group = 0; group < view.columns; group += kGroup) {
-            const std::uint8_t* columns[kTurned];
-            for (int k = 0; k < kGroup; ++k) {
-                if (group + k >= view.columns) {
-                    columns[k] = kZeros.data(); // bits right of the picture
-                    continue;
-                }
-                const std::int64_t row = std::int64_t{group + k} * view.lines + first;
-                columns[k] = window.Bytes(view.offset + row * view.Pitch(), kBlockLines * view.Pitch());
-                if (view.mode == kGraphics)
-                    continue;
-                if (view.mode == kByteMasks)
-                    PickEven<std::uint8_t>(columns[k], picked[k], kBlockLines * kBytes);
-                else
-                    PickEven<Unit>(columns[k], picked[k], kBlockLines);
-                columns[k] = picked[k];
-            }
-            TurnColumns<Unit>(columns, Target{target.line0 + group * kBytes, target.step}, first);
+/// Copies kColumns (1 or 2) columns of kBytes bytes, whose lines lie `pitch` bytes apart at first and second,
+/// next to each other. kByteMasks: every byte is followed by its mask byte.
+template <int kBytes, int kColumns, bool kHasByteMasks>
+void CopyLines(std::uint8_t* __restrict to, std::ptrdiff_t step, const std::uint8_t* __restrict first,
+               const std::uint8_t* __restrict second, int pitch, int lines) {
+    const auto copyLine = [](std::uint8_t* __restrict target, const std::uint8_t* __restrict from) {
+        if constexpr (kHasByteMasks)
+            for (int b = 0; b < kBytes; ++b)
+                target[b] = FirstOfPair<std::uint8_t>(from + 2 * b);
+        else
+            std::memcpy(target, from, kBytes);
+    };
+    for (int i = 0; i < lines; ++i, to += step, first += pitch) {
+        copyLine(to, first);
+        if constexpr (kColumns == 2) {
+            copyLine(to + kBytes, second);
+            second += pitch;
         }
     }
 }
 
-void DrawColumns(const View& view, ByteWindow& window, const Target& target) {
-    constexpr int kTurnFrom = 4; // columns; fewer are copied faster one by one
-    if (view.lines >= kBlockLines && view.columns >= kTurnFrom) {
-        switch (view.columnBytes) {
-        case 1: return DrawNarrowColumns<std::uint8_t>(view, window, target);
-        case 2: return DrawNarrowColumns<std::uint16_t>(view, window, target);
-        case 4: return DrawNarrowColumns<std::uint32_t>(view, window, target);
-        default: break;
-        }
+using LineCopier = void (*)(std::uint8_t*, std::ptrdiff_t, const std::uint8_t*, const std::uint8_t*, int,
+                            int);
+
+template <bool kHasByteMasks> LineCopier OneColumnCopier(int columnBytes) {
+    static constexpr auto kCopiers = []<std::size_t... kIndex>(std::index_sequence<kIndex...>) {
+        return std::array<LineCopier, kMaxColumnBytes>{&CopyLines<kIndex + 1, 1, kHasByteMasks>...};
     }
-    const LineCopier copy =
-        CopierFor(view.columnBytes, view.mode == kByteMasks, std::make_index_sequence<kMaxColumnBytes>());
+    (std::make_index_sequence<kMaxColumnBytes>());
+    return kCopiers[static_cast<std::size_t>(columnBytes - 1)];
+}
+
+/// Columns of any width. The widest go two at a time, so that they fill whole cache lines.
+template <Mode kMode> void DrawWideColumns(const View& view, ByteWindow& window, const Target& target) {
+    constexpr bool kHasByteMasks = kMode == kByteMasks;
+    const LineCopier copyOne = OneColumnCopier<kHasByteMasks>(view.columnBytes);
+    constexpr LineCopier kCopyTwo = &CopyLines<kMaxColumnBytes, 2, kHasByteMasks>;
     const int pitch = view.Pitch();
     for (int line = 0; line < view.lines; line += kBlockLines) {
         const int lines = std::min(kBlockLines, view.lines - line);
-        for (int column = 0; column < view.columns; ++column) {
-            const std::int64_t row = std::int64_t{column} * view.lines + line;
-            copy(target.Line(line) + column * view.columnBytes, target.step,
-                 window.Bytes(view.offset + row * pitch, lines * pitch), pitch, lines);
+        const auto bytes = [&](int column) {
+            return window.Bytes(view.Address(column, line), lines * pitch);
+        };
+        int column = 0;
+        if (view.columnBytes == kMaxColumnBytes)
+            for (; column + 1 < view.columns; column += 2)
+                kCopyTwo(target.Line(line) + column * kMaxColumnBytes, target.step, bytes(column),
+                         bytes(column + 1), pitch, lines);
+        for (; column < view.columns; ++column)
+            copyOne(target.Line(line) + column * view.columnBytes, target.step, bytes(column), nullptr, pitch,
+                    lines);
+    }
+}
+
+// ---- Narrow columns
+// ----------------------------------------------------------------------------------------------
+
+/// Picks the first of every pair: drops mask bytes, or mask lines (a Unit is then a whole line).
+template <typename Unit, int kUnits>
+void PickFirsts(const std::uint8_t* __restrict pairs, void* __restrict to) {
+    Unit firsts[static_cast<std::size_t>(kUnits)];
+    for (int i = 0; i < kUnits; ++i)
+        firsts[i] = FirstOfPair<Unit>(pairs + 2 * i * int{sizeof(Unit)});
+    std::memcpy(to, firsts, sizeof firsts);
+}
+
+/// One perfect riffle of kUnits units: the halves of `from` are laid into each other. Seen on the number of a
+/// unit's place, its top bit moves to the bottom, so that n riffles turn a matrix of 2 to the power n rows.
+template <typename Unit, int kUnits> void Riffle(const Unit* __restrict from, Unit* __restrict to) {
+    for (int i = 0; i < kUnits / 2; ++i) {
+        to[2 * i] = from[i];
+        to[2 * i + 1] = from[kUnits / 2 + i];
+    }
+}
+
+/// Turns the matrix of 16 / sizeof(Unit) rows in `a`, or for characters of 16 rows; the result is in `a`
+/// again, or in `b` after an odd number of riffles. Inlined, the vectors stay in registers from one riffle to
+/// the next.
+template <typename Unit, int kUnits> [[gnu::always_inline]] inline const Unit* Turn(Unit* a, Unit* b) {
+    Riffle<Unit, kUnits>(a, b);
+    Riffle<Unit, kUnits>(b, a);
+    if constexpr (sizeof(Unit) == 4)
+        return a;
+    Riffle<Unit, kUnits>(a, b);
+    if constexpr (sizeof(Unit) == 2)
+        return b;
+    Riffle<Unit, kUnits>(b, a);
+    return a;
+}
+
+/// Columns of 8, 16 or 32 pixels (a Unit is one line of one) in a view of at least 16 lines: blocks of 16
+/// lines and 16 / sizeof(Unit) columns are turned, so that line i of column k becomes unit k of line i.
+template <typename Unit, Mode kMode>
+void DrawNarrowColumns(const View& view, ByteWindow& window, const Target& target) {
+    static_assert(kMaxLines * 2 * int{sizeof(Unit)} <= kMaxRun, "a whole column is asked of the window");
+    constexpr std::size_t kArray = 16 / sizeof(Unit), kLines = 16;
+    constexpr int kColumns = int{kArray}, kUnits = int{kArray * kLines};
+    const int pitch = view.Pitch();
+    for (int first = 0; first < view.columns; first += kColumns) {
+        const std::uint8_t* columns[kArray];
+        for (int k = 0; k < kColumns; ++k)
+            columns[k] = first + k < view.columns
+                             ? window.Bytes(view.Address(first + k, 0), view.lines * pitch)
+                             : kZeros.data(); // the bits right of the picture
+        for (int i = 0; i < view.lines; i += int{kLines}) {
+            const int line = std::min(i, view.lines - int{kLines}); // the last block may repeat lines
+            const int distance = line * pitch;
+            Unit a[kArray * kLines], b[kArray * kLines];
+            for (std::size_t k = 0; k < kArray; ++k) {
+                const std::uint8_t* from = columns[k] + distance;
+                if constexpr (kMode == kGraphics)
+                    std::memcpy(a + k * kLines, from, kLines * sizeof(Unit));
+                else if constexpr (kMode == kLineMasks)
+                    PickFirsts<Unit, int{kLines}>(from, a + k * kLines);
+                else
+                    PickFirsts<std::uint8_t, int{kLines * sizeof(Unit)}>(from, a + k * kLines);
+            }
+            const Unit* turned = Turn<Unit, kUnits>(a, b);
+            std::uint8_t* to = target.Line(line) + first * int{sizeof(Unit)};
+            for (int k = 0; k < int{kLines}; ++k, to += target.step)
+                std::memcpy(to, turned + k * kColumns, 16);
         }
     }
 }
 
+template <Mode kMode> void DrawColumns(const View& view, ByteWindow& window, const Target& target) {
+    constexpr int kTurnedLines = 16, kTurnedColumns = 4; // with fewer the plain road is faster
+    if (view.lines >= kTurnedLines && view.columns >= kTurnedColumns) {
+        switch (view.columnBytes) {
+        case 1: return DrawNarrowColumns<std::uint8_t, kMode>(view, window, target);
+        case 2: return DrawNarrowColumns<std::uint16_t, kMode>(view, window, target);
+        case 4: return DrawNarrowColumns<std::uint32_t, kMode>(view, window, target);
+        default: break;
+        }
+    }
+    DrawWideColumns<kMode>(view, window, target);
+}
+
+// ---- Screen and Text
+// ---------------------------------------------------------------------------------------------
+
 void DrawScreen(const View& view, ByteWindow& window, const Target& target) {
-    const auto bytes = static_cast<std::size_t>(view.RowBytes());
-    for (int line = 0; line < view.lines; ++line)
-        std::memcpy(target.Line(line), window.Bytes(view.LineAddress(line), view.RowBytes()), bytes);
+    constexpr int kThird = 64, kRows = 8, kRowBytes = 32;
+    const LineCopier copy = OneColumnCopier<false>(view.columnBytes);
+    for (int third = 0; third < view.lines; third += kThird) {
+        for (int line = third; line < std::min(third + kRows, view.lines); ++line) {
+            // The lines line, line + 8, line + 16 ... of a third follow each other in memory.
+            const int rows = std::min(kRows, (view.lines - line + kRows - 1) / kRows);
+            const std::uint8_t* from =
+                window.Bytes(view.LineAddress(line), (rows - 1) * kRowBytes + view.RowBytes());
+            for (int column = 0; column < view.columns; ++column)
+                copy(target.Line(line) + column * view.columnBytes, target.step * kRows,
+                     from + column * view.columnBytes, nullptr, kRowBytes, rows);
+        }
+    }
 }
 
-/// Turns 16 characters of 8 bytes into 8 lines of 16 bytes.
-void TurnCharacters(const std::uint8_t* __restrict characters, std::uint8_t (&out)[kCharLines][16]) {
-    std::uint8_t in[16][kCharLines];
-    std::memcpy(in, characters, sizeof in);
-    for (int line = 0; line < kCharLines; ++line)
-        for (int k = 0; k < 16; ++k)
-            out[line][k] = in[k][line];
-}
-
+/// Characters of 8 bytes: 16 at a time make 8 lines of 16 bytes.
 void DrawText(const View& view, ByteWindow& window, const Target& target) {
-    constexpr int kGroup = 16;
-    std::uint8_t out[kCharLines][kGroup];
+    constexpr int kGroup = 16, kBytes = kGroup * kCharLines;
+    std::uint8_t a[kBytes], b[kBytes];
     for (int line = 0; line < view.lines; line += kCharLines) {
         const std::uint8_t* from = window.Bytes(view.LineAddress(line), kCharLines * view.RowBytes());
         const int lines = std::min(kCharLines, view.lines - line);
         for (int group = 0; group < view.RowBytes(); group += kGroup) {
-            const int count = std::min(kGroup, view.RowBytes() - group);
-            const std::uint8_t* characters = from + group * kCharLines;
-            std::uint8_t filledUp[kGroup * kCharLines];
-            if (count < kGroup) { // a row has room for 16 bytes; those right of the picture stay 0
-                std::fill(std::copy_n(characters, count * kCharLines, filledUp), std::end(filledUp),
-                          std::uint8_t{0});
-                characters = filledUp;
+            if (view.RowBytes() - group >= kGroup) {
+                std::memcpy(a, from + group * kCharLines, kBytes);
+            } else { // a row has room for 16 bytes; those right of the picture stay 0
+                const auto count = static_cast<std::size_t>((view.RowBytes() - group) * kCharLines);
+                std::memset(a, 0, kBytes);
+                std::memcpy(a, from + group * kCharLines, count);
             }
-            TurnCharacters(characters, out);
+            const std::uint8_t* turned = Turn<std::uint8_t, kBytes>(a, b);
             for (int i = 0; i < lines; ++i)
-                std::memcpy(target.Line(line + i) + group, out[i], kGroup);
+                std::memcpy(target.Line(line + i) + group, turned + i * kGroup, kGroup);
         }
     }
 }
 
-// ---- The clip ----------------------------------------------------------------------------------------------------
+// ---- The clip
+// ----------------------------------------------------------------------------------------------------
 
-/// Draws only `clip`, which lies in the picture and is not empty. The bits of a byte that the clip leaves out keep
-/// what they were.
+/// Draws only `clip`, which lies in the picture and is not empty. The bits of a byte that the clip leaves out
+/// keep what they were.
 void DrawClip(const View& view, const ByteWindow& window, const Target& target, const Rect& clip) {
     const int right = clip.x + clip.width;
     const int firstByte = clip.x / 8, lastByte = (right - 1) / 8;
@@ -279,9 +348,9 @@ std::int32_t ZoomIndexToFactor(std::int32_t iZoom) {
     return iZoom >= 1 && iZoom <= 5 ? 1 << (iZoom - 1) : 0;
 }
 
-std::int32_t zxShowMem(DeviceContext* hdc, const std::uint8_t* memory, std::int32_t offset, std::int32_t length,
-                       std::int32_t width, std::int32_t lines, std::int32_t columns, std::int32_t options,
-                       std::uint8_t attribute, const std::int32_t* palette) {
+std::int32_t zxShowMem(DeviceContext* hdc, const std::uint8_t* memory, std::int32_t offset,
+                       std::int32_t length, std::int32_t width, std::int32_t lines, std::int32_t columns,
+                       std::int32_t options, std::uint8_t attribute, const std::int32_t* palette) {
     if (hdc == nullptr)
         return 0;
     View view{};
@@ -310,18 +379,21 @@ std::int32_t zxShowMem(DeviceContext* hdc, const std::uint8_t* memory, std::int3
 
     ByteWindow window(memory, length);
     const std::ptrdiff_t stride = picture.Stride();
-    const Target target = view.upsideDown ? Target{picture.Row(view.lines - 1), -stride}
-                                          : Target{picture.Row(0), stride};
+    const Target target =
+        view.upsideDown ? Target{picture.Row(view.lines - 1), -stride} : Target{picture.Row(0), stride};
     if (clip.width <= 0 || clip.height <= 0)
         return 1;
-    if (clip.width < whole.width || clip.height < whole.height)
+    if (clip.width < whole.width || clip.height < whole.height) {
         DrawClip(view, window, target, clip);
-    else if (view.mode == kScreen)
-        DrawScreen(view, window, target);
-    else if (view.mode == kText)
-        DrawText(view, window, target);
-    else
-        DrawColumns(view, window, target);
+        return 1;
+    }
+    switch (view.mode) {
+    case kScreen: DrawScreen(view, window, target); break;
+    case kText: DrawText(view, window, target); break;
+    case kLineMasks: DrawColumns<kLineMasks>(view, window, target); break;
+    case kByteMasks: DrawColumns<kByteMasks>(view, window, target); break;
+    default: DrawColumns<kGraphics>(view, window, target); break;
+    }
     return 1;
 }
 

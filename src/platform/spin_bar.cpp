@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <QProxyStyle>
 #include <QStyleFactory>
-#include <QStyleOptionFocusRect>
 #include <QWheelEvent>
 
 namespace lumrake {
@@ -80,11 +79,9 @@ void SpinBar::wheelEvent(QWheelEvent* event) {
 void SpinBar::paintEvent(QPaintEvent* event) {
     QScrollBar::paintEvent(event);
     if (hasFocus()) {
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        option.backgroundColor = palette().color(QPalette::Button);
         QPainter painter(this);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 }
 

@@ -10,6 +10,7 @@
 #include "shell/shell.h"
 #include "snapshot/view_limits.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QProgressBar>
@@ -44,6 +45,7 @@ FileError Refusal(const QString& path, std::optional<std::int64_t> length) {
 frmSnapshot::frmSnapshot() = default;
 frmSnapshot::~frmSnapshot() {
     EndPlacing();
+    disconnect(qApp, nullptr, this, nullptr); // its controls lose the focus after the window is gone
 }
 
 bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {

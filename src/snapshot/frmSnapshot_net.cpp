@@ -108,6 +108,7 @@ void frmSnapshot::PaintNet(QPainter& painter, const QRect& exposed) const {
         return;
     }
     painter.setCompositionMode(QPainter::CompositionMode_Difference);
+    painter.setRenderHint(QPainter::NonCosmeticBrushPatterns); // dots as large as the line is thick
     const QBrush white(Qt::white, shpNet.Dotted ? Qt::Dense4Pattern : Qt::SolidPattern);
     for (const NetRect& line : BorderOf(shpNet)) {
         painter.fillRect(Rectangle(line) & exposed, white);

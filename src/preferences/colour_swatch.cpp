@@ -1,0 +1,44 @@
+#include "preferences/colour_swatch.h"
+
+#include "preferences/palette_rules.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace lumrake {
+
+void ColourSwatch::SetBackColor(Colour colour) {
+    colour_ = colour;
+    update();
+}
+
+void ColourSwatch::paintEvent(QPaintEvent*) {
+    const ColourParts parts = PartsOf(colour_);
+    QPainter painter(this);
+    painter.fillRect(rect(), QColor(parts.red, parts.green, parts.blue));
+    // A line of middle grey keeps white apart from a light ground and black from the marker around it.
+    painter.setPen(QColor(128, 128, 128));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void ColourSwatch::mousePressEvent(QMouseEvent* event) {
+    event->accept(); // the release comes here only after that
+}
+
+void ColourSwatch::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()) && Click) {
+        Click();
+    }
+}
+
+SwatchMarker::SwatchMarker(QWidget* parent) : QWidget(parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void SwatchMarker::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+} // namespace lumrake

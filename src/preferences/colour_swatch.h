@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/watched.h"
+#include "shell/settings.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace lumrake {
+
+/// A square painted in one colour inside a thin line, to be clicked.
+class ColourSwatch : public Watched<QWidget> {
+  public:
+    using Watched<QWidget>::Watched;
+
+    /// The colour as it was given, its high byte included; only the lower three are painted.
+    Colour BackColor() const { return colour_; }
+    void SetBackColor(Colour colour);
+    /// The left button was pressed and let go over the square.
+    std::function<void()> Click;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    Colour colour_ = 0;
+};
+
+/// The frame around the selected swatch, one pixel wide; the mouse goes through it.
+class SwatchMarker : public QWidget {
+  public:
+    explicit SwatchMarker(QWidget* parent = nullptr);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace lumrake

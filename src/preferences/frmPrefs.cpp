@@ -1,0 +1,182 @@
+#include "preferences/frmPrefs.h"
+
+#include "platform/message_box.h"
+#include "platform/numbers.h"
+#include "platform/screen.h"
+#include "platform/tab_strip.h"
+#include "preferences/digit_box.h"
+#include "shell/shell.h"
+#include "snapshot/frmColours.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QMenu>
+#include <QPointer>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+
+#include <algorithm>
+
+namespace lumrake {
+
+namespace {
+
+QString TagOf(const QObject* control) {
+    return control->property("Tag").toString();
+}
+
+std::int16_t NumberOfTag(const QObject* control) {
+    return WholeNumberFromText<std::int16_t>(TagOf(control).toStdString());
+}
+
+/// Sets the option whose Tag is `value`; a value that no option has is shown as the first.
+template <std::size_t N> void SetByTag(const std::array<QRadioButton*, N>& options, std::int16_t value) {
+    const auto found = std::find_if(options.begin(), options.end(), [value](const QRadioButton* option) {
+        return NumberOfTag(option) == value;
+    });
+    (found == options.end() ? options.front() : *found)->setChecked(true);
+}
+
+template <std::size_t N> std::size_t IndexOfSet(const std::array<QRadioButton*, N>& options) {
+    const auto found = std::find_if(options.begin(), options.end(),
+                                    [](const QRadioButton* option) { return option->isChecked(); });
+    return static_cast<std::size_t>(found - options.begin()) % N;
+}
+
+} // namespace
+
+void ShowPreferences() {
+    // The main window owns the dialog and may take it along before it returns.
+    const QPointer<frmPrefs> form = new frmPrefs(QApplication::activeWindow());
+    form->exec();
+    delete form;
+}
+
+frmPrefs::frmPrefs(QWidget* parent) : QDialog(parent) {
+    CreateControls();
+    ConnectControls();
+    ConnectPalette();
+    Form_Load();
+}
+
+void frmPrefs::ConnectControls() {
+    for (int i = 0; i < static_cast<int>(cmdPrefs.size()); ++i) {
+        if (QPushButton* button = cmdPrefs[static_cast<std::size_t>(i)]) {
+            connect(button, &QPushButton::clicked, this, [this, i] { cmdPrefs_Click(i); });
+        }
+    }
+    for (int i = 0; i < static_cast<int>(optMode.size()); ++i) {
+        connect(optMode[static_cast<std::size_t>(i)], &QRadioButton::toggled, this, [this, i](bool on) {
+            if (on) {
+                optMode_Click(i);
+            }
+        });
+    }
+    SSTab1->Click = [this](int page) { SSTab1_Click(page); };
+    SSTab1->MouseMove = [this](int x, int y) { SSTab1_MouseMove(x, y); };
+}
+
+void frmPrefs::Form_Load() {
+    CentreOnScreen(*this);
+    SettingsToScreen();
+}
+
+void frmPrefs::SettingsToScreen() {
+    chkGeneral[0]->setChecked(Settings.bPromptSave != 0);
+    chkGeneral[1]->setChecked(Settings.bAutoload != 0);
+    const std::array<std::int32_t, kDefaultFields> numbers{Settings.lDefaultOffset, Settings.iDefaultWidth,
+                                                           Settings.iDefaultLines, Settings.iDefaultColumns,
+                                                           Settings.iDefaultAttribute};
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        txtDefault[i]->ShowWhole(QString::number(numbers[i]));
+    }
+    const std::size_t mode = ModeOption(Settings.iDefaultMode);
+    optMode[mode]->setChecked(true);
+    optMode_Click(static_cast<int>(mode)); // an option that was set already raises no event
+    SetByTag(optSmall, Settings.iSmallChange);
+    SetByTag(optLarge, Settings.iLargeChange);
+    PaletteToSwatches();
+}
+
+void frmPrefs::ScreenToSettings() const {
+    Settings.bPromptSave = chkGeneral[0]->isChecked() ? 1 : 0;
+    Settings.bAutoload = chkGeneral[1]->isChecked() ? 1 : 0;
+    const DefaultTexts texts = Texts();
+    Settings.lDefaultOffset = WholeNumberFromText<std::int32_t>(texts[kOffset]);
+    Settings.iDefaultWidth = WholeNumberFromText<std::int16_t>(texts[kWidth]);
+    Settings.iDefaultLines = WholeNumberFromText<std::int16_t>(texts[kLines]);
+    Settings.iDefaultColumns = WholeNumberFromText<std::int16_t>(texts[kColumns]);
+    Settings.iDefaultAttribute = WholeNumberFromText<std::int16_t>(texts[kAttribute]);
+    Settings.iDefaultMode = static_cast<std::int16_t>(IndexOfSet(optMode));
+    Settings.iSmallChange = NumberOfTag(optSmall[IndexOfSet(optSmall)]);
+    Settings.iLargeChange = NumberOfTag(optLarge[IndexOfSet(optLarge)]);
+    SwatchesToPalette();
+}
+
+bool frmPrefs::ValidatePrefs() const {
+    const std::string_view fault = FirstFault(Texts());
+    if (!fault.empty()) {
+        MsgBox(QString::fromUtf8(fault.data(), static_cast<qsizetype>(fault.size())), BoxButtons::Ok,
+               BoxIcon::Exclamation, QStringLiteral("Preferences"));
+    }
+    return fault.empty();
+}
+
+DefaultTexts frmPrefs::Texts() const {
+    DefaultTexts texts;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        texts[i] = txtDefault[i]->text().toStdString();
+    }
+    return texts;
+}
+
+void frmPrefs::cmdPrefs_Click(int Index) {
+    QPushButton* button = cmdPrefs[static_cast<std::size_t>(Index)];
+    // An access key or Enter leaves the focus in its field, whose LostFocus would then never come.
+    button->setFocus();
+    const QString tag = TagOf(button);
+    if (tag == QLatin1String("OKAY")) {
+        if (ValidatePrefs()) {
+            ScreenToSettings();
+            accept();
+        }
+    } else if (tag == QLatin1String("CANCEL")) {
+        reject();
+    } else if (tag == QLatin1String("ATTRIBUTE")) {
+        DigitBox* box = txtDefault[kAttribute];
+        const std::int16_t chosen =
+            frmColours(this).GetColour(WholeNumberFromText<std::int16_t>(box->text().toStdString()));
+        if (chosen >= 0) {
+            box->setText(QString::number(chosen));
+        }
+    } else if (tag == QLatin1String("POPUP")) {
+        menu_palettetop->popup(QCursor::pos());
+    }
+}
+
+void frmPrefs::optMode_Click(int Index) {
+    const auto& rules = SizeFieldRules(static_cast<std::int16_t>(Index));
+    for (std::size_t i = 0; i < rules.size(); ++i) {
+        DigitBox* box = txtDefault[kWidth + i];
+        if (!rules[i].text.empty()) {
+            box->setText(QString::fromLatin1(rules[i].text.data()));
+        }
+        box->setEnabled(rules[i].enabled);
+    }
+}
+
+void frmPrefs::txtDefault_LostFocus(int Index) {
+    DigitBox* box = txtDefault[static_cast<std::size_t>(Index)];
+    if (TagOf(box) == QLatin1String("LINES") && optMode[kTextMode]->isChecked()) {
+        box->setText(QString::fromStdString(TextModeLines(box->text().toStdString())));
+    }
+}
+
+void frmPrefs::SSTab1_Click(int page) {
+    const std::array<QWidget*, 4> first{chkGeneral[0], txtDefault[0], optSmall[IndexOfSet(optSmall)],
+                                        scrCol[0]};
+    first[static_cast<std::size_t>(page)]->setFocus();
+}
+
+} // namespace lumrake

@@ -1,0 +1,159 @@
+#include "assistant/frmHelp.h"
+
+#include "assistant/prompts.h"
+#include "support/forms_support.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QMdiArea>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace lumrake::testing {
+namespace {
+
+// The opening words; whether the rest of a text fits is tested below.
+const QString kGreeting = QStringLiteral("Hello, I'm Mr Fizzlet. I'm here to help you");
+const QString kStolen =
+    QStringLiteral("It would appear that somebody has stolen the help file.  It's called");
+const QString kUnknown = QStringLiteral("Sorry, I can't help you with that one!");
+
+/// The assistant in an area of 600 x 400 pixels.
+class Assistant : public ::testing::Test {
+  protected:
+    Assistant() {
+        area.resize(600, 400);
+        area.show();
+    }
+    /// Whether the bubble is there and begins with this; an empty text asks for no bubble.
+    bool Says(const QString& text) const {
+        const bool shown = label->isVisible() && tail->isVisible();
+        return text.isEmpty() ? !shown : shown && label->text().startsWith(text);
+    }
+    void WriteHelp(const QByteArray& bytes) {
+        stage.MakeFile(QStringLiteral("LMKHELP.DAT"), {reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                                                       static_cast<std::size_t>(bytes.size())});
+    }
+
+    Stage stage;
+    QMdiArea area;
+    frmHelp& form = *new frmHelp(&area); // goes with the area
+    QLabel* label = form.findChild<QLabel*>(QStringLiteral("lblBubble"));
+    QWidget* figure = form.findChild<QWidget*>(QStringLiteral("imgFizzlet0"));
+    QWidget* tail = form.findChild<QWidget*>(QStringLiteral("imgFizzlet1"));
+    const QPoint corner{600 - 257, 400 - 231}; // 250 x 224 pixels and 100 twips
+};
+
+TEST_F(Assistant, GoesThroughHisStates) {
+    EXPECT_FALSE(form.isVisible());
+    form.Launch();
+    EXPECT_EQ(form.geometry(), QRect(corner, QSize(250, 224)));
+    EXPECT_TRUE(figure->isVisible() && Says({}));
+    form.SetPrompt(kUnknown);
+    EXPECT_TRUE(Says(kUnknown));
+    QTest::mouseMove(&form, QPoint(15, 15)); // the bubble beside the label
+    EXPECT_TRUE(Says({}));
+    QTest::mouseMove(figure, QPoint(20, 30));
+    EXPECT_TRUE(Says(kGreeting));
+    QTest::mouseMove(label, QPoint(20, 30));
+    EXPECT_TRUE(Says(kGreeting));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&form, &leave);
+    EXPECT_TRUE(Says({}));
+
+    form.SetPrompt(kUnknown);
+    form.move(3, 4);
+    form.Launch(); // the main window became active
+    EXPECT_TRUE(Says({}));
+    EXPECT_EQ(form.pos(), QPoint(3, 4));
+    form.Kill();
+    EXPECT_FALSE(form.isVisible());
+    form.Launch();
+    EXPECT_EQ(form.pos(), corner);
+}
+
+TEST_F(Assistant, OnlyWhatIsSeenCatchesTheMouse) {
+    const struct {
+        QPoint place;
+        bool idle, speaking;
+    } cases[] = {{{2, 2}, false, false},    {{100, 8}, false, true},    {{245, 141}, false, true},
+                 {{160, 150}, false, true}, {{206, 180}, false, false}, {{207, 180}, true, true},
+                 {{246, 222}, true, true},  {{247, 180}, false, false}, {{220, 145}, false, false}};
+    form.Launch();
+    for (const bool speaking : {false, true, false}) {
+        form.SetPrompt(speaking ? kUnknown : QString());
+        for (const auto& one : cases) {
+            const QWidget* hit = area.childAt(form.pos() + one.place);
+            EXPECT_EQ(hit == &form || form.isAncestorOf(hit), speaking ? one.speaking : one.idle)
+                << one.place.x() << ',' << one.place.y();
+        }
+    }
+}
+
+TEST_F(Assistant, IsDraggedByTheLeftButtonAlone) {
+    form.Launch();
+    form.SetPrompt(kUnknown);
+    const struct {
+        QWidget* control;
+        Qt::MouseButton button;
+        QPoint moved;
+        QString said;
+    } cases[] = {{label, Qt::LeftButton, {-50, -70}, kUnknown},
+                 {label, Qt::RightButton, {0, 0}, kUnknown},
+                 {figure, Qt::LeftButton, {-50, -70}, kGreeting},
+                 {tail, Qt::LeftButton, {-50, -70}, kGreeting},
+                 {figure, Qt::RightButton, {0, 0}, kGreeting}};
+    for (const auto& one : cases) {
+        form.SetPosition(); // back to the corner, as after a resize of the main window
+        QTest::mousePress(one.control, one.button, {}, QPoint(5, 6));
+        const QPointF place(-20, -29); // as far again at the second move: the form has come along
+        QMouseEvent move(QEvent::MouseMove, place, place, Qt::NoButton, one.button, {});
+        QCoreApplication::sendEvent(one.control, &move);
+        QCoreApplication::sendEvent(one.control, &move);
+        QTest::mouseRelease(one.control, one.button, {}, QPoint(5, 6));
+        EXPECT_EQ(form.pos() - corner, one.moved) << one.control->objectName().toStdString() << one.button;
+        EXPECT_TRUE(Says(one.said));
+    }
+}
+
+TEST_F(Assistant, LooksUpWhatHeSays) {
+    const auto says = [this](std::int32_t number, const QString& text) {
+        ShowHelpPrompt(form, true, number);
+        return Says(text);
+    };
+    form.Launch();
+    EXPECT_TRUE(says(1, kStolen));
+    ShowHelpPrompt(form, false, 0);
+    EXPECT_TRUE(Says(kStolen)); // switched off, he keeps still
+    EXPECT_TRUE(says(-1, {}));
+    WriteHelp("");
+    EXPECT_TRUE(says(1, kUnknown));
+    WriteHelp("001,Caf\xe9; please\n002,Caf\xc3\xa9\n003,\"a\r\nb\"\n004,\n");
+    EXPECT_TRUE(says(1, QStringLiteral("Caf\u00e9, please")));
+    EXPECT_TRUE(says(2, QStringLiteral("Caf\u00e9")));
+    EXPECT_TRUE(says(3, QStringLiteral("a\nb")));
+    EXPECT_TRUE(says(4, {}));
+    QFile::rename(stage.Path(QStringLiteral("LMKHELP.DAT")), stage.Path(QStringLiteral("lmkhelp.dat")));
+    EXPECT_TRUE(says(5, kUnknown));
+}
+
+TEST_F(Assistant, NoTextOfTheProgramIsCut) {
+    QStringList texts{HelpPrompt(1)}; // no file yet
+    QFile file(QStringLiteral(LUMRAKE_HELP_FILE));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    WriteHelp(file.readAll());
+    for (int number = 1; number <= 98; ++number) {
+        texts << HelpPrompt(number);
+    }
+    QTest::mouseMove(figure, QPoint(20, 30));
+    texts << label->text();
+    ASSERT_EQ(label->size(), QSize(201, 97));
+    for (const QString& text : texts) {
+        form.SetPrompt(text);
+        EXPECT_LE(label->heightForWidth(label->width()), label->height()) << text.toStdString();
+    }
+}
+
+} // namespace
+} // namespace lumrake::testing

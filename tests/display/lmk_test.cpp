@@ -1,0 +1,291 @@
+/// The display library against rules written out pixel by pixel. Random cases come from fixed seeds.
+#include "display/lmk.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+#include <ostream>
+#include <random>
+#include <vector>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+using lmk::BitPicture;
+using lmk::DeviceContext;
+using lmk::Rect;
+
+constexpr std::int32_t kPalette[16] = {0x00,     0x112233, 0x22, 0x33, 0x44, 0x55, 0x66, 0x77,
+                                       0x880000, 0x99,     0xaa, 0xbb, 0xcc, 0xdd, 0xee, 0x7f010203};
+
+struct View {
+    std::int32_t offset, width, lines, columns, mode;
+    bool upsideDown;
+    std::int32_t zoom = 1;
+};
+
+std::ostream& operator<<(std::ostream& out, const View& v) {
+    return out << v.offset << " w " << v.width << " l " << v.lines << " c " << v.columns << " mode " << v.mode
+               << (v.upsideDown ? " flipped" : "");
+}
+
+/// The rule for one pixel of the picture, as the user sees it; its bit is 7 - px mod 8.
+std::int64_t Address(const View& v, std::int64_t px, std::int64_t row) {
+    const std::int64_t ly = v.upsideDown ? v.lines - 1 - row : row;
+    const std::int64_t bx = px / 8, col = v.columns > 1 ? px / v.width : 0, w = v.width / 8;
+    switch (v.mode) {
+    case 0: return v.offset + w * (ly + (v.lines - 1) * col) + bx;
+    case 1: return v.offset + 2048 * (ly / 64) + 256 * (ly % 8) + 32 * (ly / 8 % 8) + px / 8;
+    case 2: return v.offset + ly / 8 * v.width + 8 * bx + ly % 8;
+    case 3: return v.offset + w * (2 * ly + (2 * v.lines - 1) * col) + bx;
+    default: return v.offset + v.width / 4 * (ly + (v.lines - 1) * col) + 2 * bx;
+    }
+}
+
+bool Expected(const View& v, const Bytes& memory, int x, int y) {
+    const std::int64_t address = Address(v, x, y);
+    return address >= 0 && address < static_cast<std::int64_t>(memory.size()) &&
+           (memory[static_cast<std::size_t>(address)] >> (7 - x % 8) & 1) != 0;
+}
+
+void Show(DeviceContext& context, const View& v, const Bytes& memory, std::uint8_t attribute = 7) {
+    lmk::zxShowMem(&context, memory.data(), v.offset, static_cast<std::int32_t>(memory.size()), v.width,
+                   v.lines, v.columns, v.mode | v.zoom << 4 | (v.upsideDown ? 128 : 0), attribute, kPalette);
+}
+
+class Random {
+  public:
+    explicit Random(unsigned seed) : engine_(seed) {}
+    int operator()(int low, int high) { return std::uniform_int_distribution<int>(low, high)(engine_); }
+    Bytes Noise(int count) {
+        Bytes bytes(static_cast<std::size_t>(count));
+        std::generate(bytes.begin(), bytes.end(), [this] { return static_cast<std::uint8_t>(engine_()); });
+        return bytes;
+    }
+    void Fill(BitPicture& picture, int width, int height) {
+        picture.Resize(width, height);
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x)
+                picture.SetPixel(x, y, (*this)(0, 1) == 1);
+    }
+
+  private:
+    std::mt19937 engine_;
+};
+
+View RandomView(Random& random, int length) {
+    const int widths[] = {8, 16, 24, 32, 64, 120, 256};
+    View v{random(0, 3) == 0 ? random(-9000, length + 10) : random(-40, length / 2),
+           random(0, 1) == 0 ? widths[random(0, 6)] : 8 * random(1, 32),
+           random(1, random(0, 3) == 0 ? 512 : 70),
+           random(1, 16),
+           random(0, 4),
+           random(0, 1) == 1,
+           random(1, 5)};
+    if (v.mode == 1 && random(0, 3) != 0)
+        v.width = 256, v.lines = 192, v.columns = 1;
+    if (v.mode == 2 && random(0, 3) != 0)
+        v.columns = 1;
+    return v;
+}
+
+bool Holds(const Rect& r, int x, int y) {
+    return x >= r.x && x < r.x + r.width && y >= r.y && y < r.y + r.height;
+}
+
+/// The context shows `memory` inside the clip and `before` outside it.
+testing::AssertionResult Follows(const DeviceContext& context, const View& v, const Bytes& memory,
+                                 const Rect& clip = {0, 0, 4096, 512}, const Bytes& before = {}) {
+    const BitPicture& picture = context.Picture();
+    const auto failure = [&] { return testing::AssertionFailure() << v << " of " << memory.size() << ": "; };
+    if (picture.Width() != v.width * v.columns || picture.Height() != v.lines)
+        return failure() << "wrong size";
+    for (int y = 0; y < picture.Height(); ++y) {
+        for (int x = 0; x < picture.Width(); ++x)
+            if (picture.PixelAt(x, y) != Expected(v, Holds(clip, x, y) ? memory : before, x, y))
+                return failure() << x << ", " << y;
+        for (int b = picture.Width() / 8; b < picture.Stride(); ++b)
+            if (picture.Row(y)[b] != 0)
+                return failure() << "bits right of the picture in row " << y;
+    }
+    return testing::AssertionSuccess();
+}
+
+TEST(Lmk, WorkedExamples) {
+    // clang-format off
+    struct { View view; int x, y; std::size_t address; std::uint8_t mask; } const kCases[] = {
+        {{100, 16, 8, 2, 0, false},   21, 3,   122, 4},
+        {{100, 16, 8, 2, 3, false},   21, 3,   144, 4},
+        {{100, 16, 8, 2, 4, false},   21, 3,   144, 4},
+        {{0, 256, 192, 1, 1, false}, 100, 70, 3596, 8},
+        {{1000, 32, 16, 1, 2, false}, 13, 10, 1042, 4},
+        {{0, 16, 8, 1, 0, true},       9, 0,    15, 64},
+        {{0, 16, 8, 1, 0, true},       9, 7,     1, 64},
+    };
+    // clang-format on
+    for (const auto& c : kCases) {
+        Bytes memory(8192);
+        memory[c.address] = c.mask;
+        DeviceContext context;
+        Show(context, c.view, memory);
+        for (int y = 0; y < context.Picture().Height(); ++y)
+            for (int x = 0; x < context.Picture().Width(); ++x)
+                ASSERT_EQ(context.Picture().PixelAt(x, y), x == c.x && y == c.y)
+                    << c.view << ' ' << x << ' ' << y;
+    }
+    EXPECT_EQ(lmk::zxScreenOffset(100, 70), 3596);
+    EXPECT_EQ(lmk::zxScreenOffset(255, 191), 6143);
+    const int factors[] = {0, 1, 2, 4, 8, 16, 0};
+    for (int zoom = 0; zoom <= 6; ++zoom)
+        EXPECT_EQ(lmk::ZoomIndexToFactor(zoom), factors[zoom]);
+}
+
+TEST(Lmk, RandomViewsFollowTheRuleOfOnePixel) {
+    Random random(1);
+    DeviceContext context; // one for all, so that every drawing finds the bits of another
+    for (int i = 0; i < 2000; ++i) {
+        const auto memory = random.Noise(random(1, random(0, 1) == 0 ? 300 : 12000));
+        const View view = RandomView(random, static_cast<int>(memory.size()));
+        const auto before = memory;
+        Show(context, view, memory);
+        ASSERT_TRUE(Follows(context, view, memory));
+        ASSERT_EQ(memory, before);
+    }
+    const auto memory = random.Noise(300000);
+    for (int mode : {0, 3, 4})
+        for (bool upsideDown : {false, true}) {
+            const View largest{27, 256, 512, 16, mode, upsideDown};
+            Show(context, largest, memory);
+            ASSERT_TRUE(Follows(context, largest, memory));
+        }
+}
+
+TEST(Lmk, ClipLeavesAllOtherBits) {
+    Random random(2);
+    for (int i = 0; i < 800; ++i) {
+        const auto before = random.Noise(3000), after = random.Noise(2900);
+        View view = RandomView(random, 3000);
+        view.lines = std::min(view.lines, 70);
+        DeviceContext context;
+        Show(context, view, before);
+        const int width = view.width * view.columns;
+        const Rect clip = random(0, 1) == 0 ? Rect{random(0, width - 1), random(0, view.lines - 1), 1, 1}
+                                            : Rect{random(-50, width), random(-20, view.lines),
+                                                   random(-5, width), random(-5, view.lines)};
+        context.SetClip(clip);
+        Show(context, view, after);
+        ASSERT_TRUE(Follows(context, view, after, clip, before));
+        view.lines += 1; // another size: the clip counts for nothing
+        Show(context, view, after);
+        ASSERT_TRUE(Follows(context, view, after));
+    }
+}
+
+TEST(Lmk, AnyArgumentsAreBroughtIntoTheirLimits) {
+    constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
+    constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+    const Bytes memory(64, 0xff);
+    // Width, lines and columns all the same number, and the picture that comes of it.
+    struct {
+        std::int32_t size, width, height;
+    } const kCases[] = {{kMin, 8, 1}, {-1, 8, 1}, {0, 8, 1}, {7, 56, 7}, {65, 1024, 65}, {kMax, 4096, 512}};
+    DeviceContext context;
+    for (const std::int32_t offset : {kMin, -1, 0, 63, 64, kMax})
+        for (const auto& [size, width, height] : kCases)
+            for (int options = -512; options < -256; ++options) {
+                lmk::zxShowMem(&context, memory.data(), offset, 64, size, size, size, options, 255, kPalette);
+                ASSERT_EQ(context.Picture().Width(), width);
+                ASSERT_EQ(context.Picture().Height(), height);
+                ASSERT_GE(context.Factor(), 1);
+            }
+    for (const std::int32_t length : {0, -1, kMin}) {
+        lmk::zxShowMem(&context, memory.data(), 0, length, 8, 8, 1, 16, 7, kPalette);
+        EXPECT_FALSE(context.Picture().PixelAt(0, 0));
+    }
+    lmk::zxShowMem(&context, nullptr, 0, 64, 8, 8, 1, 16, 7, nullptr);
+    EXPECT_FALSE(context.Picture().PixelAt(0, 0));
+    EXPECT_EQ(lmk::zxShowMem(nullptr, memory.data(), 0, 64, 8, 8, 1, 16, 7, kPalette), 0);
+    lmk::zxShowMem(&context, memory.data(), 0, 64, 8, 8, 1, 16 | 9, 7, kPalette); // unknown mode
+    EXPECT_TRUE(context.Picture().PixelAt(7, 7));
+}
+
+TEST(Lmk, ColoursAndScreenPixels) {
+    DeviceContext context;
+    Show(context, {0, 8, 2, 1, 0, true, 3}, {0x80, 0x01}, 0x40 | 0x08 | 0x07); // bright, ink 7, paper 1
+    EXPECT_EQ(context.Picture().foreColour, 0xff030201);
+    EXPECT_EQ(context.Picture().backColour, 0xff990000);
+    EXPECT_EQ(context.ScreenWidth(), 32);
+    EXPECT_EQ(context.ScreenHeight(), 8);
+    for (int y = -2; y < 10; ++y)
+        for (int x = -2; x < 34; ++x) {
+            const bool set = Holds({28, 0, 4, 4}, x, y) || Holds({0, 4, 4, 4}, x, y);
+            EXPECT_EQ(context.ScreenPixel(x, y), set ? 0xff030201 : 0xff990000) << x << ' ' << y;
+        }
+    Show(context, {0, 8, 2, 1, 0, false}, {0x80, 0x01}, 0x08); // ink 0, paper 1
+    EXPECT_EQ(context.Picture().foreColour, 0xff000000);
+    EXPECT_EQ(context.Picture().backColour, 0xff332211);
+    context.Clear();
+    EXPECT_FALSE(context.Picture().PixelAt(0, 0));
+}
+
+TEST(BitPicture, ExpandShowsEveryPixelAtEveryScale) {
+    Random random(3);
+    BitPicture picture;
+    picture.foreColour = 0xffabcdef, picture.backColour = 0xff123456;
+    for (int i = 0; i < 4000; ++i) {
+        random.Fill(picture, random(0, 70), random(0, 12));
+        const int scale = random(0, 2) == 0 ? random(1, 64) : 1 << random(0, 4);
+        const Rect screen{random(-60, picture.Width() * scale + 20),
+                          random(-30, picture.Height() * scale + 20), random(0, 150), random(0, 40)};
+        const std::ptrdiff_t stride = screen.width + random(0, 3);
+        constexpr std::uint32_t kUntouched = 0x55555555;
+        std::vector<std::uint32_t> target(static_cast<std::size_t>(stride * screen.height), kUntouched);
+        picture.Expand(screen, scale, target.data(), stride);
+        for (int y = 0; y < screen.height; ++y)
+            for (int x = 0; x < stride; ++x) {
+                const int sx = screen.x + x, sy = screen.y + y;
+                const bool set = sx >= 0 && sy >= 0 && picture.PixelAt(sx / scale, sy / scale);
+                const std::uint32_t colour = set ? picture.foreColour : picture.backColour;
+                ASSERT_EQ(target[static_cast<std::size_t>(y * stride + x)],
+                          x < screen.width ? colour : kUntouched)
+                    << "scale " << scale << " at " << sx << ", " << sy;
+            }
+    }
+}
+
+TEST(BitPicture, RowBitsAndCopiedAreas) {
+    Random random(4);
+    BitPicture picture;
+    for (int i = 0; i < 2000; ++i) {
+        random.Fill(picture, random(0, 40), random(1, 6));
+        picture.foreColour = 0xff000000 + static_cast<std::uint32_t>(i);
+        const int row = random(-1, picture.Height()), scale = random(1, 64), bits = picture.Width() * scale;
+        std::vector<std::uint8_t> target(static_cast<std::size_t>((bits + 7) / 8) + 1, 0xa5);
+        picture.ExpandRowBits(row, scale, target.data());
+        for (int x = 0; x < (bits + 7) / 8 * 8; ++x)
+            ASSERT_EQ((target[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1) != 0,
+                      picture.PixelAt(x / scale, row))
+                << "scale " << scale << " at " << x << ", " << row;
+        ASSERT_EQ(target.back(), 0xa5);
+
+        const Rect area{random(-60, 60), random(-8, 8), random(-1, 70), random(-1, 9)};
+        BitPicture copy;
+        random.Fill(copy, random(0, 9), 3);
+        const bool ontoItself = random(0, 3) == 0;
+        if (ontoItself)
+            (copy = picture).CopyArea(copy, area);
+        else
+            copy.CopyArea(picture, area);
+        ASSERT_EQ(copy.Width(), std::max(area.width, 0));
+        ASSERT_EQ(copy.Height(), std::max(area.height, 0));
+        ASSERT_EQ(copy.foreColour, picture.foreColour);
+        for (int y = 0; y < copy.Height(); ++y)
+            for (int x = 0; x < 8 * copy.Stride(); ++x) // with the bits right of the picture
+                ASSERT_EQ((copy.Row(y)[x / 8] >> (7 - x % 8) & 1) != 0,
+                          x < area.width && picture.PixelAt(area.x + x, area.y + y))
+                    << area.x << ", " << area.y << ": " << x << ", " << y;
+    }
+}
+
+} // namespace

@@ -1,0 +1,306 @@
+#include "platform/tab_strip.h"
+#include "preferences/colour_swatch.h"
+#include "preferences/frmPrefs.h"
+#include "snapshot/frmColours.h"
+#include "support/forms_support.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QSlider>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+namespace lumrake {
+namespace {
+
+class PrefsTest : public ::testing::Test {
+  protected:
+    /// Opens the dialog over the settings as they now are.
+    void Open() {
+        form = std::make_unique<frmPrefs>();
+        form->show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        stage.notices.clear();
+    }
+    template <class Control = QWidget> Control& Get(const char* name, int index = -1) {
+        const QString number = index < 0 ? QString() : u"(%1)"_qs.arg(index);
+        return dynamic_cast<Control&>(*form->findChild<QWidget*>(QLatin1String(name) + number));
+    }
+    void Press(const char* name, int index) { Get<QAbstractButton>(name, index).click(); }
+    void Choose(int mode) { Press("optMode", mode); }
+    void Select(int swatch) { QTest::mouseClick(&Get("lblPalette", swatch), Qt::LeftButton); }
+    QLineEdit& Field(int index) { return Get<QLineEdit>("txtDefault", index); }
+    /// Types into a field and moves the focus on to another.
+    void Type(int index, const char* keys, int next) {
+        Field(index).setFocus();
+        QTest::keyClicks(&Field(index), QLatin1String(keys));
+        Field(next).setFocus();
+    }
+    QString SizeFields() {
+        QString all;
+        for (int i = 1; i <= 3; ++i) {
+            all += Field(i).text() + QLatin1String(Field(i).isEnabled() ? " " : "! ");
+        }
+        return all.trimmed();
+    }
+    void Okay() { Press("cmdPrefs", 0); }
+    void Page(int index) { Get<TabStrip>("SSTab1").SetTab(index); }
+    void Menu(int entry) { form->findChild<QMenu*>()->actions()[entry]->trigger(); }
+    void Slide(int index, int value) { Get<QSlider>("scrCol", index).setValue(value); }
+    PaletteColours Swatches() {
+        PaletteColours colours{};
+        for (int i = 0; i < 16; ++i) {
+            colours[static_cast<std::size_t>(i)] = Get<ColourSwatch>("lblPalette", i).BackColor();
+        }
+        return colours;
+    }
+    ColourParts Sliders() {
+        const auto value = [this](int index) { return Get<QSlider>("scrCol", index).value(); };
+        return {value(0), value(1), value(2)};
+    }
+    /// What is said when the mouse moves over a control: all help keys, "" for none.
+    QString Hover(QWidget& control, QPoint place) {
+        QMouseEvent move(QEvent::MouseMove, place, control.mapToGlobal(place), Qt::NoButton, {}, {});
+        return Said([&] { QApplication::sendEvent(&control, &move); });
+    }
+    template <class Action> QString Said(Action act) {
+        stage.notices.clear();
+        act();
+        return QStringList(stage.notices.begin(), stage.notices.end()).join(u'+').remove(u"ShowPrompt "_qs);
+    }
+
+    testing::Stage stage;
+    std::unique_ptr<frmPrefs> form;
+};
+
+TEST_F(PrefsTest, OkayWritesWhatTheScreenShows) {
+    Settings.bAutoload = 1;
+    Settings.lDefaultOffset = 16384000; // longer than its field
+    Settings.iDefaultAttribute = 0;
+    Settings.iLargeChange = 8;
+    Settings.lPalette[0] = 0x7F102030; // its high byte is nobody's business
+    SettingsRecord expected = Settings;
+    Open();
+    Okay();
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(EncodeSettings(Settings), EncodeSettings(expected)) << "untouched";
+
+    Open();
+    Press("chkGeneral", 0);
+    Field(0).setText(u"9e99"_qs); // held at the end of its field
+    Field(3).setText(u" 9"_qs);
+    Choose(4);
+    Press("optSmall", 1);
+    Press("optLarge", 2);
+    Okay();
+    expected.bPromptSave = 0;
+    expected.lDefaultOffset = 2147483647;
+    expected.iDefaultColumns = 9;
+    expected.iDefaultMode = 4;
+    expected.iSmallChange = 2;
+    expected.iLargeChange = 4;
+    EXPECT_EQ(EncodeSettings(Settings), EncodeSettings(expected)) << "edited";
+
+    Settings.iDefaultMode = -7;
+    Settings.iSmallChange = Settings.iLargeChange = 3;
+    Open();
+    Okay();
+    expected.iDefaultMode = 0;
+    expected.iSmallChange = expected.iLargeChange = 1;
+    EXPECT_EQ(EncodeSettings(Settings), EncodeSettings(expected)) << "unknown choices count as the first";
+}
+
+TEST_F(PrefsTest, TheModeTiesTheSizeFields) {
+    Settings.iDefaultMode = 1;
+    Settings.iDefaultWidth = 8;
+    Open();
+    Page(1);
+    EXPECT_EQ(SizeFields(), u"256! 192! 1!"_qs);
+    Choose(0);
+    EXPECT_EQ(SizeFields(), u"256 192 1"_qs);
+    Type(1, "16", 3);
+    Type(3, "7", 2);
+    Type(2, "20", 1);
+    Choose(2);
+    EXPECT_EQ(SizeFields(), u"16 20 1!"_qs) << "the lines wait for the focus to leave";
+    Type(2, "20", 1);
+    EXPECT_EQ(SizeFields(), u"16 16 1!"_qs);
+    Type(2, "5", 0);
+    EXPECT_EQ(SizeFields(), u"16 8 1!"_qs);
+    Type(2, "47", 2);
+    QTest::keyClick(&Field(2), Qt::Key_Return); // Okay without a click must not pass 47 on
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Settings.iDefaultLines, 40);
+    EXPECT_EQ(Settings.iDefaultWidth, 16);
+}
+
+TEST_F(PrefsTest, AFaultIsToldOnceAndLeavesAllAsItIs) {
+    Settings.lDefaultOffset = -5;
+    const auto before = EncodeSettings(Settings);
+    Open();
+    Field(1).clear();
+    Press("chkGeneral", 1);
+    Okay();
+    Field(0).clear();
+    Okay();
+    EXPECT_EQ(stage.boxes, (std::vector<QString>{u"Preferences|Invalid default offset"_qs,
+                                                 u"Preferences|Please enter default offset"_qs}));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(Get<TabStrip>("SSTab1").CurrentTab(), 0);
+    form->close();
+    EXPECT_EQ(EncodeSettings(Settings), before);
+}
+
+TEST_F(PrefsTest, FieldsTakeDigitsUpToTheirLength) {
+    Settings.lDefaultOffset = 1234567;
+    Open();
+    Page(1);
+    EXPECT_EQ(Field(0).selectedText(), u"1234567"_qs) << "the page's first field has the focus";
+    Field(0).deselect();
+    QTest::keyClicks(&Field(0), u"8"_qs);
+    EXPECT_EQ(Field(0).text(), u"1234567"_qs);
+    QTest::keyClick(&Field(0), Qt::Key_Backspace);
+    EXPECT_EQ(Field(0).text(), u"123456"_qs) << "too long still, but on the way";
+    QTest::mouseClick(&Field(3), Qt::LeftButton);
+    EXPECT_EQ(Field(3).selectedText(), u"1"_qs);
+    QTest::keyClicks(&Field(3), u"-1x. 23"_qs);
+    EXPECT_EQ(Field(3).text(), u"12"_qs);
+}
+
+TEST_F(PrefsTest, CancelTakesBackTheGradingsOnly) {
+    const PaletteColours standard = Settings.lPalette;
+    PaletteColours start = standard;
+    start[0] = 0x70; // red 112, then steps of (208 - 112) / 7 = 13.7
+    start[15] = 0;
+    const struct {
+        const char* name;
+        std::function<void()> act;
+        bool atOnce;       ///< the palette has what the swatches show
+        std::size_t index; ///< one of the swatches changed, and its colour afterwards
+        Colour colour;
+    } cases[] = {{"select", [this] { Select(9); }, true, 9, standard[9]},
+                 {"slide", [this] { Select(2), Slide(1, 77); }, true, 2, ColourOf({208, 77, 0})},
+                 {"default", [this] { Menu(0); }, true, 15, standard[15]},
+                 {"normal to bright", [this] { Menu(1); }, true, 8, 0x70},
+                 {"bright to normal", [this] { Menu(2); }, true, 7, 0},
+                 {"spread normal", [this] { Menu(3); }, false, 6, ColourOf({112 + 6 * 14, 180, 180})},
+                 {"spread bright", [this] { Menu(4); }, false, 14, 0}};
+    for (const auto& one : cases) {
+        for (const bool okay : {false, true}) {
+            SCOPED_TRACE(one.name);
+            Settings.lPalette = start;
+            Open();
+            one.act();
+            const PaletteColours swatches = Swatches(), kept = one.atOnce ? swatches : start;
+            EXPECT_EQ(swatches[one.index], one.colour);
+            EXPECT_EQ(Settings.lPalette, kept);
+            Press("cmdPrefs", okay ? 0 : 1);
+            EXPECT_FALSE(form->isVisible());
+            EXPECT_EQ(Settings.lPalette, okay ? swatches : kept);
+        }
+    }
+    Settings.lPalette = start;
+    Open();
+    Menu(3);
+    Menu(1); // of swatches and palette each copies its own
+    EXPECT_EQ(Swatches()[14], ColourOf({196, 180, 180}));
+    EXPECT_EQ(Settings.lPalette[14], start[6]);
+}
+
+TEST_F(PrefsTest, TheSlidersFollowTheSelectedSwatch) {
+    Open();
+    EXPECT_EQ(Get<QLabel>("lblCol", 2).text(), u"0"_qs);
+    Select(9);
+    EXPECT_EQ(Sliders(), (ColourParts{0, 0, 255}));
+    EXPECT_EQ(Get("shpMarker").geometry(), Get("lblPalette", 9).geometry().adjusted(-1, -1, 1, 1));
+    Menu(1); // swatch 9 is now the blue of the normal half
+    EXPECT_EQ(Sliders(), (ColourParts{0, 0, 208}));
+    EXPECT_EQ(Get<QLabel>("lblCol", 2).text(), u"208"_qs);
+    Menu(4); // a grading does not touch the sliders, and the next move starts from them
+    EXPECT_EQ(Sliders(), (ColourParts{0, 0, 208}));
+    Slide(0, 3);
+    EXPECT_EQ(Settings.lPalette[9], ColourOf({3, 0, 208}));
+    Press("cmdPrefs", 2);
+    EXPECT_TRUE(form->findChild<QMenu*>()->isVisible());
+}
+
+TEST_F(PrefsTest, ThePickerGivesBackAnAttributeOrNothing) {
+    Open();
+    for (const auto& [button, field] : {std::pair{u"&Cancel"_qs, u"199"_qs}, {u"&Select"_qs, u"71"_qs}}) {
+        Field(4).setText(u"199"_qs); // the picker leaves bit 7 out
+        QTimer poll;
+        poll.callOnTimeout([&button = button] {
+            if (auto* picker = dynamic_cast<frmColours*>(QApplication::activeModalWidget())) {
+                for (auto* one : picker->findChildren<QPushButton*>()) {
+                    one->text() == button ? one->click() : void();
+                }
+            }
+        });
+        poll.start(5);
+        QTimer::singleShot(5000, &poll, [] { QApplication::activeModalWidget()->close(); });
+        Press("cmdPrefs", 4);
+        EXPECT_EQ(Field(4).text(), field);
+    }
+}
+
+TEST_F(PrefsTest, ControlsHandOnTheirHelpKeys) {
+    // On a move of the mouse and on the focus; -1: nothing is said, 0: the bubble is emptied.
+    const struct {
+        const char* name;
+        int page, first, count, moveKey, focusKey;
+    } arrays[] = {
+        {"cmdPrefs", 0, 0, 2, 61, 61},   {"chkGeneral", 0, 0, 2, 73, 73}, {"txtDefault", 1, 0, 5, 75, 75},
+        {"optMode", 1, 0, 5, 80, 80},    {"cmdPrefs", 1, 4, 1, 85, 85},   {"optSmall", 2, 0, 4, 86, 86},
+        {"optLarge", 2, 0, 4, 90, 90},   {"cmdPrefs", 3, 2, 1, 94, 94},   {"scrCol", 3, 0, 3, -1, 95},
+        {"frmPrefs", 2, 2, 1, 0, -1},    {"lblPrefs", 1, 4, 1, 0, -1},    {"imgPrefs", 3, 3, 1, 0, -1},
+        {"lblPalette", 3, 15, 1, 98, -1}};
+    Open();
+    for (const auto& array : arrays) {
+        Page(array.page);
+        for (int i = 0; i < array.count; ++i) {
+            QWidget& control = Get(array.name, array.first + i);
+            const auto keyOf = [i](int key) { return key < 0 ? QString() : QString::number(key + i); };
+            SCOPED_TRACE(control.objectName().toStdString());
+            EXPECT_EQ(Hover(control, QPoint(3, 3)), keyOf(array.moveKey));
+            form->setFocus();
+            if (control.focusPolicy() != Qt::NoFocus) {
+                EXPECT_EQ(Said([&] { control.setFocus(); }), keyOf(array.focusKey));
+            }
+        }
+    }
+    Choose(1);
+    EXPECT_EQ(Hover(Field(1), QPoint(3, 3)), u"0"_qs) << "a disabled field is bare ground";
+}
+
+TEST_F(PrefsTest, TabsAreFoundFromNumbersAndTakeTheFocusAlong) {
+    Settings.iSmallChange = 4;
+    Open();
+    auto& strip = Get<TabStrip>("SSTab1");
+    const struct {
+        int x, y, key;
+    } cases[] = {{1, 9, 0},    {2, 9, 69},   {52, 9, 69},  {53, 9, 70},  {104, 9, 70},
+                 {105, 9, 71}, {170, 9, 71}, {171, 9, 72}, {216, 9, 72}, {217, 9, 0},
+                 {60, 2, 0},   {60, 3, 70},  {60, 18, 70}, {60, 19, 0}};
+    for (const auto& one : cases) {
+        QWidget* under = strip.childAt(one.x, one.y);
+        under = under == nullptr ? &strip : under;
+        EXPECT_EQ(Hover(*under, under->mapFrom(&strip, QPoint(one.x, one.y))), QString::number(one.key))
+            << one.x << "," << one.y;
+    }
+    const char* const focus[] = {"chkGeneral(0)", "txtDefault(0)", "optSmall(2)", "scrCol(0)"};
+    for (const int page : {3, 2, 1, 0}) {
+        Page(page);
+        EXPECT_EQ(form->focusWidget()->objectName(), QLatin1String(focus[page]));
+    }
+}
+
+} // namespace
+} // namespace lumrake

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/toolbar.h"
+#include "shell/frmMain.h"
+#include "shell/startup.h"
+#include "support/forms_support.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace lumrake {
+
+struct MainProbe {
+    static Toolbar& Bar(frmMain& main) { return *main.tbrMain; }
+    static QWidget& Coords(frmMain& main) { return *main.picCoords; }
+};
+
+namespace testing {
+
+/// A whole run of the program in an empty directory, up to the point where the process would end.
+class MainStage : public Stage {
+  public:
+    MainStage() {
+        SetShellNotices(nullptr);
+        SetProcessEnd([this] { ++ended; });
+    }
+    ~MainStage() override {
+        EndRun();
+        SetProcessEnd({});
+        SetClock({});
+    }
+
+    frmMain& Start(const QString& sCommandLine = QStringLiteral("REHEARS")) {
+        Main(sCommandLine);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(MainWindow()));
+        return *MainWindow();
+    }
+    /// Takes the window away as the end of the process does.
+    static void EndRun() { delete MainWindow(); }
+
+    static void Click(Menu name, int Index = 0) { MainWindow()->Entry(name, Index)->trigger(); }
+    static bool IsOn(Menu name, int Index = 0) { return MainWindow()->Entry(name, Index)->isEnabled(); }
+    static Toolbar& Bar() { return MainProbe::Bar(*MainWindow()); }
+
+    QString Snapshot(const QString& name) const { return MakeFile(name, NoiseBytes(6912)); }
+
+    int ended = 0; ///< how often the process would have ended
+};
+
+/// A child that asks on closing, as a document with changes does.
+class AskingChild : public QWidget {
+  public:
+    explicit AskingChild(const QString& title) {
+        setWindowTitle(title);
+        AdoptChild(this);
+        ++iSnapshotCount;
+        ChildFrame(this)->show();
+    }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override {
+        const BoxAnswer answer =
+            MsgBox(windowTitle(), BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("child"));
+        if (answer == BoxAnswer::Cancel) {
+            event->ignore();
+        } else {
+            --iSnapshotCount;
+            event->accept();
+        }
+    }
+};
+
+} // namespace testing
+} // namespace lumrake

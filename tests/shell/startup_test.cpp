@@ -1,0 +1,143 @@
+#include "shell/main_stage.h"
+
+#include "shell/file_commands.h"
+
+#include <QApplication>
+#include <QFile>
+
+namespace lumrake::testing {
+namespace {
+
+bool SplashIsUp() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->windowType() == Qt::SplashScreen && window->isVisible();
+    });
+}
+
+/// A clock that goes on half a second each time somebody looks at it.
+struct SteppingClock {
+    double now = 86390; // the wait ends across midnight as well
+    int looks = 0;
+    int looksWithSplash = 0;
+
+    void Install() {
+        SetClock([this] {
+            ++looks;
+            looksWithSplash += SplashIsUp() ? 1 : 0;
+            return now += 0.5;
+        });
+    }
+};
+
+void WriteSettings(const SettingsRecord& settings, qsizetype bytes = 526) {
+    const auto record = EncodeSettings(settings);
+    QFile file(SettingsFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(reinterpret_cast<const char*>(record.data()), bytes);
+}
+
+TEST(Startup, OnlyTheExactWordLeavesOutTheSplash) {
+    for (const char* line : {"REHEARS", "", "rehears", "REHEARS ", " REHEARS", "REHEARS x.sna", "x.sna"}) {
+        MainStage stage;
+        SteppingClock clock;
+        clock.Install();
+        Main(QLatin1String(line));
+        const bool skips = QLatin1String(line) == QLatin1String("REHEARS");
+        EXPECT_EQ(bSkipSplash, skips ? -1 : 0) << line;
+        // The start and then every half second until three are over; the splash stands all the while.
+        EXPECT_EQ(clock.looks, skips ? 0 : 7) << line;
+        EXPECT_EQ(clock.looksWithSplash, skips ? 0 : 6) << line;
+        EXPECT_FALSE(SplashIsUp());
+        EXPECT_TRUE(MainWindow()->isVisible());
+    }
+}
+
+TEST(Startup, ASlowAnswerToTheVersionBoxCountsTowardsTheWait) {
+    MainStage stage;
+    SettingsRecord old;
+    SetDefaultSettings(old, "1.00", {});
+    old.bToolbarVisible[1] = 0;
+    old.sRecentFile[0].Set("/a.sna");
+    WriteSettings(old);
+    SteppingClock clock;
+    clock.Install();
+    SetMessageBoxAnswerer([&](const MessageBox& box) {
+        stage.boxes.push_back(box.title + QLatin1Char('|') + box.text);
+        EXPECT_TRUE(SplashIsUp());
+        EXPECT_FALSE(MainWindow()->isVisible());
+        clock.now += 10;
+        return BoxAnswer::Ok;
+    });
+    Main(QString());
+    ASSERT_EQ(stage.boxes.size(), 1u);
+    EXPECT_EQ(stage.boxes[0], QStringLiteral("Version change|This is a new version of LMK.  Your settings "
+                                             "have been reset."));
+    EXPECT_EQ(clock.looks, 2);
+    EXPECT_TRUE(stage.IsOn(Menu::menu_open));
+    EXPECT_TRUE(MainWindow()->Entry(Menu::menu_toolbar, 2)->isChecked());
+    EXPECT_FALSE(MainWindow()->Entry(Menu::menu_recent, 1)->isVisible());
+    // The new stamp is saved, so the next start is quiet.
+    MainWindow()->close();
+    EXPECT_EQ(stage.ended, 1);
+    stage.EndRun();
+    stage.Start();
+    EXPECT_EQ(stage.boxes.size(), 1u);
+}
+
+TEST(Startup, TheFirstRunIsQuietAndShowsEverything) {
+    MainStage stage;
+    frmMain& main = stage.Start();
+    EXPECT_TRUE(stage.boxes.empty());
+    EXPECT_EQ(main.windowTitle(), QStringLiteral("Lumrake"));
+    EXPECT_EQ(main.Entry(Menu::menu_about)->text(), QStringLiteral("&About Lumrake"));
+    for (int group = 1; group <= 6; ++group) {
+        EXPECT_TRUE(main.Entry(Menu::menu_toolbar, group)->isChecked()) << group;
+    }
+    for (int button = 1; button <= 20; ++button) {
+        EXPECT_TRUE(stage.Bar().IsButtonVisible(button)) << button;
+    }
+    EXPECT_FALSE(main.Entry(Menu::menu_bar1)->isVisible());
+    EXPECT_FALSE(main.Entry(Menu::menu_fizzlet)->isChecked());
+    EXPECT_FALSE(QFile::exists(SettingsFile())) << "written at the end of the run alone";
+}
+
+TEST(Startup, TheWindowTakesOnWhatTheSettingsSay) {
+    MainStage stage;
+    SettingsRecord stored;
+    SetDefaultSettings(stored, "2.00", {});
+    stored.bToolbarVisible = {-1, 0, 1, 0, -1, 0};
+    stored.sRecentFile[1].Set("/games/cut & run.sna");
+    WriteSettings(stored);
+    frmMain& main = stage.Start();
+    EXPECT_TRUE(stage.boxes.empty());
+    const std::array<bool, 6> shown = {true, false, true, false, true, false};
+    for (std::size_t group = 0; group < 6; ++group) {
+        EXPECT_EQ(main.Entry(Menu::menu_toolbar, static_cast<int>(group) + 1)->isChecked(), shown[group]);
+    }
+    EXPECT_TRUE(stage.Bar().IsButtonVisible(2));
+    EXPECT_FALSE(stage.Bar().IsButtonVisible(5));
+    EXPECT_FALSE(MainProbe::Coords(main).isVisible());
+    EXPECT_TRUE(main.Entry(Menu::menu_bar1)->isVisible());
+    EXPECT_FALSE(main.Entry(Menu::menu_recent, 1)->isVisible());
+    EXPECT_EQ(main.Entry(Menu::menu_recent, 2)->text(), QStringLiteral("&2. /games/cut && run.sna"));
+    // Nothing changed: the record goes back byte for byte.
+    main.close();
+    const auto record = EncodeSettings(stored);
+    EXPECT_EQ(stage.ReadFile(QStringLiteral("LMK.CFG")),
+              std::vector<std::uint8_t>(record.begin(), record.end()));
+}
+
+TEST(Startup, AFileThatIsTooShortGivesTheDefaultsAndOneMessage) {
+    MainStage stage;
+    SettingsRecord stored;
+    SetDefaultSettings(stored, "2.00", {});
+    stored.bPromptSave = 0;
+    WriteSettings(stored, 525);
+    stage.Start();
+    EXPECT_EQ(stage.boxes.size(), 1u);
+    EXPECT_EQ(Settings.bPromptSave, 1);
+}
+
+} // namespace
+} // namespace lumrake::testing
