@@ -91,7 +91,8 @@ QLabel* AddLabel(QWidget* parent, const QString& text, const QRect& place) {
 
 frmAnimSetup::frmAnimSetup() : QDialog(QApplication::activeWindow()) {
     setWindowTitle(QStringLiteral("Animation Setup"));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint);
     setMouseTracking(true);
     setFixedSize(kDialogWidth, kDialogHeight);
     CreateControls();
