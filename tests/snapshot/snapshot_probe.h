@@ -2,6 +2,7 @@
 
 #include "platform/spin_bar.h"
 #include "platform/value_box.h"
+#include "snapshot/frmClip.h"
 #include "snapshot/frmSnapshot.h"
 #include "support/forms_support.h"
 
@@ -133,6 +134,12 @@ struct SnapshotWindow {
 
     std::unique_ptr<frmSnapshot> form = std::make_unique<frmSnapshot>();
     SnapshotProbe probe{*form};
+};
+
+/// For tests of the editor: they leave the clipboard empty.
+struct EditorTest : ::testing::Test {
+    ~EditorTest() override { frmClip::Instance().SetData({}); }
+    Stage stage;
 };
 
 } // namespace testing
