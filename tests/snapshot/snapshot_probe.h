@@ -3,6 +3,7 @@
 #include "platform/panel_bar.h"
 #include "platform/spin_bar.h"
 #include "platform/value_box.h"
+#include "snapshot/frmClip.h"
 #include "snapshot/frmSnapshot.h"
 #include "support/forms_support.h"
 
@@ -139,6 +140,12 @@ struct SnapshotWindow {
 
     std::unique_ptr<frmSnapshot> form = std::make_unique<frmSnapshot>();
     SnapshotProbe probe{*form};
+};
+
+/// For tests of the editor: they leave the clipboard empty.
+struct EditorTest : ::testing::Test {
+    ~EditorTest() override { frmClip::Instance().SetData({}); }
+    Stage stage;
 };
 
 } // namespace testing
