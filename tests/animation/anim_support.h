@@ -36,12 +36,15 @@ inline void Press(QWidget& form, const char* button) {
     Find<QPushButton>(form, button)->click();
 }
 
-inline void Type(QWidget& form, const char* field, const QString& text) {
-    auto* edit = Find<QLineEdit>(form, field);
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, text);
+inline QLineEdit* Field(const QWidget& form, int index) {
+    return Find<QLineEdit>(form, ("txtAnimSetup(" + std::to_string(index) + ")").c_str());
+}
+
+/// Replaces a field's text as a user does.
+inline void Type(QWidget& form, int field, const char* text) {
+    Field(form, field)->setFocus();
+    Field(form, field)->selectAll();
+    QTest::keyClicks(Field(form, field), QString::fromLatin1(text));
 }
 
 /// Does `act` with the next modal dialog of type `Dialog`, which must close it. One that is still open long
@@ -73,19 +76,11 @@ using WhenSetup = WhenOpen<frmAnimSetup>;
 
 /// Eight frames of 16 x 8 pixels.
 inline AnimationRecord SampleRecord(const QString& snapshot) {
-    AnimationRecord record;
-    record.sSnapFile.Set(snapshot.toStdString());
-    record.sTitle.Set("Walk");
-    record.iWidth = 16;
-    record.iLines = 8;
-    record.iZoom = 1;
-    record.iFrames = 8;
-    record.lStep = 16;
-    record.iPause = 100;
-    record.iRepeat = kContinuous;
-    record.lFileLength = 256;
-    record.byAttribute = 56;
-    return record;
+    // clang-format off
+    return {.sAnimFile = {}, .sSnapFile = {snapshot.toStdString()}, .sTitle = {"Walk"}, .iWidth = 16, .iLines = 8,
+            .iZoom = 1, .iFrames = 8, .lStep = 16, .iPause = 100, .iRepeat = kContinuous, .lFileLength = 256,
+            .byAttribute = 56, .sNotes = {}};
+    // clang-format on
 }
 
 } // namespace testing

@@ -16,9 +16,6 @@ class Setup : public ::testing::Test {
         frmAnimSetup().GetAnimSettings(bOkay);
         return bOkay;
     }
-    static QString Text(frmAnimSetup& form, const char* field) {
-        return Find<QLineEdit>(form, field)->text();
-    }
 
     Stage stage;
 };
@@ -40,14 +37,24 @@ TEST_F(Setup, WhatWasEnteredReachesTheRecordOnOkayOnly) {
     for (const char* button : {"cmdSetup(1)", "cmdSetup(0)"}) {
         EXPECT_EQ(GlobalAnim, before);
         Run([button](frmAnimSetup& form) {
-            Find<QLineEdit>(form, "txtAnimSetup(1)")->setText(QStringLiteral("Caf\u00e9"));
+            Field(form, 1)->setText(QStringLiteral("Caf\u00e9"));
             Find<QComboBox>(form, "cboAnimSetup(0)")->setCurrentIndex(2);
             Find<QComboBox>(form, "cboAnimSetup(1)")->setCurrentIndex(1);
-            Type(form, "txtAnimSetup(3)", QStringLiteral("24"));
-            Type(form, "txtAnimSetup(4)", QStringLiteral("3"));
-            Type(form, "txtAnimSetup(6)", QStringLiteral("4.5"));
+            Type(form, 3, "12");
+            QFocusEvent away(QEvent::FocusOut,
+                             Qt::ActiveWindowFocusReason); // another program comes to the front
+            QCoreApplication::sendEvent(Field(form, 3), &away);
+            EXPECT_EQ(Field(form, 6)->text(), QStringLiteral("16"));
+            Type(form, 4, "3");
+            Find(form, "chkAnimSetup(0)")->setFocus();
+            EXPECT_EQ(Field(form, 6)->text(),
+                      QStringLiteral("9")); // the step is proposed: a mask beside each row
+            Type(form, 3, "24");
+            Type(form, 6, "4.5");
             auto* notes = Find<QPlainTextEdit>(form, "txtAnimSetup(8)");
+            bAnimChanged = 0;
             QTest::keyClicks(notes, QStringLiteral("a"));
+            EXPECT_EQ(bAnimChanged, -1);
             QTest::keyClick(notes, Qt::Key_Return);
             bAnimChanged = 0;
             Find<QCheckBox>(form, "chkAnimSetup(0)")->click();
@@ -66,45 +73,29 @@ TEST_F(Setup, WhatWasEnteredReachesTheRecordOnOkayOnly) {
 
 TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
     const struct {
-        const char *field, *typed;
-    } faults[] = {{"txtAnimSetup(0)", "/nowhere"}, {"txtAnimSetup(2)", "256"}, {"txtAnimSetup(3)", "12"},
-                  {"txtAnimSetup(4)", "0"},        {"txtAnimSetup(5)", "1"},   {"txtAnimSetup(6)", "0"},
-                  {"txtAnimSetup(7)", "0"}};
+        int field;
+        const char* typed;
+    } faults[] = {{0, "/nowhere"}, {2, "256"}, {3, "12"}, {4, "0"}, {5, "1"}, {6, "0"}, {7, "0"}};
     for (const auto& fault : faults) {
         EXPECT_FALSE(Run([&fault](frmAnimSetup& form) {
-            Type(form, fault.field, QString::fromLatin1(fault.typed));
+            Type(form, fault.field, fault.typed);
             auto* strip = form.findChild<TabStrip*>();
             strip->SetTab(1);
             EXPECT_EQ(form.focusWidget()->objectName(), QStringLiteral("txtAnimSetup(8)"));
             Press(form, "cmdSetup(0)");
             EXPECT_EQ(strip->CurrentTab(), 0);
-            EXPECT_EQ(form.focusWidget()->objectName(), QString::fromLatin1(fault.field));
+            EXPECT_EQ(form.focusWidget(), Field(form, fault.field));
             form.close();
         }));
     }
     EXPECT_EQ(stage.boxes.size(), std::size(faults));
 }
 
-TEST_F(Setup, TheStepIsProposedWhenTheUserLeavesTheField) {
-    Run([](frmAnimSetup& form) {
-        Find<QLineEdit>(form, "txtAnimSetup(4)")->setText(QStringLiteral("3"));
-        auto* width = Find<QLineEdit>(form, "txtAnimSetup(3)");
-        width->setText(QStringLiteral("12"));
-        QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason),
-            left(QEvent::FocusOut, Qt::TabFocusReason);
-        QCoreApplication::sendEvent(width, &away); // another program came to the front
-        EXPECT_EQ(Text(form, "txtAnimSetup(6)"), QStringLiteral("16"));
-        QCoreApplication::sendEvent(width, &left);
-        EXPECT_EQ(Text(form, "txtAnimSetup(6)"), QStringLiteral("4.5"));
-        form.close();
-    });
-}
-
 TEST_F(Setup, LimitsBindTheKeyboardAndNotTheProgram) {
     GlobalAnim.lOffset = 1234567;
     stage.files = {QString(), QString(150, QLatin1Char('d'))};
     Run([this](frmAnimSetup& form) {
-        auto* offset = Find<QLineEdit>(form, "txtAnimSetup(2)");
+        auto* offset = Field(form, 2);
         QTest::keyClicks(offset, QStringLiteral("8"));
         EXPECT_EQ(offset->text(), QStringLiteral("1234567"));
         QTest::keyClick(offset, Qt::Key_Backspace);
@@ -116,29 +107,24 @@ TEST_F(Setup, LimitsBindTheKeyboardAndNotTheProgram) {
         QTest::keyClicks(notes, QStringLiteral("abc"));
         EXPECT_EQ(notes->toPlainText().mid(496), QStringLiteral("x\na"));
         Press(form, "cmdSetup(2)");
-        EXPECT_EQ(Text(form, "txtAnimSetup(0)"), stage.Path(QStringLiteral("game.sna")))
-            << "a cancelled dialog";
+        EXPECT_EQ(Field(form, 0)->text(), stage.Path(QStringLiteral("game.sna"))) << "a cancelled dialog";
         Press(form, "cmdSetup(2)");
-        EXPECT_EQ(Text(form, "txtAnimSetup(0)").size(), 150);
+        EXPECT_EQ(Field(form, 0)->text().size(), 150);
         form.close();
     });
 }
 
 TEST_F(Setup, OnlyAnotherAttributeIsAChange) {
+    constexpr int kSelect = 0, kCancel = 1;
     const struct {
         bool bright;
         int button, changed;
-    } uses[] = {{true, 1, 0}, {false, 0, 0}, {true, 0, -1}}; // cancelled, the same, another
+    } uses[] = {{true, kCancel, 0}, {false, kSelect, 0}, {true, kSelect, -1}};
     EXPECT_TRUE(Run([&uses](frmAnimSetup& form) {
         for (const auto& use : uses) {
             const WhenOpen<frmColours> picker([&use](frmColours& colours) {
                 colours.findChild<QCheckBox*>()->setChecked(use.bright);
-                for (auto* button : colours.findChildren<QPushButton*>()) {
-                    if (button->text() ==
-                        (use.button == 0 ? QStringLiteral("&Select") : QStringLiteral("&Cancel"))) {
-                        button->click();
-                    }
-                }
+                colours.findChildren<QPushButton*>().at(use.button)->click();
             });
             Press(form, "cmdSetup(4)");
             EXPECT_EQ(bAnimChanged, use.changed);
