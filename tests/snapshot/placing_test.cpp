@@ -107,6 +107,7 @@ TEST_F(Placing, AToolButtonLeavesTheBlockWithTheNextMove) {
         EXPECT_EQ(iCurrentTool, tool);
     }
     window.form->Paste();
+    window.probe.Move(0, 5, 5);
     iCurrentTool = kToolPan;
     window.probe.PressClip(1); // a press without a move before it drops nothing either
     ExpectOver(window, kToolPan, start);
