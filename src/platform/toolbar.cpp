@@ -38,8 +38,9 @@ void Toolbar::AddButton(const ToolbarButton& button) {
         control->setAccessibleName(button.ToolTipText);
         control->setAutoRaise(true);
         control->setFocusPolicy(Qt::NoFocus);
-        // A button leaves mouse moves to its parent, but it gets none to leave without tracking.
+        // A disabled button would keep its mouse moves to itself.
         control->setMouseTracking(true);
+        control->installEventFilter(this);
         control->setCheckable(button.Style == ButtonStyle::Group);
         control->setAutoExclusive(button.Style == ButtonStyle::Group);
         const int index = ButtonCount() + 1;
@@ -129,9 +130,16 @@ void Toolbar::paintEvent(QPaintEvent*) {
     }
 }
 
+bool Toolbar::eventFilter(QObject* control, QEvent* event) {
+    if (event->type() == QEvent::MouseMove && MouseMove) {
+        MouseMove(static_cast<QWidget*>(control)->x() + static_cast<QMouseEvent*>(event)->position().x());
+    }
+    return QWidget::eventFilter(control, event);
+}
+
 void Toolbar::mouseMoveEvent(QMouseEvent* event) {
-    if (MouseMove) {
-        MouseMove(event->position().x());
+    if (childAt(event->position().toPoint()) == nullptr && MouseMove) {
+        MouseMove(event->position().x()); // moves over a button were told already
     }
 }
 

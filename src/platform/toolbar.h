@@ -57,6 +57,7 @@ class Toolbar : public QWidget {
     QSize sizeHint() const override;
 
   protected:
+    bool eventFilter(QObject* control, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 

@@ -22,6 +22,7 @@ class QTimer;
 
 namespace lumrake {
 
+class DrawingBox;
 class frmHelp;
 class frmSnapshot;
 class PanelBar;
@@ -188,7 +189,7 @@ class frmMain : public QMainWindow, public ShellNotices {
     QMdiArea* mdiClient = nullptr;
     Toolbar* tbrMain = nullptr;
     QWidget* picCoords = nullptr;
-    std::array<QLabel*, 2> imgCoords{};
+    std::array<DrawingBox*, 2> imgCoords{};
     std::array<QLabel*, 2> lblCoords{};
     PanelBar* sbrMain = nullptr;
 };

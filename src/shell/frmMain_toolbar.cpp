@@ -1,7 +1,7 @@
 // The toolbar with its co-ordinates panel, and which commands can be given at a time.
 
+#include "platform/drawing_box.h"
 #include "platform/numbers.h"
-#include "platform/pictures.h"
 #include "platform/toolbar.h"
 #include "platform/twips.h"
 #include "shell/frmMain.h"
@@ -12,9 +12,9 @@
 #include <QAction>
 #include <QFrame>
 #include <QLabel>
-#include <QMouseEvent>
 
 #include <span>
+#include <utility>
 
 namespace lumrake {
 
@@ -121,9 +121,7 @@ void frmMain::CreateCoordsPanel() {
     constexpr std::array pictures = {"coords/position.svg", "coords/size.svg"};
     constexpr QSize kIconSize(16, 16);
     for (std::size_t i = 0; i < imgCoords.size(); ++i) {
-        imgCoords[i] = new QLabel(picCoords);
-        imgCoords[i]->setPixmap(
-            LoadIcon(QString::fromUtf8(pictures[i]), kIconSize).pixmap(kIconSize, devicePixelRatioF()));
+        imgCoords[i] = new DrawingBox(QString::fromUtf8(pictures[i]), kIconSize, picCoords);
         imgCoords[i]->move(PixelsFromTwips(kIconLeft[i]), PixelsFromTwips(kIconTop));
         lblCoords[i] = new QLabel(QStringLiteral("0,0"), picCoords);
         lblCoords[i]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
@@ -131,9 +129,9 @@ void frmMain::CreateCoordsPanel() {
                                   PixelsFromTwips(kLabelWidth), PixelsFromTwips(kLabelHeight));
         lblCoords[i]->setAccessibleName(QString::fromUtf8(names[i]));
     }
-    for (QWidget* control :
-         {picCoords, static_cast<QWidget*>(imgCoords[0]), static_cast<QWidget*>(imgCoords[1]),
-          static_cast<QWidget*>(lblCoords[0]), static_cast<QWidget*>(lblCoords[1])}) {
+    QList<QWidget*> controls = picCoords->findChildren<QWidget*>();
+    controls.push_back(picCoords);
+    for (QWidget* control : std::as_const(controls)) {
         control->setMouseTracking(true);
         control->installEventFilter(this);
     }

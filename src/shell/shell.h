@@ -11,8 +11,7 @@ class QWidget;
 
 namespace lumrake {
 
-// ---- Variables of the whole program
-// -------------------------------------------------------------------------
+// ---- Variables of the whole program ----
 
 extern SettingsRecord Settings;      ///< filled once at the start of the run, written once at its end
 extern QString sAppTitle;            ///< "Lumrake" from Initialise on
@@ -26,10 +25,9 @@ extern std::int16_t iCurrentTool; ///< one for all windows: 1 placing a block, 2
 /// Tools, as values of iCurrentTool.
 enum Tool : std::int16_t { kToolPlacing = 1, kToolDraw = 2, kToolMagnify = 3, kToolNet = 4, kToolPan = 5 };
 
-// ---- Notices that come up from the windows
-// ------------------------------------------------------------------ Each forwards to whoever is registered
-// (the main window while it lives, a recorder in a test). With nobody registered they do nothing, and nothing
-// in the callers depends on what they do.
+// ---- Notices that come up from the windows ----
+// Each forwards to whoever is registered (the main window while it lives, a recorder in a test). With nobody
+// registered they do nothing, and nothing in the callers depends on what they do.
 
 /// Groups of commands that EnableFunction switches.
 enum FunctionGroup : std::int16_t {
@@ -87,8 +85,7 @@ void AdoptChild(QWidget* child);
 /// closed.
 QWidget* ChildFrame(QWidget* child);
 
-// ---- Procedures over the variables
-// --------------------------------------------------------------------------
+// ---- Procedures over the variables ----
 
 /// Ink ("FORE") or paper (anything else) of an attribute through the palette of Settings.
 Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich);

@@ -1,10 +1,6 @@
 #include "shell/main_stage.h"
 
-#include "shell/file_commands.h"
-#include "shell/toolbar_rules.h"
-
 #include <QFileInfo>
-#include <QToolButton>
 
 #include <set>
 
@@ -13,6 +9,29 @@ namespace {
 
 const QString kSnapshotKind = QStringLiteral("SNAPSHOT");
 const QString kAnimationKind = QStringLiteral("ANIMATION");
+
+// clang-format off
+/// What can be given: always, with a snapshot, with an animation in front.
+struct Command { Menu name; int first, last; bool always, snapshot, animation; };
+constexpr Command kCommands[] = {
+    {Menu::menu_open,           0, 0, true,  true,  true},
+    {Menu::menu_prefs,          0, 0, true,  true,  true},
+    {Menu::menu_exit,           0, 0, true,  true,  true},
+    {Menu::menu_closeall,       0, 0, true,  true,  true},
+    {Menu::menu_animation,      1, 2, true,  true,  true},
+    {Menu::menu_zoomopt,        0, 0, false, true,  true},
+    {Menu::menu_save,           0, 0, false, true,  false},
+    {Menu::menu_saveas,         0, 0, false, true,  false},
+    {Menu::menu_exportviews,    0, 0, false, true,  false},
+    {Menu::menu_mode,           0, 4, false, true,  false},
+    {Menu::menu_snapshot,       0, 3, false, true,  false},
+    {Menu::menu_animation,      3, 4, false, false, true},
+    {Menu::menu_animationtogif, 0, 0, false, false, true},
+    {Menu::menu_edit,           1, 4, false, false, false},
+    {Menu::menu_exportselect,   0, 0, false, false, false},
+};
+// clang-format on
+const std::set<int> kAlways = {2, 18, 19};
 
 std::set<int> EnabledButtons() {
     std::set<int> enabled;
@@ -24,132 +43,52 @@ std::set<int> EnabledButtons() {
     return enabled;
 }
 
-/// The enabled entries among those that follow something.
-std::set<std::pair<Menu, int>> EnabledEntries() {
-    std::set<std::pair<Menu, int>> enabled;
-    const auto look = [&enabled](Menu name, int first, int last) {
-        for (int Index = first; Index <= last; ++Index) {
-            if (MainStage::IsOn(name, Index)) {
-                enabled.insert({name, Index});
-            }
+void ExpectCommands(bool Command::*state, const std::set<int>& buttons) {
+    for (const Command& row : kCommands) {
+        for (int Index = row.first; Index <= row.last; ++Index) {
+            EXPECT_EQ(MainStage::IsOn(row.name, Index), row.*state)
+                << MainWindow()->Entry(row.name, Index)->text().toStdString();
         }
-    };
-    look(Menu::menu_save, 0, 0);
-    look(Menu::menu_saveas, 0, 0);
-    look(Menu::menu_exportviews, 0, 0);
-    look(Menu::menu_exportselect, 0, 0);
-    look(Menu::menu_edit, 1, 4);
-    look(Menu::menu_zoomopt, 0, 0);
-    look(Menu::menu_mode, 0, 4);
-    look(Menu::menu_snapshot, 0, 3);
-    look(Menu::menu_animation, 3, 4);
-    look(Menu::menu_animationtogif, 0, 0);
-    return enabled;
+    }
+    EXPECT_EQ(EnabledButtons(), buttons);
 }
-
-const std::set<int> kAlways = {2, 18, 19};
-const std::set<int> kWithSnapshot = {2, 3, 4, 10, 11, 12, 13, 15, 16, 18, 19};
-const std::set<std::pair<Menu, int>> kSnapshotEntries = {
-    {Menu::menu_save, 0},     {Menu::menu_saveas, 0},   {Menu::menu_exportviews, 0}, {Menu::menu_zoomopt, 0},
-    {Menu::menu_mode, 0},     {Menu::menu_mode, 1},     {Menu::menu_mode, 2},        {Menu::menu_mode, 3},
-    {Menu::menu_mode, 4},     {Menu::menu_snapshot, 0}, {Menu::menu_snapshot, 1},    {Menu::menu_snapshot, 2},
-    {Menu::menu_snapshot, 3},
-};
-const std::set<std::pair<Menu, int>> kAnimationEntries = {{Menu::menu_zoomopt, 0},
-                                                          {Menu::menu_animation, 3},
-                                                          {Menu::menu_animation, 4},
-                                                          {Menu::menu_animationtogif, 0}};
 
 TEST(MainWindow, CommandsFollowTheKindOfTheActiveChild) {
     MainStage stage;
     frmMain& main = stage.Start();
-    EXPECT_EQ(EnabledButtons(), kAlways);
-    EXPECT_TRUE(EnabledEntries().empty());
-    for (const auto& [name, Index] : {std::pair{Menu::menu_open, 0},
-                                      {Menu::menu_animation, 1},
-                                      {Menu::menu_animation, 2},
-                                      {Menu::menu_closeall, 0},
-                                      {Menu::menu_exit, 0},
-                                      {Menu::menu_prefs, 0}}) {
-        EXPECT_TRUE(stage.IsOn(name, Index));
-    }
+    ExpectCommands(&Command::always, kAlways);
 
     iSnapshotCount = 1;
     main.UpdateToolbars(kSnapshotKind, true);
     main.UpdateToolbars(kAnimationKind, false);
-    EXPECT_EQ(EnabledButtons(), kWithSnapshot);
-    EXPECT_EQ(EnabledEntries(), kSnapshotEntries);
+    ExpectCommands(&Command::snapshot, {2, 3, 4, 10, 11, 12, 13, 15, 16, 18, 19});
 
     iAnimationCount = 1;
     main.UpdateToolbars(kAnimationKind, true);
     main.UpdateToolbars(kSnapshotKind, false);
-    EXPECT_EQ(EnabledButtons(), (std::set<int>{2, 18, 19, 20}));
-    EXPECT_EQ(EnabledEntries(), kAnimationEntries);
+    ExpectCommands(&Command::animation, {2, 18, 19, 20});
 
     main.EnableFunction(kGroupCut, true);
     iSnapshotCount = iAnimationCount = 0;
     main.UpdateToolbars(kAnimationKind, false);
-    EXPECT_EQ(EnabledButtons(), kAlways);
-    EXPECT_TRUE(EnabledEntries().empty());
+    ExpectCommands(&Command::always, kAlways);
 }
 
 TEST(MainWindow, EachGroupSwitchesItsButtonAndEntry) {
     MainStage stage;
     frmMain& main = stage.Start();
-    const struct {
-        std::int16_t group;
-        std::set<int> buttons;
-        std::set<std::pair<Menu, int>> entries;
-    } cases[] = {
-        {1, {6}, {{Menu::menu_edit, 1}}},
-        {2, {7}, {{Menu::menu_edit, 2}}},
-        {3, {8}, {{Menu::menu_edit, 3}}},
-        {4, {}, {{Menu::menu_edit, 4}}},
-        {5, {}, {{Menu::menu_exportselect, 0}}},
-        {6, {}, {}},
-        {0, {}, {}},
-        {-1, {}, {}},
-    };
-    for (const auto& one : cases) {
-        main.EnableFunction(one.group, true);
-        std::set<int> buttons = one.buttons;
-        buttons.insert(kAlways.begin(), kAlways.end());
-        EXPECT_EQ(EnabledButtons(), buttons) << one.group;
-        EXPECT_EQ(EnabledEntries(), one.entries) << one.group;
-        main.EnableFunction(one.group, false);
-    }
-}
-
-TEST(MainWindow, TheButtonUnderTheMouseIsFoundWhateverIsHidden) {
-    MainStage stage;
-    frmMain& main = stage.Start();
-    Toolbar& bar = stage.Bar();
-    for (unsigned hidden = 0; hidden < 32; ++hidden) {
-        for (std::size_t group = 0; group < 5; ++group) {
-            Settings.bToolbarVisible[group] = (hidden >> group & 1) != 0 ? 0 : -1;
+    for (std::int16_t group = -1; group <= 7; ++group) {
+        main.EnableFunction(group, true);
+        for (int Index = 1; Index <= 4; ++Index) {
+            EXPECT_EQ(stage.IsOn(Menu::menu_edit, Index), Index == group) << group;
         }
-        main.ArrangeToolbars();
-        std::vector<std::int32_t> widths;
-        for (int button = 1; button <= 20; ++button) {
-            widths.push_back(bar.ButtonWidth(button) * 15);
+        EXPECT_EQ(stage.IsOn(Menu::menu_exportselect), group == 5) << group;
+        std::set<int> buttons = kAlways;
+        if (group >= 1 && group <= 3) {
+            buttons.insert(group + 5);
         }
-        int shown = 0;
-        for (const QToolButton* control : bar.findChildren<QToolButton*>()) {
-            if (control->isVisible()) {
-                ++shown;
-                const int hit = ButtonAtX(control->geometry().center().x() * 15, widths);
-                ASSERT_GE(hit, 1);
-                EXPECT_EQ(control->toolTip().isEmpty(), false);
-                EXPECT_NE(PromptOfButton(hit), 0);
-                EXPECT_TRUE(bar.IsButtonVisible(hit)) << hit;
-            }
-        }
-        constexpr std::array sizes = {3, 3, 4, 2, 3};
-        int expected = 0;
-        for (std::size_t group = 0; group < 5; ++group) {
-            expected += (hidden >> group & 1) != 0 ? 0 : sizes[group];
-        }
-        EXPECT_EQ(shown, expected);
+        EXPECT_EQ(EnabledButtons(), buttons) << group;
+        main.EnableFunction(group, false);
     }
 }
 
@@ -260,15 +199,6 @@ TEST(MainWindow, TheWindowListShowsAndChoosesTheActiveChild) {
     emit menu->aboutToShow();
     EXPECT_EQ(menu->actions().size(), 1);
     EXPECT_EQ(main.ActiveForm(), nullptr);
-}
-
-TEST(MainWindow, NotBuiltCommandsSaySo) {
-    MainStage stage;
-    frmMain& main = stage.Start();
-    main.UpdateToolbars(kAnimationKind, true);
-    stage.Click(Menu::menu_animationtogif);
-    EXPECT_EQ(stage.boxes,
-              std::vector<QString>{QStringLiteral("LMK V2.00|Sorry, this option is not available yet.")});
 }
 
 } // namespace

@@ -11,17 +11,10 @@ namespace {
 
 ViewNumbers View(std::int32_t lOffset, int width, int lines, int columns, int mode, int zoom = 1,
                  int flip = 0) {
-    ViewNumbers view;
-    view.lFileLength = 1 << 20;
-    view.lOffset = lOffset;
-    view.iWidth = static_cast<std::int16_t>(width);
-    view.iLines = static_cast<std::int16_t>(lines);
-    view.iColumns = static_cast<std::int16_t>(columns);
-    view.iMode = static_cast<std::int16_t>(mode);
-    view.iZoom = static_cast<std::int16_t>(zoom);
-    view.iZoomFactor = static_cast<std::int16_t>(lmk::ZoomIndexToFactor(zoom));
-    view.iUpsideDown = static_cast<std::int16_t>(flip);
-    return view;
+    const auto narrow = [](int value) { return static_cast<std::int16_t>(value); };
+    return {1 << 20,         lOffset,      narrow(width), narrow(lines),
+            narrow(columns), narrow(mode), narrow(zoom),  narrow(lmk::ZoomIndexToFactor(zoom)),
+            narrow(flip)};
 }
 
 TEST(LocatePixel, FollowsTheLayoutOfTheMode) {
@@ -36,24 +29,13 @@ TEST(LocatePixel, FollowsTheLayoutOfTheMode) {
     const Case cases[] = {
         {"graphics",                View(100, 16, 8, 2, kGraphics),        21, 3,     122,  2},
         {"graphics at 4:1",         View(100, 16, 8, 2, kGraphics, 3),     87, 15,    122,  2},
-        {"graphics next pixel",     View(100, 16, 8, 2, kGraphics, 3),     88, 15,    122,  1},
         {"line masks",              View(100, 16, 8, 2, kLineMasks),       21, 3,     144,  2},
         {"byte masks",              View(100, 16, 8, 2, kByteMasks),       21, 3,     144,  2},
-        {"last of column 0",        View(0, 16, 8, 2, kGraphics),          15, 0,     1,    0},
-        {"first of column 1",       View(0, 16, 8, 2, kGraphics),          16, 0,     16,   7},
-        {"no mask row",             View(0, 24, 8, 1, kLineMasks),         0, 1,      6,    7},
-        {"byte masks, byte 0",      View(0, 16, 8, 1, kByteMasks),         7, 0,      0,    0},
-        {"byte masks, byte 1",      View(0, 16, 8, 1, kByteMasks),         8, 0,      2,    7},
         {"screen",                  View(0, 256, 192, 1, kScreen),         100, 70,   3596, 3},
-        {"screen, last",            View(1, 256, 192, 1, kScreen),         255, 191,  6144, 0},
         {"text",                    View(1000, 32, 16, 1, kText),          13, 10,    1042, 2},
         {"flip, top",               View(0, 16, 8, 1, kGraphics, 1, 1),    9, 0,      15,   6},
-        {"flip, bottom",            View(0, 16, 8, 1, kGraphics, 1, 1),    9, 7,      1,    6},
         {"flip at 2:1, Y 1",        View(0, 8, 4, 1, kGraphics, 2, 1),     0, 1,      3,    7},
-        {"flip at 2:1, Y 6",        View(0, 8, 4, 1, kGraphics, 2, 1),     0, 6,      0,    7},
-        {"flip, part of a pixel",   View(0, 8, 4, 1, kGraphics, 1, 1),     0, 0.75F,  3,    7},
         {"far corner",              View(0, 256, 512, 16, kByteMasks, 5),  65535, 8191, 524286, 0},
-        {"unknown mode",            View(100, 16, 8, 2, 9),                21, 3,     122,  2},
         {"offset at the top end",   View(2147483646, 256, 512, 16, kGraphics), 4095, 511, 2147483646LL + 262143, 0},
     };
     // clang-format on
@@ -68,11 +50,11 @@ TEST(LocatePixel, FollowsTheLayoutOfTheMode) {
 TEST(LocatePixel, FindsNothingOutsideThePicture) {
     const ViewNumbers view = View(50, 16, 8, 2, kGraphics, 2);
     const float inf = std::numeric_limits<float>::infinity(), nan = std::numeric_limits<float>::quiet_NaN();
-    const float outside[][2] = {{-1, 0},  {-0.25F, 0}, {0, -1},  {64, 0},  {0, 16},  {1e30F, 0},
-                                {0, inf}, {-inf, 0},   {nan, 0}, {0, nan}, {64, 16}, {-1, -1}};
-    for (const auto& [X, Y] : outside) {
-        EXPECT_FALSE(LocatePixel(view, X, Y).has_value()) << X << ' ' << Y;
+    for (const float out : {-1.0F, -0.25F, 64.0F, 1e30F, inf, -inf, nan}) {
+        EXPECT_FALSE(LocatePixel(view, out, 0).has_value()) << out;
+        EXPECT_FALSE(LocatePixel(view, 0, out).has_value()) << out;
     }
+    EXPECT_FALSE(LocatePixel(view, 0, 16).has_value());
     EXPECT_TRUE(LocatePixel(view, 63.75F, 15.75F).has_value());
 }
 
@@ -86,9 +68,6 @@ TEST(Pixels, EndWithTheMemory) {
     EXPECT_EQ(ReadPixel(memory, view, 7, 0), 1);
     EXPECT_EQ(ReadPixel(memory, view, 8, 0), 0);
     EXPECT_FALSE(WritePixel(memory, View(-9, 16, 8, 1, kGraphics), 0, 0, 1)) << "before the memory";
-
-    EXPECT_TRUE(WritePixel(memory, view, 7, 0, 2)) << "any value but 1 clears";
-    EXPECT_EQ(memory, std::vector<std::uint8_t>(10, 0));
 }
 
 /// What is shown at a pixel must be the bit that would be written there.

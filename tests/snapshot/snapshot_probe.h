@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/panel_bar.h"
 #include "platform/spin_bar.h"
 #include "platform/value_box.h"
+#include "snapshot/frmClip.h"
 #include "snapshot/frmSnapshot.h"
 #include "support/forms_support.h"
 
@@ -11,8 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
-#include <span>
 #include <vector>
 
 namespace lumrake {
@@ -34,19 +36,16 @@ struct SnapshotProbe {
     static frmSnapshot* Placing() { return frmSnapshot::placingWindow; }
 
     QWidget& Container() const { return *form.picContainer; }
-    ValueBox& Box(int index) const { return *form.txtValue[static_cast<std::size_t>(index)]; }
-    SpinBar& Spin(int index) const { return *form.scrValue[static_cast<std::size_t>(index)]; }
+    ValueBox& Box(std::size_t index) const { return *form.txtValue[index]; }
+    SpinBar& Spin(std::size_t index) const { return *form.scrValue[index]; }
     SpinBar& Bar() const { return *form.scrAddr; }
     QWidget& Track() const { return *form.txtScroll; }
     QPushButton& Thumb() const { return *form.cmdScroll; }
     QPushButton& Options() const { return *form.cmdOptions; }
     PanelBar& Status() const { return *form.sbrSnapshot; }
-    ColourButton& ColourOf(int index) const { return *form.cmdColour[static_cast<std::size_t>(index)]; }
+    ColourButton& ColourOf(std::size_t index) const { return *form.cmdColour[index]; }
     QProgressBar& Progress() const { return *form.barProgress; }
-    std::int32_t ValueMax(int index) const { return form.lValueMax[static_cast<std::size_t>(index)]; }
-    void WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh) const {
-        form.WritePixel(X, Y, iValue, bRefresh);
-    }
+    void WritePixel(float X, float Y, std::int16_t iValue) const { form.WritePixel(X, Y, iValue, true); }
 
     std::string Texts() const {
         QStringList texts;
@@ -55,17 +54,14 @@ struct SnapshotProbe {
         }
         return texts.join(QLatin1Char(' ')).toStdString();
     }
-    /// Whether something drew since the last call. The bytes shown must not be all 0.
+    /// Whether something drew since the last call: the picture is cleared in between. The bytes shown must
+    /// not be all 0.
     bool Drawn() const {
-        lmk::DeviceContext& context = form.picImage->hDC();
-        bool drawn = false;
-        for (int y = 0; y < context.Picture().Height(); ++y) {
-            for (int x = 0; x < context.Picture().Width(); ++x) {
-                drawn = drawn || context.Picture().PixelAt(x, y);
-            }
-        }
-        context.Clear();
-        return drawn;
+        lmk::BitPicture picture = form.picImage->hDC().Picture();
+        form.picImage->hDC().Clear();
+        const std::uint8_t* end = picture.Row(0) + picture.Stride() * picture.Height();
+        return std::any_of(static_cast<const std::uint8_t*>(picture.Row(0)), end,
+                           [](int byte) { return byte != 0; });
     }
 
     // The mouse over the picture, in screen pixels of the picture: 1 left, 2 right, 4 middle, 0 none.
@@ -91,31 +87,42 @@ struct SnapshotProbe {
 
 namespace testing {
 
-/// A snapshot window in the area of a main window that is only there to hold it.
-class SnapshotStage : public Stage {
-  public:
-    SnapshotStage() {
-        area.resize(700, 600);
-        area.show();
-    }
-    void AdoptChild(QWidget* child) override { area.addSubWindow(child); }
+/// Snapshot windows in the area of a main window that is only there to hold them.
+class SnapshotTest : public ::testing::Test {
+  protected:
+    class AreaStage : public Stage {
+      public:
+        void AdoptChild(QWidget* child) override { area.addSubWindow(child); }
+        QMdiArea area;
+    };
 
-    /// Opens a file of these bytes; null when it did not open.
-    frmSnapshot* Open(std::span<const std::uint8_t> bytes, const QString& name = QStringLiteral("Test.SNA")) {
-        MakeFile(name, bytes);
-        return OpenPath(Path(name), name);
+    SnapshotTest() {
+        stage.area.resize(700, 600);
+        stage.area.show();
     }
-    frmSnapshot* OpenPath(const QString& path, const QString& title) {
+    /// Opens a file in the stage's directory; null when it did not open.
+    frmSnapshot* Launch(const char* name) {
         auto* form = new frmSnapshot;
-        if (!form->Launch(path, title)) {
+        const QString title = QString::fromLatin1(name);
+        if (!form->Launch(stage.Path(title), title)) {
             delete form;
             return nullptr;
         }
-        QCoreApplication::sendPostedEvents();
         return form;
     }
+    /// Opens a new file "Test.SNA" of random bytes in this view.
+    SnapshotProbe Open(std::size_t bytes, int width = 64, int lines = 40, int columns = 1, int mode = 0) {
+        Settings.iDefaultWidth = static_cast<std::int16_t>(width);
+        Settings.iDefaultLines = static_cast<std::int16_t>(lines);
+        Settings.iDefaultColumns = static_cast<std::int16_t>(columns);
+        Settings.iDefaultMode = static_cast<std::int16_t>(mode);
+        stage.MakeFile(QStringLiteral("Test.SNA"), NoiseBytes(bytes));
+        const SnapshotProbe probe{*Launch("Test.SNA")};
+        probe.Drawn();
+        return probe;
+    }
 
-    QMdiArea area;
+    AreaStage stage;
 };
 
 /// A window over a file of its own, with a view of one column in Graphics mode.
@@ -133,6 +140,12 @@ struct SnapshotWindow {
 
     std::unique_ptr<frmSnapshot> form = std::make_unique<frmSnapshot>();
     SnapshotProbe probe{*form};
+};
+
+/// For tests of the editor: they leave the clipboard empty.
+struct EditorTest : ::testing::Test {
+    ~EditorTest() override { frmClip::Instance().SetData({}); }
+    Stage stage;
 };
 
 } // namespace testing
