@@ -4,10 +4,9 @@
 #include "animation/frmAnimation.h"
 #include "platform/picture_box.h"
 #include "support/forms_support.h"
+#include "support/when_open.h"
 
-#include <QApplication>
 #include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -47,31 +46,6 @@ inline void Type(QWidget& form, int field, const char* text) {
     QTest::keyClicks(Field(form, field), QString::fromLatin1(text));
 }
 
-/// Does `act` with the next modal dialog of type `Dialog`, which must close it. One that is still open long
-/// after fails the test and is closed.
-template <class Dialog> class WhenOpen {
-  public:
-    explicit WhenOpen(std::function<void(Dialog&)> act) {
-        QObject::connect(&poll_, &QTimer::timeout, [this, act = std::move(act)] {
-            auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
-            if (dialog != nullptr && !done_) {
-                done_ = true;
-                EXPECT_TRUE(QTest::qWaitForWindowActive(dialog)); // only then does the focus move
-                act(*dialog);
-            } else if (++polls_ > 2000 && QApplication::activeModalWidget() != nullptr) {
-                ADD_FAILURE() << "a dialog stayed open";
-                QApplication::activeModalWidget()->close();
-            }
-        });
-        poll_.start(5);
-    }
-    ~WhenOpen() { EXPECT_TRUE(done_) << "the dialog did not open"; }
-
-  private:
-    QTimer poll_;
-    int polls_ = 0;
-    bool done_ = false;
-};
 using WhenSetup = WhenOpen<frmAnimSetup>;
 
 /// Eight frames of 16 x 8 pixels.

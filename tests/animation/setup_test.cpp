@@ -148,11 +148,11 @@ TEST_F(Setup, FocusAndMouseAskForTheirPrompts) {
             QTest::mouseMove(under, under->mapFrom(strip, place));
         }
         EXPECT_EQ(stage.notices.at(0), QStringLiteral("SetStatusText Select the display mode"));
-        std::string keys;
+        QString keys;
         for (std::size_t i = 1; i < stage.notices.size(); ++i) {
-            keys += stage.notices[i].mid(10).toStdString();
+            keys += stage.notices[i].mid(10); // behind "ShowPrompt"
         }
-        EXPECT_EQ(keys, " 52 60 58 46 46 0 47 47 0 0 0");
+        EXPECT_EQ(keys, QStringLiteral(" 52 60 58 46 46 0 47 47 0 0 0"));
         form.close();
     });
 }
