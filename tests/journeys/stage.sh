@@ -5,6 +5,7 @@
 set -euo pipefail
 
 build=$1
+here=$(dirname "${BASH_SOURCE[0]}")
 stage=$(mktemp -d "${TMPDIR:-/tmp}/lumrake-journey.XXXXXX")
 app=$stage/app       # the program's directory, with its settings and help file
 files=$stage/files   # the user's files; the program starts here
@@ -12,9 +13,9 @@ journey=$(basename "$0" .sh)
 
 fail() {
     echo "FAILED: $*" >&2
-    import -window root "$stage/failure.png" 2>/dev/null || true
+    cat "$stage/stderr" >&2 2>/dev/null || true
     mkdir -p "$build/journeys"
-    cp "$stage/failure.png" "$build/journeys/$journey.png" 2>/dev/null || true
+    import -window root "$build/journeys/$journey.png" 2>/dev/null || true
     exit 1
 }
 
@@ -33,16 +34,19 @@ open_stage() {
     cp "$build/bin/lumrake" "$build/bin/LMKHELP.DAT" "$app/"
     cp "$build/examples/sample.sna" "$build/examples/walker.anm" "$files/"
     exec {display_pipe}<> <(:)
-    Xvfb -displayfd "$display_pipe" -screen 0 1280x960x24 -nolisten tcp 2>/dev/null &
+    # Without -noreset the server starts afresh, and cuts everybody off, whenever its last client leaves.
+    Xvfb -displayfd "$display_pipe" -screen 0 1280x960x24 -nolisten tcp -noreset 2>/dev/null &
     xvfb_process=$!
     read -r -t 30 -u "$display_pipe" number || fail "no display"
     export DISPLAY=:$number
-    # The keyboard map must not follow the machine's language.
-    unset XDG_SESSION_TYPE WAYLAND_DISPLAY QT_QPA_PLATFORM
-    export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$stage HOME=$stage NO_AT_BRIDGE=1
-    openbox 2>/dev/null &
-    wait_for "the window manager" xprop -root _NET_SUPPORTING_WM_CHECK
+    # The keyboard map must not follow the machine's language, nor the look its desktop.
+    unset XDG_SESSION_TYPE WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_CURRENT_DESKTOP
+    export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$stage HOME=$stage XDG_CONFIG_HOME=$stage NO_AT_BRIDGE=1
+    openbox >/dev/null 2>&1 &
+    wait_for "the window manager" window_manager_runs
 }
+
+window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
 
 close_stage() {
     [ -z "${program:-}" ] || kill "$program" 2>/dev/null || true
@@ -51,49 +55,167 @@ close_stage() {
 }
 trap close_stage EXIT
 
-# start_program ARGUMENTS...: without the splash unless other arguments are given; waits for the main window.
+# start_program ARGUMENTS...: without the splash unless other arguments are given; waits for the main window and
+# gives it room for two children side by side.
 start_program() {
     (cd "$files" && exec "$app/lumrake" "${@:-REHEARS}" 2>"$stage/stderr") &
     program=$!
     wait_for_window '^Lumrake$'
-    main=$(xdotool search --onlyvisible --name '^Lumrake$' | tail -n 1)
+    main=$(window '^Lumrake$')
     wait_for "the focus" focused "$main"
+    xdotool windowsize --sync "$main" 1000 700
+    child_at 0 0
 }
 
+window() { xdotool search --onlyvisible --name "$1" | tail -n 1; }
 focused() { [ "$(xdotool getwindowfocus)" = "$1" ] || { xdotool windowactivate "$1" 2>/dev/null; false; }; }
-
 wait_for_window() { wait_for "the window $1" xdotool search --onlyvisible --name "$1"; }
+wait_for_dialog() {
+    wait_for_window "^$1\$"
+    dialog=$(window "^$1\$")
+    wait_for "the focus of $1" focused "$dialog"
+}
 window_gone() { ! xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
-wait_until_gone() { wait_for "the end of the window $1" window_gone "$1"; }
+wait_until_gone() {
+    wait_for "the end of the window $1" window_gone "^$1\$"
+    wait_for "the focus" focused "$main"
+}
+# Menus and other windows without a title carry the program's name. While one is open it holds the mouse.
+popup_open() {
+    local w
+    for w in $(xdotool search --onlyvisible --class lumrake); do
+        [ "$(xdotool getwindowname "$w")" != lumrake ] || return 0
+    done
+    return 1
+}
+popup_gone() { ! popup_open; }
+
 program_ended() { ! kill -0 "$program" 2>/dev/null; }
 wait_for_end() { wait_for "the end of the program" program_ended; program=; }
 
-keys() { xdotool key --clearmodifiers --delay 20 "$@"; }
-text() { xdotool type --delay 10 -- "$1"; }
+keys() { xdotool key --clearmodifiers --delay 12 "$@"; }
+text() { xdotool type --delay 12 -- "$1"; }
+# repeat N KEY
+repeat() { [ "$1" -eq 0 ] || keys $(yes "$2" | head -n "$1"); }
+
+# menu LETTER KEYS...: opens a menu of the bar by its access key, then presses keys that choose an entry.
+menu() {
+    keys "alt+$1"
+    wait_for "the menu $1" popup_open
+    keys "${@:2}"
+    wait_for "the end of the menu $1" popup_gone
+}
 
 # point X Y: moves the mouse to a place of the main window's inside.
-point() { xdotool mousemove --window "$main" "$1" "$2"; }
+point() { xdotool mousemove --window "${3:-$main}" "$1" "$2"; }
 click() { point "$1" "$2"; xdotool click "${3:-1}"; }
+dialog_click() { point "$1" "$2" "$dialog"; xdotool click "${3:-1}"; }
+# drag X Y X Y: with the left button, in the main window.
+drag() {
+    point "$1" "$2"
+    xdotool mousedown 1
+    point $((($1 + $3) / 2)) $((($2 + $4) / 2))
+    point "$3" "$4"
+    xdotool mouseup 1
+}
 
-# answer TITLE KEY: waits for a box with this title and presses an access key (alt+y for Yes).
+# answer TITLE KEYS...: waits for a box or dialog with this title and presses keys (alt+y for Yes) that close it.
 answer() {
-    wait_for_window "^$1\$"
-    wait_for "the focus of $1" focused "$(xdotool search --onlyvisible --name "^$1\$" | tail -n 1)"
-    keys "$2"
-    wait_until_gone "^$1\$"
+    wait_for_dialog "$1"
+    keys "${@:2}"
+    wait_until_gone "$1"
 }
 
 # choose_file TITLE NAME: types a name into the file dialog of this title.
 choose_file() {
-    wait_for_window "^$1\$"
-    wait_for "the focus of $1" focused "$(xdotool search --onlyvisible --name "^$1\$" | tail -n 1)"
+    wait_for_dialog "$1"
     keys alt+n
     text "$2"
     keys Return
-    wait_until_gone "^$1\$"
+    wait_until_gone "$1"
 }
 
-# shot FILE [WxH+X+Y]: a picture of the main window's inside, or a part of it.
-shot() { import -window "$main" ${2:+-crop "$2"} +repage "$1"; }
+# ---- the active snapshot window ----
 
-same_bytes() { cmp "$1" "$2" || fail "$1 and $2 differ"; }
+# child_at X Y: where the corner of the active child lies in the client area. picture_left and picture_top follow:
+# the picture in the main window, below its menu bar and toolbar and inside the frame of the child.
+child_at() {
+    child_left=$1 child_top=$2
+    picture_left=$((child_left + 12)) picture_top=$((child_top + 79))
+}
+
+open_snapshot() {
+    keys ctrl+o
+    choose_file "Open snapshot file\.\.\." "$1"
+    view=0,0,256,192,1,0 factor=1
+}
+
+# mode KEYS...: graphics, screen, text, line or byte masks by the access keys of the Snapshot menu. Two of its entries
+# share the B, so that it takes a Return as well.
+mode() { menu s "$@"; }
+# zoom INDEX: 1 to 5
+zoom() {
+    menu v z $(yes Down | head -n $(($1 - 1))) Return
+    factor=$((1 << ($1 - 1)))
+}
+
+# look MODE OFFSET WIDTH LINES COLUMNS: types a view into the boxes of a window that is in a mode with boxes. The
+# width has only steps.
+look() {
+    local width
+    width=$(cut -d, -f3 <<<"$view")
+    click $((picture_left + 315)) $((picture_top + 25)) # the offset's box
+    keys Home shift+End
+    text "$2"
+    keys Tab Tab Tab
+    if [ "$3" -lt "$width" ]; then repeat $(((width - $3) / 8)) Left; else repeat $((($3 - width) / 8)) Right; fi
+    keys Tab
+    text "$4"
+    keys Tab Tab
+    text "$5"
+    view=$1,$2,$3,$4,$5,0
+}
+
+# Places of picture pixels in the main window, and the mouse on them.
+px() { echo $((picture_left + $1 * factor + factor / 2)); }
+py() { echo $((picture_top + $1 * factor + factor / 2)); }
+pixel() { click "$(px "$1")" "$(py "$2")" "${3:-1}"; }
+# net X Y W H: drags the net over a block.
+net() { drag "$(px "$1")" "$(py "$2")" "$(px $(($1 + $3)))" "$(py $(($2 + $4)))"; }
+# tool draw|zoom|select|pan, by the toolbar
+tool() { case $1 in draw) click 180 33 ;; zoom) click 204 33 ;; select) click 228 33 ;; pan) click 252 33 ;; esac; }
+
+# ---- comparing ----
+
+spectrum() { perl "$here/spectrum.pl" "$@"; }
+
+shot() { import -window "${3:-$main}" ${2:+-crop "$2"} +repage "$1"; }
+pixels() { convert "$1" -depth 8 "rgb:$2"; }
+looks_like() {
+    import -window "$main" -crop "$2" +repage -depth 8 "rgb:$stage/seen"
+    cmp -s "$1" "$stage/seen"
+}
+
+# expect_picture [FILE]: waits until the active child shows its view of the file, pixel for pixel in these colours,
+# or as much of it as fits into its window.
+ink='#d0d0d0' paper='#0000d0'
+paint() { spectrum picture "$1" "$view" | convert pbm:- +level-colors "$ink,$paper" -scale "${2}00%" "${@:3}"; }
+expect_picture() {
+    local what="$view of ${1:-sample.sna} at ${factor}x" size
+    paint "$files/${1:-sample.sna}" "$factor" -crop 256x224+0+0 +repage "$stage/picture.png"
+    pixels "$stage/picture.png" "$stage/wanted"
+    size=$(identify -format '%wx%h' "$stage/picture.png")
+    wait_for "the picture $what" looks_like "$stage/wanted" "$size+$picture_left+$picture_top"
+}
+# expect_bitmap NAME WxH+X+Y FACTOR: a file that holds this part of the active child's view.
+expect_bitmap() {
+    wait_for "$1" test -s "$files/$1"
+    paint "$files/sample.sna" "$3" -crop "$2" +repage "$stage/picture.png"
+    [ "$(compare -metric AE "$files/$1" "$stage/picture.png" null: 2>&1)" = 0 ] || fail "$1 shows something else"
+    [ "$(identify -format '%z %[colors]' "$files/$1")" = "1 2" ] || fail "$1 has not one bit a pixel"
+}
+
+expect_bytes() { wait_for "$1 to be $2" cmp "$1" "$2"; }
+expect_size() { [ "$(stat -c %s "$1")" = "$2" ] || fail "$1 has not $2 bytes"; }
+# value FILE OFFSET WIDTH: a little-endian number of a record
+value() { od -An -j "$2" -N "$3" -t "d$3" --endian=little "$1" | tr -d ' '; }
