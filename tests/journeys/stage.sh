@@ -55,16 +55,21 @@ close_stage() {
 }
 trap close_stage EXIT
 
-# start_program ARGUMENTS...: without the splash unless other arguments are given; waits for the main window and
-# gives it room for two children side by side.
-start_program() {
-    (cd "$files" && exec "$app/lumrake" "${@:-REHEARS}" 2>"$stage/stderr") &
+launch() {
+    (cd "$files" && exec "$app/lumrake" "$@" 2>"$stage/stderr") &
     program=$!
+}
+# find_main: waits for the main window and gives it room for two children side by side.
+find_main() {
     wait_for_window '^Lumrake$'
     main=$(window '^Lumrake$')
     wait_for "the focus" focused "$main"
     xdotool windowsize --sync "$main" 1000 700
     child_at 0 0
+}
+start_program() {
+    launch REHEARS # no splash
+    find_main
 }
 
 window() { xdotool search --onlyvisible --name "$1" | tail -n 1; }
@@ -76,10 +81,6 @@ wait_for_dialog() {
     wait_for "the focus of $1" focused "$dialog"
 }
 window_gone() { ! xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
-wait_until_gone() {
-    wait_for "the end of the window $1" window_gone "^$1\$"
-    wait_for "the focus" focused "$main"
-}
 # Menus and other windows without a title carry the program's name. While one is open it holds the mouse.
 popup_open() {
     local w
@@ -121,9 +122,14 @@ drag() {
 
 # answer TITLE KEYS...: waits for a box or dialog with this title and presses keys (alt+y for Yes) that close it.
 answer() {
+    answer_last "$@"
+    wait_for "the focus" focused "$main"
+}
+# The same for a box after which the main window has not its turn.
+answer_last() {
     wait_for_dialog "$1"
     keys "${@:2}"
-    wait_until_gone "$1"
+    wait_for "the end of the window $1" window_gone "^$1\$"
 }
 
 # choose_file TITLE NAME: types a name into the file dialog of this title.
@@ -131,8 +137,7 @@ choose_file() {
     wait_for_dialog "$1"
     keys alt+n
     text "$2"
-    keys Return
-    wait_until_gone "$1"
+    answer "$1" Return
 }
 
 # ---- the active snapshot window ----
@@ -215,6 +220,7 @@ expect_bitmap() {
     [ "$(identify -format '%z %[colors]' "$files/$1")" = "1 2" ] || fail "$1 has not one bit a pixel"
 }
 
+same_bytes() { cmp "$1" "$2" || fail "$1 and $2 differ"; }
 expect_bytes() { wait_for "$1 to be $2" cmp "$1" "$2"; }
 expect_size() { [ "$(stat -c %s "$1")" = "$2" ] || fail "$1 has not $2 bytes"; }
 # value FILE OFFSET WIDTH: a little-endian number of a record

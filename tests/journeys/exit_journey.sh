@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# The end of a run with unsaved work, and what a second run remembers of the first.
+source "$(dirname "$0")/stage.sh"
+open_stage
+mv "$files/sample.sna" "$files/My Game.SNA"
+start_program
+
+open_snapshot "My Game.SNA"
+pixel 0 0
+view=0,0,256,192,1,0
+spectrum set "$files/My Game.SNA" "$view" 0,0,1 > "$stage/after"
+cp "$files/My Game.SNA" "$stage/before"
+menu f x
+answer Snapshot Escape
+[ ! -e "$app/LMK.CFG" ] || fail "a cancelled exit saved the settings"
+keys ctrl+k
+answer_last "Close all" alt+y
+answer Snapshot Escape
+same_bytes "$files/My Game.SNA" "$stage/before"
+menu f x
+answer_last Snapshot alt+y
+same_bytes "$files/My Game.SNA" "$stage/after"
+expect_size "$app/LMK.CFG" 526
+
+# The list holds the path in lower case; the file with the capitals is found all the same.
+remembered=$(dd if="$app/LMK.CFG" bs=1 skip=38 count=100 status=none | sed 's/ *$//')
+[ "$remembered" = "$(tr '[:upper:]' '[:lower:]' <<<"$files/My Game.SNA")" ] || fail "remembered $remembered"
+start_program
+menu f 1
+expect_picture "My Game.SNA"
+menu f x
+wait_for_end
+same_bytes "$files/My Game.SNA" "$stage/after"
+
+# A record of another version is answered once with the defaults.
+printf 1.00 | dd of="$app/LMK.CFG" conv=notrunc status=none
+launch REHEARS
+answer_last "Version change" Return
+find_main
+menu f x
+wait_for_end
+[ "$(head -c 4 "$app/LMK.CFG")" = 2.00 ] || fail "the new version is not kept"
+[ "$(value "$app/LMK.CFG" 38 4)" = $((0x20202020)) ] || fail "the old list was kept"
+
+# With the splash, which gives way to the main window.
+launch with splash
+wait_for_window '^Lumrake$'
+find_main
+menu f x
+wait_for_end
