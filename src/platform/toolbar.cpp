@@ -2,6 +2,8 @@
 
 #include "platform/pictures.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QToolButton>
@@ -100,6 +102,48 @@ bool Toolbar::IsButtonPressed(int index) const {
     return control != nullptr && control->isChecked();
 }
 
+bool Toolbar::CanTakeKeys(int index) const {
+    return IsButtonVisible(index) && IsButtonEnabled(index);
+}
+
+void Toolbar::TakeKeys() {
+    if (isAncestorOf(QApplication::focusWidget())) {
+        GiveKeysBack();
+        return;
+    }
+    int first = 0;
+    for (int index = ButtonCount(); index >= 1; --index) {
+        if (CanTakeKeys(index) && (first == 0 || !IsButtonPressed(first))) {
+            first = index;
+        }
+    }
+    if (first != 0) {
+        keysFrom_ = QApplication::focusWidget();
+        SlotAt(first).control->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
+void Toolbar::GiveKeysBack() {
+    if (keysFrom_) {
+        keysFrom_->setFocus(Qt::OtherFocusReason);
+    } else if (QWidget* focus = QApplication::focusWidget()) {
+        focus->clearFocus();
+    }
+}
+
+void Toolbar::StepKeys(int step) {
+    int index = 1;
+    while (index < ButtonCount() && SlotAt(index).control != QApplication::focusWidget()) {
+        ++index;
+    }
+    do {
+        index += step;
+    } while (index >= 1 && index <= ButtonCount() && !CanTakeKeys(index));
+    if (index >= 1 && index <= ButtonCount()) {
+        SlotAt(index).control->setFocus(Qt::TabFocusReason);
+    }
+}
+
 void Toolbar::Arrange() {
     int left = 0;
     for (int index = 1; index <= ButtonCount(); ++index) {
@@ -133,6 +177,14 @@ void Toolbar::paintEvent(QPaintEvent*) {
 bool Toolbar::eventFilter(QObject* control, QEvent* event) {
     if (event->type() == QEvent::MouseMove && MouseMove) {
         MouseMove(static_cast<QWidget*>(control)->x() + static_cast<QMouseEvent*>(event)->position().x());
+    }
+    if (event->type() == QEvent::KeyPress) {
+        switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Left: StepKeys(-1); return true;
+        case Qt::Key_Right: StepKeys(1); return true;
+        case Qt::Key_Escape: GiveKeysBack(); return true;
+        default: break;
+        }
     }
     return QWidget::eventFilter(control, event);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -26,7 +27,7 @@ struct ToolbarButton {
 
 /// A row of buttons, numbered from 1, that lie side by side from the left edge without a gap: the widths of
 /// the buttons before one add up to its left edge. Mouse moves over buttons, enabled or not, reach the bar.
-/// The buttons take no keyboard focus.
+/// Neither a click nor the Tab key brings the keyboard to a button; that is what TakeKeys is for.
 class Toolbar : public QWidget {
   public:
     explicit Toolbar(QWidget* parent = nullptr);
@@ -47,6 +48,10 @@ class Toolbar : public QWidget {
     /// Presses a group button without a click; the one that was pressed is let go.
     void PressButton(int index);
     bool IsButtonPressed(int index) const;
+
+    /// Gives the keyboard to the pressed button, else to the first that can be clicked: the arrow keys walk over
+    /// those, Space clicks, Esc gives the keyboard back to where it was. Called again it does the same as Esc.
+    void TakeKeys();
 
     /// Called with the number of a button that was clicked; for a group button also when it was already
     /// pressed.
@@ -70,8 +75,13 @@ class Toolbar : public QWidget {
     const Slot& SlotAt(int index) const { return slots_[static_cast<std::size_t>(index - 1)]; }
     Slot& SlotAt(int index) { return slots_[static_cast<std::size_t>(index - 1)]; }
     void Arrange();
+    bool CanTakeKeys(int index) const;
+    /// Moves the keyboard from one button to the next that can be clicked, to the right (1) or left (-1).
+    void StepKeys(int step);
+    void GiveKeysBack();
 
     std::vector<Slot> slots_;
+    QPointer<QWidget> keysFrom_; ///< who had the keyboard before
 };
 
 } // namespace lumrake

@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QFrame>
 #include <QLabel>
+#include <QShortcut>
 
 #include <span>
 #include <utility>
@@ -109,6 +110,8 @@ void frmMain::CreateToolbar() {
     tbrMain->ButtonClick = [this](int Button) { tbrMain_ButtonClick(Button); };
     tbrMain->MouseMove = [this](double x) { tbrMain_MouseMove(x * kTwipsPerPixel); };
     CreateCoordsPanel();
+    // The tools have no menu entry, so this is how they are chosen without a mouse.
+    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, tbrMain, &Toolbar::TakeKeys);
 }
 
 void frmMain::CreateCoordsPanel() {
