@@ -101,6 +101,9 @@ void frmHelp::ShowBubble(bool bShow) {
         shape += QRegion(kBubble) + kShadow + kTail;
     }
     if (shape != mask()) { // a prompt comes with every move of the mouse, seldom a change
+        if (!bShow) {
+            repaint(); // without the bubble, before the mask ends the form there and nobody paints that place
+        }
         setMask(shape);
         update();
     }
