@@ -45,7 +45,7 @@ binmode STDOUT;
 my ($command, @words) = @ARGV;
 if ($command eq 'animation') {
     my ($snapshot, $own, $title, @n) = @words;
-    print pack('A100 A100 A30 v v v V v V v v V C A500 v v', $own, $snapshot, $title, @n[0 .. 10], '', $n[11], 0);
+    print pack('A100 A100 A30 v3 V v V v v V C A500 v v', $own, $snapshot, $title, @n[0 .. 9], '', $n[10], 0);
     exit;
 }
 my ($memory, $v) = (bytes_of(shift @words), view(shift @words));

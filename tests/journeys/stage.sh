@@ -195,6 +195,8 @@ tool() { case $1 in draw) click 180 33 ;; zoom) click 204 33 ;; select) click 22
 spectrum() { perl "$here/spectrum.pl" "$@"; }
 
 shot() { import -window "${3:-$main}" ${2:+-crop "$2"} +repage "$1"; }
+# at_rest [WxH+X+Y]: nothing moves there.
+at_rest() { shot "$stage/one.png" "${1:-}" && shot "$stage/two.png" "${1:-}" && cmp -s "$stage/one.png" "$stage/two.png"; }
 pixels() { convert "$1" -depth 8 "rgb:$2"; }
 looks_like() {
     import -window "$main" -crop "$2" +repage -depth 8 "rgb:$stage/seen"
