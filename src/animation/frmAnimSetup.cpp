@@ -60,7 +60,7 @@ constexpr SetupRow kRows[] = {
     {SetupKind::Text,   7, "PAUSE",     "Pause",                    5, 58, "Enter the pause between each frame (milliseconds)",     0, 216, 286, 150,  70, 22},
     {SetupKind::Check,  0, "",          "Upside down",              0, 59, "",                                                      0,   0, 104, 178, 100, 22},
     {SetupKind::Button, 4, "ATTRIBUTE", "dialogs/attribute.svg",    0, 60, "",                                                      0,   0, 330, 178,  26, 22},
-    {SetupKind::Notes,  8, "NOTES",     "",                       500, 63, "Enter any notes you wish to make about the animation",  1,   0,  10,  30, 348, 170},
+    {SetupKind::Notes,  8, "NOTES",     "Animation notes",        500, 63, "Enter any notes you wish to make about the animation",  1,   0,  10,  30, 348, 170},
     {SetupKind::Button, 1, "CANCEL",    "&Cancel",                  0, 62, "Click 'CANCEL' to abort action",                       -1,   0, 212, 247,  80, 24},
     {SetupKind::Button, 0, "OKAY",      "&Okay",                    0, 61, "Click 'OKAY' to confirm information",                  -1,   0, 300, 247,  80, 24},
 };
@@ -74,6 +74,14 @@ const SetupRow& TextRow(int index) {
 
 QString Latin(const char* text) {
     return QString::fromLatin1(text);
+}
+
+/// What a screen reader calls the control.
+QString SpokenName(const SetupRow& row) {
+    if (std::string_view(row.caption).ends_with(".svg")) {
+        return Latin(*row.status == '\0' ? "Attribute" : row.status);
+    }
+    return Latin(row.caption).remove(QLatin1Char('&'));
 }
 
 QString Number(std::int32_t value) {
@@ -185,6 +193,7 @@ template <class Control> void frmAnimSetup::Watch(Control* control, const SetupR
                                        "cmdSetup"};
     control->setObjectName(
         QStringLiteral("%1(%2)").arg(Latin(kArrays[static_cast<int>(row.kind)])).arg(row.index));
+    control->setAccessibleName(SpokenName(row));
     control->GotFocus = [this, &row] { Control_GotFocus(row); };
     control->MouseMove = [&row] { ShowPrompt(row.helpKey); };
 }

@@ -57,6 +57,7 @@ void frmAnimation::CreateControls() {
     setWindowTitle(QStringLiteral("animation..."));
     picImage = new PictureBox(this);
     picImage->setObjectName(QStringLiteral("picImage"));
+    picImage->setAccessibleName(QStringLiteral("Frame"));
     picImage->SetBorder(kPictureBorder);
     picImage->SetBackground(QColor(192, 192, 192));
     picImage->setCursor(DrawCursor(kToolMagnify, devicePixelRatioF()));

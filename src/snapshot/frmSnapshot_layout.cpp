@@ -104,6 +104,7 @@ void frmSnapshot::CreateControls() {
     picImage = new PictureBox(picContainer);
     picImage->setFocusPolicy(Qt::StrongFocus);
     picImage->setAccessibleName(QStringLiteral("Picture"));
+    picContainer->setAccessibleName(QStringLiteral("Ground of the picture"));
     picContainer->setFocusPolicy(Qt::ClickFocus);
     picContainer->setFocusProxy(picImage);
     imgClip = new ImageBox(picImage);
