@@ -51,7 +51,7 @@ expect_picture
 tool select
 net 49 1 20 30
 keys ctrl+c
-open_snapshot Other.sna
+open_snapshot Other.sna 26 26
 drag 250 85 724 59
 child_at 500 0
 mode b Return

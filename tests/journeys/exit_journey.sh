@@ -7,7 +7,6 @@ start_program
 
 open_snapshot "My Game.SNA"
 pixel 0 0
-view=0,0,256,192,1,0
 spectrum set "$files/My Game.SNA" "$view" 0,0,1 > "$stage/after"
 cp "$files/My Game.SNA" "$stage/before"
 menu f x
@@ -27,6 +26,7 @@ remembered=$(dd if="$app/LMK.CFG" bs=1 skip=38 count=100 status=none | sed 's/ *
 [ "$remembered" = "$(tr '[:upper:]' '[:lower:]' <<<"$files/My Game.SNA")" ] || fail "remembered $remembered"
 start_program
 menu f 1
+view=$default_view factor=1
 expect_picture "My Game.SNA"
 menu f x
 wait_for_end
@@ -44,7 +44,8 @@ wait_for_end
 
 # With the splash, which gives way to the main window.
 launch with splash
-wait_for_window '^Lumrake$'
+wait_for "the splash" named lumrake
 find_main
+wait_for "the end of the splash" popup_gone
 menu f x
 wait_for_end

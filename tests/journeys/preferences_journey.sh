@@ -21,10 +21,8 @@ expect_picture
 
 # A window opened now takes the new defaults.
 cp "$files/sample.sna" "$files/two.sna"
-open_snapshot two.sna
-child_at 26 26
-view=0,0,256,64,1,0
-expect_picture two.sna
+default_view=0,0,256,64,1,0
+open_snapshot two.sna 26 26
 
 # A tool chosen by keyboard, then one stroke of the pencil by mouse.
 keys F6 Right Escape
@@ -87,7 +85,5 @@ wait_for_end
 start_program
 wait_for "the assistant of the last run" shown alone
 open_snapshot two.sna
-view=0,0,256,64,1,0
-expect_picture two.sna
 menu f x
 wait_for_end

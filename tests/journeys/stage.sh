@@ -6,7 +6,7 @@ set -euo pipefail
 
 build=$1
 here=$(dirname "${BASH_SOURCE[0]}")
-stage=$(mktemp -d "${TMPDIR:-/tmp}/lumrake-journey.XXXXXX")
+stage=${stage:-$(mktemp -d "${TMPDIR:-/tmp}/lumrake-journey.XXXXXX")}
 app=$stage/app       # the program's directory, with its settings and help file
 files=$stage/files   # the user's files; the program starts here
 journey=$(basename "$0" .sh)
@@ -61,8 +61,8 @@ launch() {
 }
 # find_main: waits for the main window and gives it room for two children side by side.
 find_main() {
-    wait_for_window '^Lumrake$'
-    main=$(window '^Lumrake$')
+    wait_for "the main window" named Lumrake
+    main=$named
     wait_for "the focus" focused "$main"
     xdotool windowsize --sync "$main" 1000 700
     child_at 0 0
@@ -81,15 +81,16 @@ wait_for_dialog() {
     wait_for "the focus of $1" focused "$dialog"
 }
 window_gone() { ! xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
-# Menus and other windows without a title carry the program's name. While one is open it holds the mouse.
-popup_open() {
-    local w
-    for w in $(xdotool search --onlyvisible --class lumrake); do
-        [ "$(xdotool getwindowname "$w")" != lumrake ] || return 0
+# named NAME: finds a visible window of just this name; a search of xdotool does not tell capitals.
+named() {
+    for named in $(xdotool search --onlyvisible --class lumrake); do
+        [ "$(xdotool getwindowname "$named")" != "$1" ] || return 0
     done
     return 1
 }
-popup_gone() { ! popup_open; }
+# Menus, and the splash, have no title and carry the program's name. While a menu is open it holds the mouse.
+popup_open() { named lumrake; }
+popup_gone() { ! named lumrake; }
 
 program_ended() { ! kill -0 "$program" 2>/dev/null; }
 wait_for_end() { wait_for "the end of the program" program_ended; program=; }
@@ -149,10 +150,14 @@ child_at() {
     picture_left=$((child_left + 12)) picture_top=$((child_top + 79))
 }
 
+# open_snapshot NAME [X Y]: waits until its window shows, at this place of the cascade.
+default_view=0,0,256,192,1,0
 open_snapshot() {
     keys ctrl+o
     choose_file "Open snapshot file\.\.\." "$1"
-    view=0,0,256,192,1,0 factor=1
+    view=$default_view factor=1
+    child_at "${2:-0}" "${3:-0}"
+    expect_picture "$1"
 }
 
 # mode KEYS...: graphics, screen, text, line or byte masks by the access keys of the Snapshot menu. Two of its entries
