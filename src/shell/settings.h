@@ -17,25 +17,25 @@ using Colour = std::int32_t;
 ///
 ///   offset width field                 meaning                                              default
 ///        0    10 sVersion              version of the program that wrote the file           "2.00"
-///       10     4 lWindowTop            place and size of the main window in twips;          the window's
-///       14     4 lWindowLeft             kept and written back, never read                  own
+///       10     4 lWindowTop            place and size of the main window in twips; kept and      of the
+///       14     4 lWindowLeft             written back, never read                                  window
 ///       18     4 lWindowWidth
 ///       22     4 lWindowHeight
-///       26    12 bToolbarVisible[6]    File, Editing, Drawing, Snapshot, Animation,         all -1
+///       26    12 bToolbarVisible[6]    File, Editing, Drawing, Snapshot, Animation,              all -1
 ///                                        Co-ordinates: -1 shown, 0 hidden
-///       38   400 sRecentFile[4]        four paths of 100, newest first, lower case          blank
-///      438     2 bAutoload             check box "Autoload last used files", 0 or 1         0
-///      440     2 bPromptSave           check box "Prompt to save changes", 0 or 1           1
-///      442     4 lDefaultOffset        view of a newly opened snapshot: file offset,        0
-///      446     2 iDefaultWidth           width in pixels,                                   256
-///      448     2 iDefaultLines           lines,                                             192
-///      450     2 iDefaultColumns         columns,                                           1
-///      452     2 iDefaultAttribute       attribute byte,                                    15
-///      454     2 iDefaultMode            0 Graphics, 1 Screen, 2 Text, 3 Line, 4 Byte masks 0
-///      456     2 iSmallChange          lines of a small scroll step: 1, 2, 4, 8             1
-///      458     2 iLargeChange          divisor of a page for a large step: 1, 2, 4, 8       1
-///      460    64 lPalette[16]          the colours; in the file red, green, blue, 0         settings.cpp
-///      524     2 bAssistantOn          -1 on, 0 off                                         0
+///       38   400 sRecentFile[4]        four paths of 100, newest first, lower case, or blank     blank
+///      438     2 bAutoload             check box "Autoload last used files", 0 or 1              0
+///      440     2 bPromptSave           check box "Prompt to save changes", 0 or 1                1
+///      442     4 lDefaultOffset        view of a newly opened snapshot: file offset,             0
+///      446     2 iDefaultWidth           width in pixels,                                        256
+///      448     2 iDefaultLines           lines,                                                  192
+///      450     2 iDefaultColumns         columns,                                                1
+///      452     2 iDefaultAttribute       attribute byte,                                         15
+///      454     2 iDefaultMode            0 Graphics, 1 Screen, 2 Text, 3 Line, 4 Byte masks      0
+///      456     2 iSmallChange          lines of a small scroll step: 1, 2, 4, 8                  1
+///      458     2 iLargeChange          divisor of a page for a large step: 1, 2, 4, 8            1
+///      460    64 lPalette[16]          the colours; in the file red, green, blue, 0              settings.cpp
+///      524     2 bAssistantOn          -1 on, 0 off                                              0
 ///
 /// Example: a file of the defaults has "2.00      " at 0, FF FF at 26, 00 01 at 446 and 00 00 D0 00 at 464.
 ///
