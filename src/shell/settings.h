@@ -15,8 +15,8 @@ using Colour = std::int32_t;
 /// What the program remembers between runs. In the file LMK.CFG, in this order, little-endian, nothing
 /// between the fields, 526 bytes:
 ///
-///   offset width field                 meaning                                              default
-///        0    10 sVersion              version of the program that wrote the file           "2.00"
+///   offset width field                 meaning                                                   default
+///        0    10 sVersion              version of the program that wrote the file                "2.00"
 ///       10     4 lWindowTop            place and size of the main window in twips; kept and      of the
 ///       14     4 lWindowLeft             written back, never read                                  window
 ///       18     4 lWindowWidth

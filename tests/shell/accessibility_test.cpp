@@ -45,8 +45,8 @@ void Walk(QAccessibleInterface* node, Found& found) {
 void ExpectNames(QWidget* window, int atLeast) {
     Found found;
     Walk(QAccessible::queryAccessibleInterface(window), found);
-    EXPECT_TRUE(found.nameless.isEmpty())
-        << window->windowTitle().toStdString() << ": " << found.nameless.join(QLatin1String(", ")).toStdString();
+    EXPECT_TRUE(found.nameless.isEmpty()) << window->windowTitle().toStdString() << ": "
+                                          << found.nameless.join(QLatin1String(", ")).toStdString();
     EXPECT_GE(found.named, atLeast) << window->windowTitle().toStdString();
 }
 
