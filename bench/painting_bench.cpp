@@ -89,7 +89,7 @@ void StrokePixel(benchmark::State& state) {
     for (auto _ : state) {
         at = (at + 1) & 511;
         editor.probe.Move(1 + (at & 1), static_cast<float>(at), static_cast<float>(at));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+        QCoreApplication::sendPostedEvents();
     }
 }
 
@@ -114,7 +114,7 @@ void StrokeOfNothing(benchmark::State& state) {
     for (auto _ : state) {
         at = (at + 1) & 511;
         view.update(at / 4 * 4, at / 4 * 4, 4, 4);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+        QCoreApplication::sendPostedEvents();
     }
 }
 
