@@ -7,6 +7,7 @@
 #include "platform/message_box.h"
 #include "platform/save_picture.h"
 #include "shell/shell.h"
+#include "snapshot/raw_export.h"
 
 #include <QDir>
 #include <QFile>
@@ -85,8 +86,29 @@ void Plain(benchmark::State& state, bool (*write)(const QString&, const std::vec
     }
 }
 
-/// The command, with its progress bar, after the dialog.
+/// The rows of the view into a file.
 void RawOurs(benchmark::State& state) {
+    const std::vector<std::uint8_t> memory = Noise(256 * 1024);
+    ViewNumbers view;
+    view.lFileLength = 256 * 1024;
+    view.iLines = 512;
+    view.iColumns = 16;
+    for (auto _ : state) {
+        const RawExport rows(memory, view);
+        std::vector<std::uint8_t> bytes;
+        bytes.reserve(static_cast<std::size_t>(rows.Rows() * rows.RowBytes()));
+        for (std::int32_t row = 0; row < rows.Rows(); ++row) {
+            const auto from = rows.Row(row);
+            bytes.insert(bytes.end(), from.begin(), from.end());
+        }
+        if (WriteWholeFile(FilePath(Place::Memory, QStringLiteral("rows.raw")), bytes)) {
+            state.SkipWithError("the file can't be written");
+        }
+    }
+}
+
+/// The command, with its progress bar, after the dialog.
+void RawCommand(benchmark::State& state) {
     Editor& editor = EditorOf(state, 1);
     const QString path = FilePath(Place::Memory, QStringLiteral("view.raw"));
     SetFileDialogAnswerer([&path](CommonDialog::Kind, const CommonDialog&) { return path; });
@@ -103,8 +125,8 @@ void RawOurs(benchmark::State& state) {
 
 // ---- opening and saving ----
 
-void OpenOurs(benchmark::State& state, Place place, std::int64_t length) {
-    const QString path = FileOf(place, length);
+void OpenOurs(benchmark::State& state, std::int64_t length) {
+    const QString path = FileOf(Place::Disk, length);
     for (auto _ : state) {
         MemoryBlock bytes;
         if (ReadWholeFile(path, bytes)) {
@@ -113,12 +135,16 @@ void OpenOurs(benchmark::State& state, Place place, std::int64_t length) {
     }
 }
 
-/// Into the same memory again and again.
-void OpenPlain(benchmark::State& state, Place place, std::int64_t length) {
-    const QString path = FileOf(place, length);
+/// Into memory that is new each time, as a document's has to be, or into the same again and again.
+void OpenPlain(benchmark::State& state, std::int64_t length, bool intoNewMemory) {
+    const QString path = FileOf(Place::Disk, length);
     const auto count = static_cast<std::size_t>(length);
-    const auto bytes = std::make_unique<std::uint8_t[]>(count);
+    std::unique_ptr<std::uint8_t[]> bytes(new std::uint8_t[count]);
     for (auto _ : state) {
+        if (intoNewMemory) {
+            bytes.reset(); // first, so that two never exist at a time
+            bytes.reset(new std::uint8_t[count]);
+        }
         if (!PlainRead(path, bytes.get(), count)) {
             state.SkipWithError("the file can't be read");
         }
@@ -150,12 +176,14 @@ const bool kRegistered = [] {
     Add("Bitmap/ours", BitmapOurs);
     Add("Bitmap/plain", [](State& state) { Plain(state, PlainWrite, Place::Memory, 64 * kMebibyte); });
     Add("Raw/ours", RawOurs);
+    Add("Raw/command", RawCommand);
     Add("Raw/plain", [](State& state) { Plain(state, PlainWrite, Place::Memory, 256 * 1024); });
     for (const auto& [group, length] :
          {std::pair{"Open16M/", 16 * kMebibyte}, {"Open1G/", 1024 * kMebibyte}}) {
         const std::string name = group;
-        Add(name + "ours", [length](State& state) { OpenOurs(state, Place::Disk, length); });
-        Add(name + "plain", [length](State& state) { OpenPlain(state, Place::Disk, length); });
+        Add(name + "ours", [length](State& state) { OpenOurs(state, length); });
+        Add(name + "plain", [length](State& state) { OpenPlain(state, length, true); });
+        Add(name + "again", [length](State& state) { OpenPlain(state, length, false); });
     }
     Add("Save/ours", SaveOurs)->Iterations(3);
     Add("Save/plain", [](State& state) {

@@ -35,23 +35,26 @@ class FirstPaint : public QObject {
     std::function<void()> done_;
 };
 
-/// Prints "moment" and the nanoseconds of the steady clock, which is the same one in all processes.
+/// Prints the nanoseconds of the steady clock, which is the same one in all processes, and 0.
 inline void ReportMoment() {
     const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    std::printf("moment %lld\n", static_cast<long long>(std::chrono::nanoseconds(now).count()));
+    std::printf("%lld 0\n", static_cast<long long>(std::chrono::nanoseconds(now).count()));
     std::fflush(stdout);
 }
 
-/// Prints "bytes" and the memory of this process that is not shared with others, as the system counts it.
+/// Prints the bytes of this process in memory: all of them, and with every page that several processes share
+/// counted by its share.
 inline void ReportMemory() {
     std::ifstream rollup("/proc/self/smaps_rollup");
-    long long rss = 0;
+    long long rss = 0, pss = 0;
     for (std::string word; rollup >> word;) {
         if (word == "Rss:") {
             rollup >> rss;
+        } else if (word == "Pss:") {
+            rollup >> pss;
         }
     }
-    std::printf("bytes %lld\n", rss * 1024);
+    std::printf("%lld %lld\n", rss * 1024, pss * 1024);
     std::fflush(stdout);
 }
 
