@@ -1,8 +1,8 @@
 /// What a look-up in the help file costs. It is read and searched at every move of the mouse over a control,
 /// so the worst case counts: the last of 500 entries.
-#include "assistant/help_file.h"
+#include "bench.h"
 
-#include <benchmark/benchmark.h>
+#include "assistant/help_file.h"
 
 #include <cstdio>
 #include <cstring>

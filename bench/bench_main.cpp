@@ -1,19 +1,96 @@
+/// All benchmarks in one program.
+///
+///   lumrake_bench FILE            measures the figures and writes them into FILE, between its two marks
+///   lumrake_bench --benchmark_... runs what is chosen and reports it in the library's own way
+#include "figures.h"
+
 #include "platform/screen.h"
 
 #include <QApplication>
 
 #include <benchmark/benchmark.h>
 
-/// Benchmarks of forms paint into the offscreen platform's memory; nothing of them appears on a screen.
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using namespace lumrake::bench;
+
+constexpr std::string_view kBegin = "<!-- measured by bench/run: begin -->\n";
+constexpr std::string_view kEnd = "<!-- measured by bench/run: end -->\n";
+
+/// Group after group, so that whatever slows the machine down for a while hits a figure and its baseline
+/// alike.
+void RunFigures(Measurements& measurements) {
+    std::set<std::string> done;
+    for (const Figure& figure : Figures()) {
+        const std::string name = figure.measured;
+        const std::string group = name.substr(0, name.find('/') + 1);
+        if (done.insert(group).second) {
+            std::fprintf(stderr, "%s ...\n", group.c_str());
+            benchmark::RunSpecifiedBenchmarks(&measurements, "^" + group);
+        }
+    }
+}
+
+/// Puts `text` between the marks of the file.
+bool WriteInto(const char* path, const std::string& text) {
+    std::ifstream in(path);
+    std::string whole{std::istreambuf_iterator<char>(in), {}};
+    const std::size_t begin = whole.find(kBegin), end = whole.find(kEnd);
+    if (begin == std::string::npos || end == std::string::npos || end < begin) {
+        return false;
+    }
+    whole.replace(begin + kBegin.size(), end - begin - kBegin.size(), text);
+    std::ofstream out(path);
+    return static_cast<bool>(out << whole << std::flush);
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
+    // Nothing appears on a screen: forms paint into the memory of the offscreen platform.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     lumrake::PinLook();
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    const char* const table = argc == 2 && argv[1][0] != '-' ? argv[1] : nullptr;
+    if (table == nullptr) {
+        benchmark::Initialize(&argc, argv);
+        if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+            return 1;
+        }
+        benchmark::RunSpecifiedBenchmarks();
+        benchmark::Shutdown();
+        return 0;
+    }
+
+    std::vector<std::string> flags{argv[0], "--benchmark_repetitions=9", "--benchmark_min_time=0.05",
+                                   "--benchmark_enable_random_interleaving=true"};
+    std::vector<char*> arguments;
+    for (std::string& flag : flags) {
+        arguments.push_back(flag.data());
+    }
+    int count = static_cast<int>(arguments.size());
+    benchmark::Initialize(&count, arguments.data());
+    Measurements measurements;
+    RunFigures(measurements);
+    benchmark::Shutdown();
+
+    const std::string text = MachineDescription() + "\n" + measurements.Table();
+    std::fputs(text.c_str(), stdout);
+    if (!measurements.IsComplete()) {
+        std::fputs("Not every figure could be measured.\n", stderr);
         return 1;
     }
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
+    if (!WriteInto(table, text)) {
+        std::fprintf(stderr, "%s lacks its marks or can't be written.\n", table);
+        return 1;
+    }
     return 0;
 }

@@ -1,8 +1,7 @@
-/// What drawing costs, with a copy of the same bytes beside every figure: quote ratios of one run (medians,
-/// real time): --benchmark_repetitions=9 --benchmark_report_aggregates_only=true
-#include "display/lmk.h"
+/// What the display library costs, beside a copy of the same bytes.
+#include "bench.h"
 
-#include <benchmark/benchmark.h>
+#include "display/lmk.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -10,6 +9,7 @@
 #include <string>
 #include <vector>
 
+namespace lumrake::bench {
 namespace {
 
 using lmk::BitPicture;
@@ -21,14 +21,6 @@ constexpr std::int32_t kPalette[16] = {0,        0xaa0000, 0x0000aa, 0xaa00aa, 0
 constexpr std::uint8_t kAttribute = 0x38; // black on white
 constexpr const char* kModes[] = {"Graphics", "Screen", "Text", "LineMasks", "ByteMasks"};
 constexpr int kFlip = 128, kZoom1 = 16;
-
-std::vector<std::uint8_t> Noise(std::size_t bytes) {
-    std::vector<std::uint8_t> noise(bytes);
-    std::uint32_t state = 1;
-    for (auto& byte : noise)
-        byte = static_cast<std::uint8_t>((state = state * 1664525 + 1013904223) >> 24);
-    return noise;
-}
 
 struct View {
     int width, lines, columns, mode;
@@ -115,40 +107,34 @@ void CopyExposure(benchmark::State& state) {
 }
 
 const bool kRegistered = [] {
-    const auto add = [](const std::string& name, auto function) {
-        benchmark::RegisterBenchmark(name.c_str(), function)->UseRealTime();
+    const auto addView = [](const std::string& name, const View& view) {
+        Add(name, [view](benchmark::State& state) { ShowMem(state, view); });
     };
-    const auto addView = [&add](const std::string& name, const View& view) {
-        add(name, [view](benchmark::State& state) { ShowMem(state, view); });
-    };
-    add("Copy/largest", [](benchmark::State& state) { Copy(state, 256 * 1024); });
-    for (const int mode : {0, 3, 4})
-        addView(std::string("ShowMem/") + kModes[mode] + "/largest", {256, 512, 16, mode, 0});
-    addView("ShowMem/Graphics/largest/flipped", {256, 512, 16, 0, 0, kZoom1 | kFlip});
-    addView("ShowMem/Graphics/largest/half_past_end", {256, 512, 16, 0, 50});
-
-    add("Copy/256x192", [](benchmark::State& state) { Copy(state, 6144); });
-    for (int mode = 0; mode < 5; ++mode)
-        addView(std::string("ShowMem/") + kModes[mode] + "/256x192", {256, 192, 1, mode, 0});
-
-    add("Copy/8KiB", [](benchmark::State& state) { Copy(state, 8192); });
-    addView("ShowMem/Graphics/8KiB_wide", {256, 256, 1, 0, 0});
-    addView("ShowMem/Graphics/8KiB_wide/half_past_end", {256, 256, 1, 0, 50});
+    Add("Largest/memcpy", [](benchmark::State& state) { Copy(state, 256 * 1024); });
     for (const int mode : {0, 3, 4}) {
-        addView(std::string("ShowMem/") + kModes[mode] + "/8KiB_narrow", {8, 512, 16, mode, 0});
-        addView(std::string("ShowMem/") + kModes[mode] + "/8KiB_narrow/half_past_end",
-                {8, 512, 16, mode, 50});
+        addView(std::string("Largest/") + kModes[mode], {256, 512, 16, mode, 0});
     }
-    for (const int width : {16, 24, 32, 64, 120})
-        addView("ShowMem/Graphics/16x512_columns_of_" + std::to_string(width), {width, 512, 16, 0, 0});
+    for (int mode = 0; mode < 5; ++mode) {
+        addView(std::string("Small/") + kModes[mode], {256, 192, 1, mode, 0});
+    }
+    for (const int mode : {0, 3, 4}) {
+        addView(std::string("Narrow/") + kModes[mode], {8, 512, 16, mode, 50});
+        addView(std::string("Narrow/") + kModes[mode] + "_wide", {256, 256, 1, mode, 0});
+    }
 
-    add("ShowMem/Graphics/pixel", ShowPixel);
-
-    add("CopyExposure/800x600", CopyExposure);
-    for (const int scale : {1, 2, 3, 4, 8, 16, 24, 32, 48})
-        add("Expand/800x600/x" + std::to_string(scale),
-            [scale](benchmark::State& state) { Expand(state, scale); });
+    // Beside the table: what else the drawing and the painting are made of.
+    addView("More/largest_flipped", {256, 512, 16, 0, 0, kZoom1 | kFlip});
+    addView("More/largest_half_past_end", {256, 512, 16, 0, 50});
+    for (const int width : {8, 16, 24, 32, 64, 120}) {
+        addView("More/columns_of_" + std::to_string(width), {width, 512, 16, 0, 0});
+    }
+    Add("More/clipped_pixel", ShowPixel);
+    Add("Expand/copy", CopyExposure);
+    for (const int scale : {1, 2, 3, 4, 8, 16, 24, 32, 48}) {
+        Add("Expand/" + std::to_string(scale), [scale](benchmark::State& state) { Expand(state, scale); });
+    }
     return true;
 }();
 
 } // namespace
+} // namespace lumrake::bench

@@ -1,6 +1,7 @@
 #include "display/bit_picture.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace lmk {
@@ -103,6 +104,26 @@ class RowExpander {
     std::int64_t firstByte_, wholeBytes_, skip_, head_, middle_, tail_;
 };
 
+/// Every half of a byte with its four bits widened: kScale x 4 bits, whole bytes for an even scale.
+template <int kScale> constexpr auto WidenedHalves() {
+    std::array<std::array<std::uint8_t, std::size_t{kScale / 2}>, 16> halves{};
+    for (unsigned value = 0; value < 16; ++value)
+        for (unsigned bit = 0; bit < 4 * kScale; ++bit)
+            if ((value >> (3 - bit / kScale) & 1) != 0)
+                halves[value][bit / 8] = static_cast<std::uint8_t>(halves[value][bit / 8] | 0x80 >> bit % 8);
+    return halves;
+}
+
+/// Writes `count` bytes of pixels, every pixel kScale times, one bit a pixel.
+template <int kScale> void WidenBytes(const std::uint8_t* from, int count, std::uint8_t* target) {
+    static constexpr auto kHalves = WidenedHalves<kScale>();
+    constexpr std::size_t kBytes = kHalves[0].size();
+    for (int i = 0; i < count; ++i, target += 2 * kBytes) {
+        std::memcpy(target, kHalves[from[i] >> 4].data(), kBytes);
+        std::memcpy(target + kBytes, kHalves[from[i] & 15].data(), kBytes);
+    }
+}
+
 } // namespace
 
 void BitPicture::Resize(int width, int height) {
@@ -196,7 +217,16 @@ void BitPicture::ExpandRowBits(int row, int scale, std::uint8_t* target) const {
     if (row < 0 || row >= height_)
         return;
     const std::uint8_t* from = Row(row);
-    for (int x = 0; x < width_; ++x) {
+    // The factors of a view take the fast road as far as whole bytes go.
+    int x = width_ / 8 * 8;
+    switch (scale) {
+    case 2: WidenBytes<2>(from, width_ / 8, target); break;
+    case 4: WidenBytes<4>(from, width_ / 8, target); break;
+    case 8: WidenBytes<8>(from, width_ / 8, target); break;
+    case 16: WidenBytes<16>(from, width_ / 8, target); break;
+    default: x = 0; break;
+    }
+    for (; x < width_; ++x) {
         if (!BitAt(from, x))
             continue;
         const std::int64_t begin = std::int64_t{x} * scale, last = begin + scale - 1;

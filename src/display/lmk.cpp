@@ -1,9 +1,10 @@
-/// How the drawing stays near the cost of copying bytes: the picture is filled in blocks of lines. For every
-/// block ByteWindow::Bytes gives a pointer to memory that may be read whole, so nothing below it has to think
-/// about the ends of the file. Wide columns are copied line by line with a length known to the compiler;
-/// narrow columns and characters would cost one step a byte and are turned as small matrices in registers
-/// instead. The loops are plain C++ that the compiler makes vector code of at -O3. A clip that leaves part of
-/// the picture takes the simple road, byte by byte.
+/// How the drawing stays near the cost of copying bytes: the picture is filled column by column, or character
+/// row by row. For every one ByteWindow::Bytes gives a pointer to memory that may be read whole, so nothing
+/// below it has to think about the ends of the file. Wide columns are copied line by line with a length known
+/// to the compiler, several columns at a time, which keeps several streams of memory under way; narrow columns
+/// and characters would cost one step a byte and are turned as small matrices in registers instead. The loops
+/// are plain C++ that the compiler makes vector code of at -O3. A clip that leaves part of the picture takes
+/// the simple road, byte by byte.
 #include "display/lmk.h"
 
 #include <algorithm>
@@ -14,6 +15,15 @@
 #include <type_traits>
 #include <utility>
 
+/// Marks a function that the compiler makes for the wider vector registers of newer processors as well; the
+/// loader takes the best that the processor has. Other compilers and systems have the plain one only.
+#if defined(__x86_64__) && defined(__linux__) && defined(__GLIBC__) && defined(__GNUC__) &&                  \
+    !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
+#define LMK_FOR_EACH_PROCESSOR [[gnu::target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default")]]
+#else
+#define LMK_FOR_EACH_PROCESSOR
+#endif
+
 namespace lmk {
 namespace {
 
@@ -21,13 +31,10 @@ enum Mode : int { kGraphics = 0, kScreen = 1, kText = 2, kLineMasks = 3, kByteMa
 
 constexpr int kMaxColumns = 16, kMaxLines = 512, kMaxColumnBytes = 32;
 constexpr int kMaxRowBytes = kMaxColumns * kMaxColumnBytes;
-/// Lines of wide columns drawn at a time.
-constexpr int kBlockLines = 64;
 constexpr int kCharLines = 8;
-/// Most bytes that are asked of ByteWindow at once: a character row, a block of a wide column, a narrow
-/// column.
-constexpr int kMaxRun = kCharLines * kMaxRowBytes;
-static_assert(kMaxRun >= kBlockLines * 2 * kMaxColumnBytes);
+/// Most bytes that are asked of ByteWindow at once: a column with masks. A character row is smaller.
+constexpr int kMaxRun = kMaxLines * 2 * kMaxColumnBytes;
+static_assert(kMaxRun >= kCharLines * kMaxRowBytes);
 
 constexpr std::array<std::uint8_t, kMaxRun> kZeros{};
 
@@ -115,11 +122,11 @@ template <typename Unit> Unit FirstOfPair(const std::uint8_t* pair) {
     return static_cast<Unit>(std::endian::native == std::endian::little ? both : both >> 8 * sizeof(Unit));
 }
 
-/// Copies kColumns (1 or 2) columns of kBytes bytes, whose lines lie `pitch` bytes apart at first and second,
-/// next to each other. kByteMasks: every byte is followed by its mask byte.
+/// Copies kColumns columns of kBytes bytes, whose lines lie `pitch` bytes apart from `columns` on, next to each
+/// other. kByteMasks: every byte is followed by its mask byte.
 template <int kBytes, int kColumns, bool kHasByteMasks>
-void CopyLines(std::uint8_t* __restrict to, std::ptrdiff_t step, const std::uint8_t* __restrict first,
-               const std::uint8_t* __restrict second, int pitch, int lines) {
+[[gnu::always_inline]] inline void CopyLines(std::uint8_t* __restrict to, std::ptrdiff_t step,
+                                             const std::uint8_t* const* columns, int pitch, int lines) {
     const auto copyLine = [](std::uint8_t* __restrict target, const std::uint8_t* __restrict from) {
         if constexpr (kHasByteMasks)
             for (int b = 0; b < kBytes; ++b)
@@ -127,17 +134,32 @@ void CopyLines(std::uint8_t* __restrict to, std::ptrdiff_t step, const std::uint
         else
             std::memcpy(target, from, kBytes);
     };
-    for (int i = 0; i < lines; ++i, to += step, first += pitch) {
-        copyLine(to, first);
-        if constexpr (kColumns == 2) {
-            copyLine(to + kBytes, second);
-            second += pitch;
-        }
-    }
+    const std::uint8_t* froms[std::size_t{kColumns}];
+    std::copy_n(columns, kColumns, froms);
+    std::ptrdiff_t distance = 0;
+    for (int i = 0; i < lines; ++i, to += step, distance += pitch)
+#pragma GCC unroll 8
+        for (int column = 0; column < kColumns; ++column)
+            copyLine(to + column * kBytes, froms[column] + distance);
 }
 
-using LineCopier = void (*)(std::uint8_t*, std::ptrdiff_t, const std::uint8_t*, const std::uint8_t*, int,
-                            int);
+using LineCopier = void (*)(std::uint8_t*, std::ptrdiff_t, const std::uint8_t* const*, int, int);
+
+/// The largest views are made of these: eight of the widest columns, with their pitch known to the compiler.
+LMK_FOR_EACH_PROCESSOR void CopyEight(std::uint8_t* to, std::ptrdiff_t step,
+                                      const std::uint8_t* const* columns, int /*pitch*/, int lines) {
+    CopyLines<kMaxColumnBytes, 8, false>(to, step, columns, kMaxColumnBytes, lines);
+}
+LMK_FOR_EACH_PROCESSOR void CopyEightOfLineMasks(std::uint8_t* to, std::ptrdiff_t step,
+                                                 const std::uint8_t* const* columns, int /*pitch*/,
+                                                 int lines) {
+    CopyLines<kMaxColumnBytes, 8, false>(to, step, columns, 2 * kMaxColumnBytes, lines);
+}
+LMK_FOR_EACH_PROCESSOR void CopyEightOfByteMasks(std::uint8_t* to, std::ptrdiff_t step,
+                                                 const std::uint8_t* const* columns, int /*pitch*/,
+                                                 int lines) {
+    CopyLines<kMaxColumnBytes, 8, true>(to, step, columns, 2 * kMaxColumnBytes, lines);
+}
 
 template <bool kHasByteMasks> LineCopier OneColumnCopier(int columnBytes) {
     static constexpr auto kCopiers = []<std::size_t... kIndex>(std::index_sequence<kIndex...>) {
@@ -147,26 +169,27 @@ template <bool kHasByteMasks> LineCopier OneColumnCopier(int columnBytes) {
     return kCopiers[static_cast<std::size_t>(columnBytes - 1)];
 }
 
-/// Columns of any width. The widest go two at a time, so that they fill whole cache lines.
+/// Columns of any width. The widest go eight or two at a time, so that whole cache lines are filled.
 template <Mode kMode> void DrawWideColumns(const View& view, ByteWindow& window, const Target& target) {
     constexpr bool kHasByteMasks = kMode == kByteMasks;
-    const LineCopier copyOne = OneColumnCopier<kHasByteMasks>(view.columnBytes);
-    constexpr LineCopier kCopyTwo = &CopyLines<kMaxColumnBytes, 2, kHasByteMasks>;
+    constexpr LineCopier kCopyEight = kMode == kByteMasks   ? &CopyEightOfByteMasks
+                                      : kMode == kLineMasks ? &CopyEightOfLineMasks
+                                                            : &CopyEight;
     const int pitch = view.Pitch();
-    for (int line = 0; line < view.lines; line += kBlockLines) {
-        const int lines = std::min(kBlockLines, view.lines - line);
-        const auto bytes = [&](int column) {
-            return window.Bytes(view.Address(column, line), lines * pitch);
-        };
-        int column = 0;
-        if (view.columnBytes == kMaxColumnBytes)
-            for (; column + 1 < view.columns; column += 2)
-                kCopyTwo(target.Line(line) + column * kMaxColumnBytes, target.step, bytes(column),
-                         bytes(column + 1), pitch, lines);
-        for (; column < view.columns; ++column)
-            copyOne(target.Line(line) + column * view.columnBytes, target.step, bytes(column), nullptr, pitch,
-                    lines);
+    int column = 0;
+    const auto draw = [&](LineCopier copy, int count) {
+        for (; column + count <= view.columns; column += count) {
+            const std::uint8_t* columns[8];
+            for (int i = 0; i < count; ++i)
+                columns[i] = window.Bytes(view.Address(column + i, 0), view.lines * pitch);
+            copy(target.line0 + column * view.columnBytes, target.step, columns, pitch, view.lines);
+        }
+    };
+    if (view.columnBytes == kMaxColumnBytes) {
+        draw(kCopyEight, 8);
+        draw(&CopyLines<kMaxColumnBytes, 2, kHasByteMasks>, 2);
     }
+    draw(OneColumnCopier<kHasByteMasks>(view.columnBytes), 1);
 }
 
 // ---- Narrow columns
@@ -209,7 +232,6 @@ template <typename Unit, int kUnits> [[gnu::always_inline]] inline const Unit* T
 /// lines and 16 / sizeof(Unit) columns are turned, so that line i of column k becomes unit k of line i.
 template <typename Unit, Mode kMode>
 void DrawNarrowColumns(const View& view, ByteWindow& window, const Target& target) {
-    static_assert(kMaxLines * 2 * int{sizeof(Unit)} <= kMaxRun, "a whole column is asked of the window");
     constexpr std::size_t kArray = 16 / sizeof(Unit), kLines = 16;
     constexpr int kColumns = int{kArray}, kUnits = int{kArray * kLines};
     const int pitch = view.Pitch();
@@ -265,9 +287,11 @@ void DrawScreen(const View& view, ByteWindow& window, const Target& target) {
             const int rows = std::min(kRows, (view.lines - line + kRows - 1) / kRows);
             const std::uint8_t* from =
                 window.Bytes(view.LineAddress(line), (rows - 1) * kRowBytes + view.RowBytes());
-            for (int column = 0; column < view.columns; ++column)
-                copy(target.Line(line) + column * view.columnBytes, target.step * kRows,
-                     from + column * view.columnBytes, nullptr, kRowBytes, rows);
+            for (int column = 0; column < view.columns; ++column) {
+                const std::uint8_t* part = from + column * view.columnBytes;
+                copy(target.Line(line) + column * view.columnBytes, target.step * kRows, &part, kRowBytes,
+                     rows);
+            }
         }
     }
 }

@@ -18,15 +18,12 @@ class MemoryBlock {
     MemoryBlock() = default;
     /// Empty (size 0) when the memory cannot be had.
     explicit MemoryBlock(std::size_t size) {
-        constexpr std::size_t kLargePage = std::size_t{2} << 20;
-        const bool large = size >= 4 * kLargePage;
-        const std::size_t alignment = large ? kLargePage : 64;
-        const std::size_t rounded = (size + alignment - 1) / alignment * alignment;
-        bytes_.reset(static_cast<std::uint8_t*>(std::aligned_alloc(alignment, rounded)));
+        bytes_.reset(static_cast<std::uint8_t*>(std::malloc(size)));
         if (bytes_ != nullptr) {
             size_ = size;
-            if (large) {
-                AdviseLargePages(bytes_.get(), rounded);
+            constexpr std::size_t kWorthIt = std::size_t{8} << 20;
+            if (size >= kWorthIt) {
+                AdviseLargePages(bytes_.get(), size);
             }
         }
     }

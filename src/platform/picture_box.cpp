@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPaintEvent>
 #include <QPainter>
 #include <qdrawutil.h>
@@ -13,8 +14,28 @@
 namespace lumrake {
 
 namespace {
+
 /// Rows expanded at a time: with an exposure as wide as a screen they stay in the processor's cache.
 constexpr int kStripRows = 32;
+
+/// What `painter` paints into when that is memory of 32-bit pixels, `ratio` of them to a logical pixel and
+/// moved by `offset`; else null. So it is on every screen, and expanding straight into it saves a copy of
+/// every pixel.
+QImage* PaintedImage(const QPainter& painter, int ratio, QPoint& offset) {
+    const QPaintEngine* engine = painter.paintEngine();
+    if (engine == nullptr || engine->type() != QPaintEngine::Raster ||
+        engine->paintDevice()->devType() != QInternal::Image) {
+        return nullptr;
+    }
+    auto* image = static_cast<QImage*>(engine->paintDevice());
+    const QTransform& way = painter.deviceTransform();
+    offset = QPoint(static_cast<int>(way.dx()), static_cast<int>(way.dy()));
+    const bool isMovedOnly = way == QTransform(ratio, 0, 0, ratio, offset.x(), offset.y());
+    const bool hasPixels =
+        image->format() == QImage::Format_RGB32 || image->format() == QImage::Format_ARGB32_Premultiplied;
+    return isMovedOnly && hasPixels ? image : nullptr;
+}
+
 } // namespace
 
 BitPictureView::BitPictureView(QWidget* parent) : QWidget(parent) {
@@ -67,6 +88,18 @@ void BitPictureView::PaintPicture(QPainter& painter, const QRect& exposed) const
     const qreal ratio = devicePixelRatioF();
     const int fold = ratio == std::floor(ratio) ? static_cast<int>(ratio) : 1;
     const int width = shown.width() * fold;
+    QPoint offset; // from the box's device pixels to the image's
+    if (QImage* image = PaintedImage(painter, fold, offset)) {
+        const QRect target = QRect(shown.topLeft() * fold + offset, shown.size() * fold) & image->rect();
+        if (!target.isEmpty()) {
+            const QPoint from = target.topLeft() - offset;
+            auto* first = reinterpret_cast<std::uint32_t*>(image->scanLine(target.top())) + target.left();
+            picture->Expand(
+                {from.x() - border_ * fold, from.y() - border_ * fold, target.width(), target.height()},
+                factor * fold, first, image->bytesPerLine() / 4);
+        }
+        return;
+    }
     const int strip = std::max(1, kStripRows / fold);
     static std::vector<std::uint32_t> pixels; // one thread paints; kept so that no event allocates
     pixels.resize(

@@ -21,9 +21,11 @@ QPixmap LoadPicture(const QString& name, QSize size, qreal devicePixelRatio) {
 }
 
 QIcon LoadIcon(const QString& name, QSize size) {
-    QIcon icon;
-    for (const qreal ratio : {1.0, 1.5, 2.0, 3.0}) {
-        icon.addPixmap(LoadPicture(name, size, ratio));
+    // Drawn for the finest screen that there is and for a plain one: every further size would cost as much
+    // again, for each of some seventy icons at the start.
+    QIcon icon(LoadPicture(name, size, 1));
+    if (const qreal finest = qGuiApp->devicePixelRatio(); finest != 1) {
+        icon.addPixmap(LoadPicture(name, size, finest));
     }
     return icon;
 }

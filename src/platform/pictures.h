@@ -8,7 +8,7 @@
 
 namespace lumrake {
 
-/// A drawing from the program's resources ("toolbar/open.svg"), sharp at 1x, 1.5x, 2x and 3x.
+/// A drawing from the program's resources ("toolbar/open.svg"), sharp at 1x and on the finest screen.
 /// `size` is in logical pixels.
 QIcon LoadIcon(const QString& name, QSize size);
 

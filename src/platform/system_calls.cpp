@@ -2,6 +2,7 @@
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <cerrno>
+#include <cstdint>
 #include <sys/mman.h>
 #include <unistd.h>
 #elif defined(_WIN32)
@@ -12,7 +13,13 @@ namespace lumrake {
 
 void AdviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
 #if defined(__linux__)
-    madvise(memory, size, MADV_HUGEPAGE);
+    constexpr std::uintptr_t kLargePage = std::uintptr_t{2} << 20;
+    const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(memory);
+    const std::uintptr_t begin = (address + kLargePage - 1) & ~(kLargePage - 1);
+    const std::uintptr_t end = (address + size) & ~(kLargePage - 1);
+    if (begin < end) {
+        madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+    }
 #endif
 }
 

@@ -29,6 +29,7 @@ void frmSnapshot::ExportViewToRaw() {
     const RawExport rows(byMemory.Bytes(), view);
     const std::int32_t rowsAtOnce = view.iMode == kText ? 8 : 1; // Text is served by rows of characters
     std::vector<std::uint8_t> bytes;                             // at most 256 KiB
+    bytes.reserve(static_cast<std::size_t>(rows.Rows() * rows.RowBytes()));
     for (std::int32_t row = 0; row < rows.Rows(); ++row) {
         const auto from = rows.Row(row);
         bytes.insert(bytes.end(), from.begin(), from.end());

@@ -1,15 +1,14 @@
 /// Pixels per second of the two routines that every tool and every block operation comes through. A pass
 /// reads or writes every pixel of a view of 256 x 192, in the order of a block operation.
-#include "snapshot/addressing.h"
+#include "bench.h"
 
-#include <benchmark/benchmark.h>
+#include "snapshot/addressing.h"
 
 #include <string>
 #include <vector>
 
+namespace lumrake::bench {
 namespace {
-
-using namespace lumrake;
 
 constexpr const char* kModes[] = {"Graphics", "Screen", "Text", "LineMasks", "ByteMasks"};
 
@@ -46,18 +45,18 @@ template <typename Pixel> void Walk(benchmark::State& state, const ViewNumbers& 
 const bool kRegistered = [] {
     for (std::int16_t mode = 0; mode < 5; ++mode) {
         const ViewNumbers view = View(mode, mode == kGraphics);
-        const auto name = [mode](const char* what) { return std::string(what) + kModes[mode]; };
-        benchmark::RegisterBenchmark(name("ReadPixel/").c_str(), [view](benchmark::State& state) {
+        Add(std::string("Pixels/Read") + kModes[mode], [view](benchmark::State& state) {
             const std::vector<std::uint8_t> memory(49179, 0x55);
             Walk(state, view,
                  [&](float X, float Y) { benchmark::DoNotOptimize(ReadPixel(memory, view, X, Y)); });
-        })->UseRealTime();
-        benchmark::RegisterBenchmark(name("WritePixel/").c_str(), [view](benchmark::State& state) {
+        });
+        Add(std::string("Pixels/Write") + kModes[mode], [view](benchmark::State& state) {
             std::vector<std::uint8_t> memory(49179, 0x55);
             Walk(state, view, [&](float X, float Y) { WritePixel(memory, view, X, Y, 1); });
-        })->UseRealTime();
+        });
     }
     return true;
 }();
 
 } // namespace
+} // namespace lumrake::bench

@@ -1,0 +1,67 @@
+/// The program itself, watched from inside:
+///
+///   child_lumrake start DIR           comes up as with REHEARS and tells when its window is painted
+///   child_lumrake memory DIR FILE     then opens FILE, shows the largest view at 16:1 and tells its memory
+///
+/// DIR takes the place of the program's directory, so that no settings of a user count.
+#include "first_paint.h"
+
+#include "shell/file_commands.h"
+#include "shell/frmMain.h"
+#include "shell/shell.h"
+#include "shell/startup.h"
+#include "snapshot/frmSnapshot.h"
+
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+using namespace lumrake;
+
+std::function<void()> onFirstPaint;
+std::unique_ptr<bench::FirstPaint> firstPaint;
+
+void Watch() {
+    firstPaint = std::make_unique<bench::FirstPaint>(onFirstPaint);
+}
+
+void ShowFile(const QString& file) {
+    Settings.iDefaultLines = 512;
+    Settings.iDefaultColumns = 16;
+    OpenSnapshotFile(file);
+    if (iSnapshotCount != 1) {
+        std::_Exit(EXIT_FAILURE);
+    }
+    for (QWidget* child : MainWindow()->findChildren<QWidget*>()) {
+        if (auto* snapshot = dynamic_cast<frmSnapshot*>(child)) {
+            snapshot->SetZoom(5);
+        }
+    }
+    QTimer::singleShot(200, [] {
+        bench::ReportMemory();
+        std::_Exit(EXIT_SUCCESS);
+    });
+}
+
+} // namespace
+
+Q_COREAPP_STARTUP_FUNCTION(Watch)
+
+int main(int argc, char** argv) {
+    const std::string mode = argc > 2 ? argv[1] : "";
+    if (mode == "start") {
+        onFirstPaint = [] {
+            bench::ReportMoment();
+            std::_Exit(EXIT_SUCCESS);
+        };
+    } else if (mode == "memory" && argc == 4) {
+        onFirstPaint = [file = QString::fromLocal8Bit(argv[3])] { ShowFile(file); };
+    } else {
+        return EXIT_FAILURE;
+    }
+    SetProgramDirectory(QString::fromLocal8Bit(argv[2]));
+    char name[] = "lumrake", word[] = "REHEARS";
+    char* arguments[] = {name, word, nullptr};
+    return RunProgram(2, arguments);
+}

@@ -1,0 +1,99 @@
+#include "platform/picture_box.h"
+
+#include "support/forms_support.h"
+
+#include <QCoreApplication>
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
+#include <QScreen>
+
+#include <gtest/gtest.h>
+
+namespace lumrake {
+namespace {
+
+/// A picture of 48 x 40 pixels that hangs out of its container, partly under another widget.
+class PictureOnScreen : public ::testing::TestWithParam<std::tuple<int, int>> {
+  public:
+    PictureOnScreen() {
+        window.resize(190, 140);
+        container.setGeometry(13, 7, 150, 120);
+        box.SetBorder(border);
+        box.SetBackground(QColor(1, 2, 3));
+        box.setGeometry(-21, -10, 260, 200);
+        cover.setGeometry(60, 50, 17, 9);
+        cover.setAutoFillBackground(true);
+        cover.setPalette(QColor(9, 8, 7));
+        Draw(1);
+        window.show();
+        QCoreApplication::processEvents();
+    }
+
+    void Draw(std::uint32_t seed) {
+        const auto memory = testing::NoiseBytes(240, seed);
+        constexpr std::int32_t palette[16] = {0x112233, 0, 0, 0, 0, 0, 0, 0xccbbaa};
+        lmk::zxShowMem(&box.hDC(), memory.data(), 0, 240, 48, 40, 1, 16 * zoom, 0x38, palette);
+    }
+    QImage Screen() const { return window.screen()->grabWindow(window.winId()).toImage(); }
+    /// What the pixel rule says of a pixel of the box, inside its border.
+    QRgb Rule(const lmk::DeviceContext& context, QPoint at) const {
+        const QPoint place = at - QPoint(border, border);
+        return place.x() < context.ScreenWidth() && place.y() < context.ScreenHeight()
+                   ? context.ScreenPixel(place.x(), place.y())
+                   : qRgb(1, 2, 3);
+    }
+    /// Compares the visible part of the box with `now` inside `fresh` and with `before` outside.
+    void ExpectScreen(const lmk::DeviceContext& now, const lmk::DeviceContext& before, const QRect& fresh) {
+        const QImage screen = Screen();
+        const QRect inner = box.rect().adjusted(border, border, -border, -border);
+        for (int y = 0; y < container.height(); ++y) {
+            for (int x = 0; x < container.width(); ++x) {
+                const QPoint at = QPoint(x, y) - box.pos();
+                if (inner.contains(at)) {
+                    const QRgb expected = cover.geometry().contains(at)
+                                              ? qRgb(9, 8, 7)
+                                              : Rule(fresh.contains(at) ? now : before, at);
+                    ASSERT_EQ(screen.pixel(container.pos() + QPoint(x, y)), expected) << x << ", " << y;
+                }
+            }
+        }
+    }
+
+    const int zoom = std::get<0>(GetParam()), border = std::get<1>(GetParam());
+    QWidget window, container{&window};
+    PictureBox box{&container};
+    QWidget cover{&box};
+};
+
+TEST_P(PictureOnScreen, FollowsThePixelRule) {
+    ExpectScreen(box.hDC(), box.hDC(), box.rect());
+}
+
+TEST_P(PictureOnScreen, ChangesOnlyWhereItIsRepainted) {
+    const lmk::DeviceContext before = box.hDC();
+    Draw(2);
+    const QRect part(40, 30, 33, 27); // reaches under the cover
+    box.repaint(part);
+    ExpectScreen(box.hDC(), before, part);
+}
+
+TEST_P(PictureOnScreen, IsThereInAnEnlargedPrintToo) {
+    QImage print(box.size() * 2, QImage::Format_RGB32);
+    QPainter painter(&print);
+    painter.scale(2, 2);
+    cover.hide();
+    box.render(&painter);
+    const QRect inner = box.rect().adjusted(border, border, -border, -border);
+    for (int y = inner.top(); y <= inner.bottom(); y += 3) {
+        for (int x = inner.left(); x <= inner.right(); x += 3) {
+            ASSERT_EQ(print.pixel(2 * x, 2 * y), Rule(box.hDC(), {x, y})) << x << ", " << y;
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(ZoomAndBorder, PictureOnScreen,
+                         ::testing::Combine(::testing::Values(1, 3), ::testing::Values(0, 2)));
+
+} // namespace
+} // namespace lumrake
