@@ -224,6 +224,9 @@ void frmAnimation::Form_Activate() {
     SetStatusText(QString::fromStdString(record.sTitle.Trimmed()));
     UpdateToolbars(QStringLiteral("ANIMATION"), true);
     UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
+    for (const FunctionGroup group : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
+        EnableFunction(group, false); // no net lies in an animation
+    }
 }
 
 void frmAnimation::mouseMoveEvent(QMouseEvent*) {

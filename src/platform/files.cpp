@@ -37,6 +37,27 @@ bool WriteProtected(const QString& path) {
     return info.exists() && (info.permissions() & anyWrite) == QFile::Permissions{};
 }
 
+/// Writes all bytes. A disk that runs full takes a part without a word and says why it refuses only when it is
+/// asked for the rest.
+bool WriteAll(QIODevice& device, const char* bytes, qint64 size) {
+    while (size > 0) {
+        const qint64 count = device.write(bytes, size);
+        if (count <= 0) {
+            return false;
+        }
+        bytes += count;
+        size -= count;
+    }
+    return true;
+}
+
+/// The reason of a failed write. When the disk took a part of the buffer, only the rest is told why not.
+QString WriteErrorOf(QSaveFile& file) {
+    file.flush();
+    return file.error() == QFileDevice::NoError ? QStringLiteral("Only a part of it could be written.")
+                                                : file.errorString();
+}
+
 } // namespace
 
 QString FileTitleOf(const QString& sPath) {
@@ -143,7 +164,7 @@ FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&
         return file.errorString();
     }
     if (!write(file) || !file.flush()) {
-        return file.errorString();
+        return WriteErrorOf(file);
     }
     if (!SyncFile(file.handle())) {
         return qt_error_string();
@@ -156,8 +177,8 @@ FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&
 
 FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
     return WriteFileWith(path, [bytes](QIODevice& device) {
-        const auto size = static_cast<qint64>(bytes.size());
-        return device.write(reinterpret_cast<const char*>(bytes.data()), size) == size;
+        return WriteAll(device, reinterpret_cast<const char*>(bytes.data()),
+                        static_cast<qint64>(bytes.size()));
     });
 }
 
@@ -173,8 +194,9 @@ FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> re
                             static_cast<qsizetype>(old.size() - record.size()));
         }
     }
-    return WriteFileWith(
-        path, [&contents](QIODevice& device) { return device.write(contents) == contents.size(); });
+    return WriteFileWith(path, [&contents](QIODevice& device) {
+        return WriteAll(device, contents.constData(), contents.size());
+    });
 }
 
 } // namespace lumrake

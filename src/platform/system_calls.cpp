@@ -2,6 +2,7 @@
 
 #if defined(__unix__) || defined(__APPLE__)
 #include <cerrno>
+#include <csignal>
 #include <cstdint>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -33,6 +34,12 @@ bool SyncFile(int handle) {
     } while (result != 0 && errno == EINTR);
     // Files that cannot be synced by their nature (a pipe, some network shares) are not a failure.
     return result == 0 || errno == EINVAL || errno == ENOTSUP;
+#endif
+}
+
+void HoldFileSizeSignal() {
+#if defined(SIGXFSZ)
+    std::signal(SIGXFSZ, SIG_IGN);
 #endif
 }
 

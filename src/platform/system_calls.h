@@ -14,4 +14,8 @@ void AdviseLargePages(void* memory, std::size_t size);
 /// Waits until everything written to the open file is on the disk. False on failure, with errno set.
 bool SyncFile(int handle);
 
+/// From now on a write past the limit that the system sets for the size of files fails like any other write,
+/// with a reason; by itself it ends the process. Called once, at the start of the run.
+void HoldFileSizeSignal();
+
 } // namespace lumrake

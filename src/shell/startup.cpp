@@ -5,6 +5,7 @@
 #include "platform/message_box.h"
 #include "platform/pictures.h"
 #include "platform/screen.h"
+#include "platform/system_calls.h"
 #include "shell/file_commands.h"
 #include "shell/frmMain.h"
 #include "shell/shell.h"
@@ -103,6 +104,7 @@ int RunProgram(int argc, char** argv) {
     for (int word = 1; word < argc; ++word) {
         words << QString::fromLocal8Bit(argv[word]);
     }
+    HoldFileSizeSignal(); // a full quota is told, it does not take the documents away
     // No point of a stroke may be lost.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);

@@ -41,10 +41,10 @@ void frmSnapshot::Copy(bool iCut) {
     clip.SetData(std::move(sData));
     ShowProgress(false);
     EnableFunction(kGroupPaste, true);
-    if (placingWindow != nullptr && clip.IsEmpty() == 0) {
+    if (placingWindow != nullptr && iCurrentTool == kToolPlacing && clip.IsEmpty() == 0) {
         placingWindow->HangBlock();
     } else if (placingWindow != nullptr) {
-        placingWindow->EndPlacing();
+        placingWindow->EndPlacing(); // nothing is left to hang, or another tool has ended it already
     }
     ShowMem();
 }

@@ -14,6 +14,8 @@
 
 #include "shell/shell.h"
 
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPainter>
 #include <QRegion>
 
@@ -69,7 +71,11 @@ void frmSnapshot::EndNet() {
     shape.Dotted = true;
     SetShape(shape);
     ShowCoords(1, 0, 0);
-    EnableNetCommands(HasNet());
+    // A window that opened under the drag has the commands now, and no net of this one.
+    const auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(this));
+    if (frame == nullptr || frame->mdiArea()->currentSubWindow() == frame) {
+        EnableNetCommands(HasNet());
+    }
 }
 
 void frmSnapshot::ScaleNet(std::int32_t iOldFactor) {

@@ -18,6 +18,7 @@ struct AnimationProbe {
     PlayState& State() const { return form.state; }
     bool Changed() const { return form.bChanged != 0; }
     bool Playing() const { return form.Timer1.isActive(); }
+    QTimer& Timer() const { return form.Timer1; }
     std::size_t Bytes() const { return form.byMemory.size(); }
     PictureBox& Picture() const { return *form.picImage; }
     QPushButton& Control(std::size_t i) const { return *form.cmdControl[i]; }

@@ -2,12 +2,9 @@
 
 #include <cerrno>
 #include <cstdarg>
-#include <cstdlib>
-#include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <optional>
-#include <set>
+#include <string_view>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -17,65 +14,92 @@ namespace {
 
 FaultPlan plan;
 bool armed = false;
+bool full = false; // the disk, after a short write
 int calls = 0;
 int interruptible = 0;
+
+std::set<std::string>& Struck() {
+    static std::set<std::string> names;
+    return names;
+}
+
+/// Open files below the plan's directory.
 std::set<int>& Watched() {
-    static std::set<int> handles; // open files below the plan's directory
+    static std::set<int> handles;
     return handles;
 }
 
-template <typename Function> Function Next(const char* name) {
-    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
+template <typename Function> Function* Next(const char* name) {
+    return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
 bool IsBelow(const char* path) {
     return armed && path != nullptr && std::string_view(path).starts_with(plan.directory);
 }
 
-/// Counts one call; true when it is to fail, with errno set.
-bool Strikes() {
-    ++calls;
-    if (calls == plan.failAt) {
-        errno = plan.error;
-        return true;
-    }
-    return false;
+bool IsWatched(int handle) {
+    return armed && Watched().contains(handle);
 }
 
-/// True when this call is to be repeated by its caller.
-bool Interrupts() {
-    if (plan.interruptEvery > 0 && ++interruptible % plan.interruptEvery == 0) {
-        errno = EINTR;
-        return true;
+/// Counts one call; true when it is to fail, with errno set.
+bool Strikes(const char* name) {
+    if (++calls != plan.failAt) {
+        return false;
     }
-    return false;
+    Struck().insert(name);
+    errno = plan.error;
+    return true;
+}
+
+/// True when the caller is to try again.
+bool Interrupts() {
+    if (plan.interruptEvery == 0 || ++interruptible % plan.interruptEvery != 0) {
+        return false;
+    }
+    errno = EINTR;
+    return true;
 }
 
 int Open(const char* symbol, const char* path, int flags, unsigned mode) {
     const bool below = IsBelow(path);
-    if (below && Strikes()) {
+    if (below && plan.onlyNamed && (flags & O_TMPFILE) == O_TMPFILE) {
+        errno = EOPNOTSUPP;
         return -1;
     }
-    const int handle = Next<int (*)(const char*, int, ...)>(symbol)(path, flags, mode);
+    if (below && Strikes("open")) {
+        return -1;
+    }
+    const int handle = Next<int(const char*, int, ...)>(symbol)(path, flags, mode);
     if (below && handle >= 0) {
         Watched().insert(handle);
     }
     return handle;
 }
 
+int Sync(const char* symbol, int handle) {
+    if (IsWatched(handle) && (Interrupts() || Strikes(symbol))) {
+        return -1;
+    }
+    return Next<int(int)>(symbol)(handle);
+}
+
 } // namespace
 
 void ArmFaults(const FaultPlan& newPlan) {
     plan = newPlan;
-    calls = 0;
-    interruptible = 0;
+    calls = interruptible = 0;
     Watched().clear();
+    full = false;
     armed = true;
 }
 
 int DisarmFaults() {
     armed = false;
     return calls;
+}
+
+const std::set<std::string>& StruckCalls() {
+    return Struck();
 }
 
 } // namespace lumrake::testing
@@ -100,44 +124,49 @@ int open64(const char* path, int flags, ...) {
     return Open("open64", path, flags, mode);
 }
 
+ssize_t read(int handle, void* bytes, size_t count) {
+    static const auto next = Next<ssize_t(int, void*, size_t)>("read");
+    return IsWatched(handle) && (Interrupts() || Strikes("read")) ? -1 : next(handle, bytes, count);
+}
+
 ssize_t write(int handle, const void* bytes, size_t count) {
-    static const auto next = Next<ssize_t (*)(int, const void*, size_t)>("write");
-    if (armed && Watched().contains(handle)) {
+    static const auto next = Next<ssize_t(int, const void*, size_t)>("write");
+    if (IsWatched(handle)) {
         if (Interrupts()) {
             return -1;
         }
-        if (Strikes()) {
-            if (plan.shortWrite && count > 1) {
-                plan.failAt = calls + 1; // what is written next finds the disk full
-                return next(handle, bytes, count / 2);
-            }
+        if (full) {
+            errno = plan.error;
             return -1;
+        }
+        if (Strikes("write")) {
+            full = plan.shortWrite;
+            return full ? next(handle, bytes, count / 2) : -1;
         }
     }
     return next(handle, bytes, count);
 }
 
 int fsync(int handle) {
-    static const auto next = Next<int (*)(int)>("fsync");
-    if (armed && Watched().contains(handle) && (Interrupts() || Strikes())) {
-        return -1;
-    }
-    return next(handle);
+    return Sync("fsync", handle);
+}
+
+int fdatasync(int handle) {
+    return Sync("fdatasync", handle);
 }
 
 int rename(const char* from, const char* to) {
-    static const auto next = Next<int (*)(const char*, const char*)>("rename");
-    return IsBelow(to) && Strikes() ? -1 : next(from, to);
+    return IsBelow(to) && Strikes("rename") ? -1 : Next<int(const char*, const char*)>("rename")(from, to);
 }
 
 int linkat(int fromDirectory, const char* from, int toDirectory, const char* to, int flags) {
-    static const auto next = Next<int (*)(int, const char*, int, const char*, int)>("linkat");
-    return IsBelow(to) && Strikes() ? -1 : next(fromDirectory, from, toDirectory, to, flags);
+    static const auto next = Next<int(int, const char*, int, const char*, int)>("linkat");
+    return IsBelow(to) && Strikes("linkat") ? -1 : next(fromDirectory, from, toDirectory, to, flags);
 }
 
 int close(int handle) {
-    static const auto next = Next<int (*)(int)>("close");
-    if (armed && Watched().erase(handle) > 0 && Strikes()) {
+    static const auto next = Next<int(int)>("close");
+    if (armed && Watched().erase(handle) > 0 && Strikes("close")) {
         next(handle);
         errno = plan.error;
         return -1;

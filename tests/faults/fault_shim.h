@@ -1,22 +1,26 @@
 #pragma once
 
+#include <set>
 #include <string>
 
 namespace lumrake::testing {
 
-/// A disk that fails on demand. The program of tests brings its own open, write, fsync, link, rename and close;
-/// they pass everything on to the system, but while a plan is armed they count the calls that touch files below
-/// one directory and let one of them fail.
+/// A disk that fails on demand. The program of tests brings its own open, read, write, fsync, fdatasync, link,
+/// rename and close; they pass everything on to the system, but while a plan is armed they count the calls that
+/// touch files below one directory and let one of them fail.
 struct FaultPlan {
-    std::string directory; ///< only files below it are counted and harmed
-    int failAt = 0;        ///< the number of the call that fails, from 1; 0 lets all pass
-    int error = 0;         ///< errno of the failing call and of every write after it
+    std::string directory;   ///< only files below it are counted and harmed
+    int failAt = 0;          ///< the number of the call that fails, from 1; 0 lets all pass
+    int error = 0;           ///< errno of the failing call
     bool shortWrite = false; ///< a failing write takes half its bytes first, as a disk does that runs full
-    int interruptEvery = 0;  ///< every so many calls one is refused once with EINTR; 0 never
+    int interruptEvery = 0;  ///< every so many reads, writes and syncs one is refused with EINTR; 0 never
+    bool onlyNamed = false;  ///< refuses files without a name, as network shares do
 };
 
 void ArmFaults(const FaultPlan& plan);
 /// Ends the plan. Says how many calls were counted; a plan whose `failAt` is above that never struck.
 int DisarmFaults();
+/// The names of all calls that a plan of this run ever let fail.
+const std::set<std::string>& StruckCalls();
 
 } // namespace lumrake::testing

@@ -3,21 +3,15 @@
 #include "animation/animation_record.h"
 #include "animation/stepping.h"
 #include "display/lmk.h"
+#include "fuzz/require.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <vector>
 
 using namespace lumrake;
 
 namespace {
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
-}
 
 void Draw(lmk::DeviceContext& context, const AnimationRecord& record, const PlayState& state,
           const std::vector<std::uint8_t>& memory) {

@@ -1,12 +1,12 @@
 /// Any bytes as a help file: the reader comes to an end, reads what a plain reader of single bytes reads, and
 /// finds exactly the prompts that follow a key.
 #include "assistant/help_file.h"
+#include "fuzz/require.h"
 #include "platform/numbers.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,12 +41,6 @@ std::vector<std::string> ReadByteByByte(std::string_view bytes) {
         fields.push_back(field);
     }
     return fields;
-}
-
-void Require(bool holds) {
-    if (!holds) {
-        std::abort();
-    }
 }
 
 } // namespace

@@ -36,6 +36,10 @@ TEST(Numbers, TextGivesItsNumericPrefix) {
     for (const auto& one : cases) {
         EXPECT_EQ(NumberFromText(one.text), one.value) << one.text;
     }
+    const std::string zeros(400, '0');
+    EXPECT_EQ(NumberFromText("0." + zeros + "1"), 0);
+    EXPECT_EQ(NumberFromText("1" + zeros + "e-5"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(NumberFromText("1" + zeros + "e-400"), 1);
     EXPECT_EQ(WholeNumberFromText<std::int16_t>("1e999"), 32767);
     EXPECT_EQ(WholeNumberFromText<std::int16_t>("-1e999"), -32768);
     EXPECT_EQ(WholeNumberFromText<std::int32_t>("2147483648"), 2147483647);

@@ -1,0 +1,106 @@
+/// Any text as a number: what is read is what the C library reads from the prefix that counts, it stays inside
+/// the field it goes to, and the texts that pass the tests of a dialog hold numbers in their limits. The lines of
+/// the input are the fields of a dialog.
+#include "animation/setup_rules.h"
+#include "fuzz/require.h"
+#include "platform/numbers.h"
+#include "preferences/prefs_rules.h"
+
+#include <array>
+#include <cstring>
+#include <string>
+
+using namespace lumrake;
+
+namespace {
+
+/// The longest prefix that is a decimal number, behind the blanks.
+std::string NumericPrefix(const std::string& text) {
+    std::size_t at = text.find_first_not_of(' ');
+    const std::size_t start = at;
+    const auto digits = [&] {
+        const std::size_t from = at;
+        for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
+        }
+        return at > from;
+    };
+    if (start == std::string::npos) {
+        return {};
+    }
+    at += text[at] == '+' || text[at] == '-';
+    bool any = digits();
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        any = digits() || any;
+    }
+    if (!any) {
+        return {};
+    }
+    const std::size_t mantissa = at;
+    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
+        ++at;
+        at += at < text.size() && (text[at] == '+' || text[at] == '-');
+        if (!digits()) {
+            at = mantissa;
+        }
+    }
+    return text.substr(start, at - start);
+}
+
+template <class Field> void CheckField(const std::string& text, double value) {
+    const Field held = WholeNumberFromText<Field>(text);
+    const auto low = static_cast<double>(std::numeric_limits<Field>::min());
+    const auto high = static_cast<double>(std::numeric_limits<Field>::max());
+    Require(value <= low    ? held == std::numeric_limits<Field>::min()
+            : value >= high ? held == std::numeric_limits<Field>::max()
+                            : std::fabs(static_cast<double>(held) - value) <= 0.5);
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::array<std::string, 8> lines;
+    std::size_t line = 0;
+    for (std::size_t i = 0; i < size && line < lines.size(); ++i) {
+        if (data[i] == '\n') {
+            ++line;
+        } else {
+            lines[line] += static_cast<char>(data[i]);
+        }
+    }
+    for (const std::string& text : lines) {
+        const double value = NumberFromText(text);
+        const std::string prefix = NumericPrefix(text);
+        const double expected = prefix.empty() ? 0 : std::strtod(prefix.c_str(), nullptr);
+        // What is too small for a double is 0 here and a last denormal number there.
+        Require(value == expected || (value == 0 && std::fabs(expected) < 1e-300));
+        CheckField<std::int16_t>(text, value);
+        CheckField<std::int32_t>(text, value);
+        TextOfNumber(value);
+    }
+    const DefaultTexts defaults = {lines[0], lines[1], lines[2], lines[3], lines[4]};
+    if (FirstFault(defaults).empty()) {
+        Require(NumberFromText(lines[kOffset]) >= 0);
+        Require(WholeNumberFromText<std::int16_t>(lines[kWidth]) % 8 == 0);
+        Require(NumberFromText(lines[kLines]) >= 1 && NumberFromText(lines[kLines]) <= 192);
+        Require(NumberFromText(lines[kColumns]) >= 1 && NumberFromText(lines[kColumns]) <= 16);
+        Require(NumberFromText(lines[kAttribute]) >= 0 && NumberFromText(lines[kAttribute]) <= 127);
+    }
+    const SetupTexts setup{"x", lines[0], lines[1], lines[2], lines[3], lines[4], lines[5], 1};
+    if (!ValidateSettings(setup, 49179)) {
+        AnimationRecord record;
+        record.lOffset = WholeNumberFromText<std::int32_t>(setup.sOffset);
+        record.iWidth = WholeNumberFromText<std::int16_t>(setup.sWidth);
+        record.iLines = WholeNumberFromText<std::int16_t>(setup.sLines);
+        record.iFrames = WholeNumberFromText<std::int16_t>(setup.sFrames);
+        record.lStep = WholeNumberFromText<std::int32_t>(setup.sStep);
+        record.iPause = WholeNumberFromText<std::int16_t>(setup.sPause);
+        record.iZoom = 1;
+        record.lFileLength = 49179;
+        Require(HeldForUse(record, 49179) == record);
+    }
+    ProposedStep(lines[0], lines[1], kListedModes[size % kListedModes.size()]);
+    TextModeLines(lines[0]);
+    Require(NotesOnScreen(NotesInRecord(lines[0])).find('\r') == std::string::npos);
+    return 0;
+}
