@@ -99,7 +99,7 @@ void frmSnapshot::UpdateNet(const Shape& before) {
             }
         }
     }
-    picImage->update(lines);
+    picImage->UpdateArea(lines);
 }
 
 /// Inverts what lies under the border.
