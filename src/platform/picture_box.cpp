@@ -5,6 +5,8 @@
 #include <QPaintEngine>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QRegion>
+#include <QTransform>
 #include <qdrawutil.h>
 
 #include <algorithm>
@@ -36,6 +38,13 @@ QImage* PaintedImage(const QPainter& painter, int ratio, QPoint& offset) {
     return isMovedOnly && hasPixels ? image : nullptr;
 }
 
+/// Room for so many pixels. One thread paints; it is kept so that no event allocates.
+std::uint32_t* Pixels(int width, int rows) {
+    static std::vector<std::uint32_t> pixels;
+    pixels.resize(std::max(pixels.size(), static_cast<std::size_t>(width) * static_cast<std::size_t>(rows)));
+    return pixels.data();
+}
+
 } // namespace
 
 BitPictureView::BitPictureView(QWidget* parent) : QWidget(parent) {
@@ -55,13 +64,38 @@ void BitPictureView::SetBackground(const QColor& colour) {
 
 void BitPictureView::PaintOver(QPainter&, const QRect&) {}
 
+void BitPictureView::UpdateArea(const QRegion& area) {
+    if (HasWholeRatio()) {
+        update(area);
+        return;
+    }
+    QRegion grown;
+    for (const QRect& part : area) {
+        grown += part.adjusted(-1, -1, 1, 1);
+    }
+    update(grown);
+}
+
+bool BitPictureView::HasWholeRatio() const {
+    const qreal ratio = devicePixelRatioF();
+    return ratio == std::floor(ratio);
+}
+
 void BitPictureView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     const QRect inner = rect().adjusted(border_, border_, -border_, -border_);
-    for (const QRect& exposed : event->region()) {
-        painter.setClipRect(exposed & inner);
-        PaintPicture(painter, exposed & inner);
-        PaintOver(painter, exposed & inner);
+    if (HasWholeRatio()) {
+        for (const QRect& exposed : event->region()) {
+            painter.setClipRect(exposed & inner);
+            PaintPicture(painter, exposed & inner);
+            PaintOver(painter, exposed & inner);
+        }
+    } else {
+        // The edges of what is exposed lie inside device pixels, and clips and fills round them differently.
+        // So both paintings reach over them, and the toolkit's own clip alone cuts them off.
+        const QRect around = event->rect().adjusted(-1, -1, 1, 1) & inner;
+        PaintPicture(painter, around);
+        PaintOver(painter, around);
     }
     if (border_ > 0) {
         painter.setClipping(false);
@@ -83,10 +117,15 @@ void BitPictureView::PaintPicture(QPainter& painter, const QRect& exposed) const
     if (shown.isEmpty()) {
         return;
     }
-    // A whole-number ratio goes into the factor and every device pixel is painted as it is; a fractional one
-    // is left to the toolkit's scaling.
-    const qreal ratio = devicePixelRatioF();
-    const int fold = ratio == std::floor(ratio) ? static_cast<int>(ratio) : 1;
+    if (HasWholeRatio()) {
+        PaintFolded(painter, shown);
+    } else {
+        PaintSampled(painter, shown);
+    }
+}
+
+void BitPictureView::PaintFolded(QPainter& painter, const QRect& shown) const {
+    const int fold = static_cast<int>(devicePixelRatioF());
     const int width = shown.width() * fold;
     QPoint offset; // from the box's device pixels to the image's
     if (QImage* image = PaintedImage(painter, fold, offset)) {
@@ -94,25 +133,55 @@ void BitPictureView::PaintPicture(QPainter& painter, const QRect& exposed) const
         if (!target.isEmpty()) {
             const QPoint from = target.topLeft() - offset;
             auto* first = reinterpret_cast<std::uint32_t*>(image->scanLine(target.top())) + target.left();
-            picture->Expand(
+            ShownPicture()->Expand(
                 {from.x() - border_ * fold, from.y() - border_ * fold, target.width(), target.height()},
-                factor * fold, first, image->bytesPerLine() / 4);
+                ShownFactor() * fold, first, image->bytesPerLine() / 4);
         }
         return;
     }
     const int strip = std::max(1, kStripRows / fold);
-    static std::vector<std::uint32_t> pixels; // one thread paints; kept so that no event allocates
-    pixels.resize(
-        std::max(pixels.size(), static_cast<std::size_t>(width) * static_cast<std::size_t>(strip * fold)));
+    std::uint32_t* const pixels = Pixels(width, strip * fold);
     for (int top = shown.top(); top <= shown.bottom(); top += strip) {
         const int rows = std::min(strip, shown.bottom() + 1 - top);
         const lmk::Rect area{(shown.left() - border_) * fold, (top - border_) * fold, width, rows * fold};
-        picture->Expand(area, factor * fold, pixels.data(), width);
-        QImage image(reinterpret_cast<const uchar*>(pixels.data()), width, rows * fold, width * 4,
+        ShownPicture()->Expand(area, ShownFactor() * fold, pixels, width);
+        QImage image(reinterpret_cast<const uchar*>(pixels), width, rows * fold, width * 4,
                      QImage::Format_RGB32);
         image.setDevicePixelRatio(fold);
         painter.drawImage(QPointF(shown.left(), top), image);
     }
+}
+
+void BitPictureView::PaintSampled(QPainter& painter, const QRect& shown) const {
+    const QTransform toDevice = painter.deviceTransform();
+    const QRect device = toDevice.mapRect(QRectF(shown)).toAlignedRect();
+    std::vector<std::ptrdiff_t> columns; // of the exposed ones, for each device pixel across
+    for (int x = device.left(); x <= device.right(); ++x) {
+        const double column = std::floor((x + 0.5 - toDevice.dx()) / toDevice.m11());
+        columns.push_back(std::clamp(static_cast<int>(column), shown.left(), shown.right()) - shown.left());
+    }
+    const auto rowAt = [&](int y) {
+        const double row = std::floor((y + 0.5 - toDevice.dy()) / toDevice.m22());
+        return std::clamp(static_cast<int>(row), shown.top(), shown.bottom());
+    };
+    std::uint32_t* const source = Pixels(shown.width() + device.width(), 1);
+    std::uint32_t* const target = source + shown.width();
+    const QImage image(reinterpret_cast<const uchar*>(target), device.width(), 1, device.width() * 4,
+                       QImage::Format_RGB32);
+    painter.save();
+    painter.setWorldTransform(toDevice.inverted()); // counts in device pixels from here on
+    for (int y = device.top(), last = -1; y <= device.bottom(); ++y) {
+        const int row = rowAt(y);
+        if (row != last) {
+            ShownPicture()->Expand({shown.left() - border_, row - border_, shown.width(), 1}, ShownFactor(),
+                                   source, shown.width());
+            std::transform(columns.begin(), columns.end(), target,
+                           [source](std::ptrdiff_t column) { return source[column]; });
+            last = row;
+        }
+        painter.drawImage(QPoint(device.left(), y), image);
+    }
+    painter.restore();
 }
 
 MouseArgs MouseArgsOf(const QMouseEvent& event, int button) {

@@ -34,6 +34,8 @@ class BitPictureView : public QWidget {
     /// Room around the picture that a sunken frame is drawn in, in logical pixels; 0 at first.
     void SetBorder(int pixels);
     void SetBackground(const QColor& colour);
+    /// Repaints these logical pixels: with a fractional device pixel ratio, every device pixel they touch.
+    void UpdateArea(const QRegion& area);
 
     MouseHandler MouseDown, MouseMove,
         MouseUp; ///< X and Y count from the picture's corner, inside the border
@@ -53,7 +55,12 @@ class BitPictureView : public QWidget {
 
   private:
     MouseArgs ArgsOf(const QMouseEvent& event, int button) const;
+    bool HasWholeRatio() const;
     void PaintPicture(QPainter& painter, const QRect& exposed) const;
+    /// A whole-number ratio goes into the factor: every device pixel is painted as it is.
+    void PaintFolded(QPainter& painter, const QRect& shown) const;
+    /// With a fractional ratio a device pixel takes the logical pixel under its centre, whatever is exposed.
+    void PaintSampled(QPainter& painter, const QRect& shown) const;
 
     int border_ = 0;
     QColor background_{224, 224, 224};

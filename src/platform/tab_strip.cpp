@@ -98,6 +98,9 @@ TabStrip::TabStrip(const std::vector<Tab>& tabs, QWidget* parent)
         page->setMouseTracking(true); // bare places report their moves to the strip
         pages_->addWidget(page);
     }
+    if (tabs.size() < 2) {
+        bar_->setFocusPolicy(Qt::NoFocus); // there is nothing to choose
+    }
     bar_->setGeometry(tabs.empty() ? 0 : tabs.front().Left, 0, bar_->FullWidth(), kTabHeight);
     bar_->Moved = [this](QPoint place) {
         if (MouseMove) {

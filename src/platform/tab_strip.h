@@ -22,6 +22,7 @@ struct Tab {
 
 /// Pages behind a row of tabs at fixed places, so that what stands for a tab under the mouse can be worked
 /// out from numbers and does not hang on the width of a font. A gap between two tabs belongs to the left one.
+/// A single tab takes no focus.
 class TabStrip : public QWidget {
   public:
     static constexpr int kTabHeight = 21; ///< rows 0 to 20 are tabs, the pages begin below

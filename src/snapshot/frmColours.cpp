@@ -1,14 +1,15 @@
 #include "snapshot/frmColours.h"
 
+#include "platform/tab_strip.h"
 #include "shell/shell.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QTabWidget>
 
 namespace lumrake {
 
@@ -84,14 +85,10 @@ void frmColours::CreateControls() {
         control->installEventFilter(this);
     };
 
-    SSTab1 = new QTabWidget(this);
+    SSTab1 = new TabStrip({{QStringLiteral("Colour"), 1, 51}}, this);
     SSTab1->setGeometry(kTab);
-    auto* page = new QWidget;
-    SSTab1->addTab(page, QStringLiteral("Colour"));
-    SSTab1->setFocusPolicy(Qt::NoFocus);
-    watch(SSTab1, kHelpNone);
-    watch(SSTab1->findChild<QWidget*>(QStringLiteral("qt_tabwidget_tabbar")), kHelpNone);
-    watch(page, kHelpNone);
+    SSTab1->MouseMove = [](int, int) { ShowPrompt(kHelpNone); };
+    QWidget* page = SSTab1->Page(0);
 
     for (int index = 0; index < static_cast<int>(lblColour.size()); ++index) {
         auto* label = new QLabel(page);
@@ -183,7 +180,9 @@ bool frmColours::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseMove:
         ShowPrompt(help);
-        return static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton;
+        // A button follows the mouse while it is held down, to know whether it still lies under it.
+        return static_cast<QMouseEvent*>(event)->buttons() != Qt::LeftButton ||
+               qobject_cast<QAbstractButton*>(watched) == nullptr;
     case QEvent::FocusIn: {
         // Coming back to the window is no change of focus inside it.
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();

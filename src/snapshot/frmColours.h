@@ -8,9 +8,10 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
-class QTabWidget;
 
 namespace lumrake {
+
+class TabStrip;
 
 /// The attribute picker: an ink, a paper and the bright flag, with a sample of the two colours together. It
 /// knows no document: it is handed an attribute and gives one back.
@@ -43,7 +44,7 @@ class frmColours : public QDialog {
     std::int16_t iPaper = 0;   ///< 0 to 7
     std::int16_t iResult = -1; ///< what GetColour returns
 
-    QTabWidget* SSTab1 = nullptr;
+    TabStrip* SSTab1 = nullptr;
     std::array<QLabel*, 9> lblColour{}; ///< 0 to 7 the swatches, 8 the sample
     QCheckBox* chkBright = nullptr;
     std::array<QPushButton*, 2> cmdColour{};

@@ -114,7 +114,7 @@ void frmSnapshot::ShowPixel(float X, float Y) {
     picImage->hDC().SetClip({left / factor, top / factor, 1, 1});
     DrawView();
     picImage->hDC().ResetClip();
-    picImage->update(left, top, factor, factor);
+    picImage->UpdateArea(QRect(left, top, factor, factor));
 }
 
 void frmSnapshot::WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh) {

@@ -3,17 +3,18 @@
 /// holds the tool to go back to.
 ///
 ///                  Paste (HangBlock)
-///     not placing --------------------> placing -----+ moves (MoveBlock); Paste again: keeps the tool saved
-///         ^                              |  ^        | first; zoom (ScaleNet): scales block and frame; Copy
-///         in |                              |  +--------+ another window: the new block hangs on the mouse
-///         |                              |
-///         +------------------------------+
-///         the tool comes back (EndPlacing): left press on the block drops it (imgClip_MouseDown); the window
-///             closes; a Copy elsewhere leaves the clipboard empty
-///         the tool goes on to the window: Paste in another window (takes over iSavedTool, LetGoOfBlock here)
-///         another tool is in force, iSavedTool isn't used: a tool button; the block goes with the next move
-///         over
-///             the picture (HoverTool), or with a press on it, which drops nothing
+///     not placing --------------------> placing ----+  moves (MoveBlock)
+///         ^                              |   ^      |  zoom (ScaleNet): scales block and frame
+///         |                              |   +------+  Paste again: keeps the tool saved first
+///         +------------------------------+             Copy in another window: the new block hangs on the mouse
+///
+/// The ways out of placing:
+///     the tool comes back (EndPlacing)       left press on the block: drops it (imgClip_MouseDown)
+///                                            the window closes
+///                                            a Copy elsewhere leaves the clipboard empty
+///     the tool goes on to another window     Paste there: takes over iSavedTool (LetGoOfBlock here)
+///     another tool is in force; iSavedTool   tool button: the block goes with the next move over the picture
+///     isn't used                             (HoverTool), or with a press on it, which drops nothing
 ///
 /// While another child is active the block stays where it is and goes on following once the mouse is back.
 #include "snapshot/frmSnapshot.h"

@@ -105,7 +105,7 @@ void frmSnapshot::UpdateNet(const Shape& before) {
             }
         }
     }
-    picImage->update(lines);
+    picImage->UpdateArea(lines);
 }
 
 /// Inverts what lies under the border.
