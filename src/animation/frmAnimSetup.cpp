@@ -109,6 +109,7 @@ frmAnimSetup::frmAnimSetup() : QDialog(QApplication::activeWindow()) {
 
 void frmAnimSetup::CreateControls() {
     SSTab1 = new TabStrip({{QStringLiteral("Settings"), 1, 51}, {QStringLiteral("Notes"), 56, 39}}, this);
+    SSTab1->setObjectName(QStringLiteral("SSTab1"));
     SSTab1->setGeometry(8, 8, kDialogWidth - 16, 231);
     SSTab1->Click = [this](int iPage) { SSTab1_Click(iPage); };
     SSTab1->MouseMove = [this](int X, int Y) { SSTab1_MouseMove(X, Y); };

@@ -66,7 +66,9 @@ class frmAnimation : public QWidget {
     void Form_Activate();
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
@@ -86,6 +88,7 @@ class frmAnimation : public QWidget {
     /// What the outer size of the window has more than its inner one.
     QSize FrameSize() const;
     void EnableControls(bool bPlaying);
+    bool IsSetupKey(const QKeyEvent& event) const;
     void cmdControl_Click(int Index);
     void picImage_MouseDown(const MouseArgs& args);
     /// Lays the window out again after a change of zoom or settings, and plays on if it played.

@@ -14,6 +14,7 @@
 #include "platform/pictures.h"
 #include "shell/shell.h"
 
+#include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QPointer>
 
@@ -227,6 +228,28 @@ void frmAnimation::Form_Activate() {
     for (const FunctionGroup group : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
         EnableFunction(group, false); // no net lies in an animation
     }
+}
+
+/// Alt+S is the key of Setup and of the main window's Snapshot menu, and the toolkit presses neither of two.
+/// Here it is the button's for as long as that can be pressed; the menu has nothing for an animation.
+bool frmAnimation::IsSetupKey(const QKeyEvent& event) const {
+    return event.modifiers() == Qt::AltModifier && event.key() == Qt::Key_S && cmdControl[4]->isEnabled();
+}
+
+bool frmAnimation::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && IsSetupKey(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void frmAnimation::keyPressEvent(QKeyEvent* event) {
+    if (IsSetupKey(*event)) {
+        cmdControl[4]->click();
+        return;
+    }
+    QWidget::keyPressEvent(event);
 }
 
 void frmAnimation::mouseMoveEvent(QMouseEvent*) {

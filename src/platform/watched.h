@@ -28,6 +28,13 @@ template <class Base> class Watched : public Base {
     std::function<void()> MouseMove;
 
   protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::MouseMove && !Base::isEnabled()) {
+            event->ignore(); // a disabled button of the toolkit would swallow it
+            return false;
+        }
+        return Base::event(event);
+    }
     void focusInEvent(QFocusEvent* event) override {
         Base::focusInEvent(event);
         if (GotFocus && IsMoveOfFocus(event->reason())) {

@@ -49,6 +49,7 @@ class frmPrefs : public QDialog {
     explicit frmPrefs(QWidget* parent = nullptr);
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
 

@@ -318,6 +318,15 @@ void frmPrefs::changeEvent(QEvent* event) {
     }
 }
 
+void frmPrefs::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (!event->spontaneous()) {
+        // The first focus comes with the window and would not be told otherwise.
+        chkGeneral[0]->setFocus();
+        ShowPrompt(kGeneral[0].helpKey);
+    }
+}
+
 void frmPrefs::mouseMoveEvent(QMouseEvent*) {
     ShowPrompt(0);
 }

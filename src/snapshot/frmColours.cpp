@@ -216,6 +216,11 @@ void frmColours::keyPressEvent(QKeyEvent* event) {
 void frmColours::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     ShowSample();
+    if (!event->spontaneous()) {
+        // The first focus comes with the window and would not be told otherwise.
+        chkBright->setFocus();
+        ShowPrompt(kHelpBright);
+    }
 }
 
 } // namespace lumrake

@@ -16,32 +16,17 @@ template <class Widget = QWidget> Widget* Find(const QWidget& form, const char* 
     return form.findChild<Widget*>(QLatin1String(name));
 }
 
-TEST(About, FlipsItsPagesAndTellsWhatIsUnderTheMouse) {
-    Stage stage;
+TEST(About, FlipsItsPages) {
+    const Stage stage;
     frmAbout about;
     about.show();
-    const struct {
-        bool credits;
-        const char* control;
-        int number;
-    } cases[] = {{false, "Image1", 12}, {false, "cmdOkay", 13}, {false, "cmdFlip", 14},
-                 {false, "Label2", 15}, {false, "Label1", 0},   {false, "Frame1", 0},
-                 {true, "cmdFlip", 16}, {true, "cmdOkay", 13},  {true, "lblPeople", 0}};
     auto* cmdFlip = Find<QPushButton>(about, "cmdFlip");
-    bool credits = false;
-    for (const auto& one : cases) {
-        if (credits != one.credits) {
-            cmdFlip->click();
-            credits = !credits;
-        }
+    for (const bool credits : {true, false}) {
+        cmdFlip->click();
         EXPECT_EQ(Find(about, "Frame1")->isVisible(), !credits);
         EXPECT_EQ(Find(about, "Frame2")->isVisible(), credits);
-        QTest::mouseMove(Find(about, one.control), QPoint(3, 3));
-        EXPECT_EQ(stage.notices, std::vector{QStringLiteral("ShowPrompt %1").arg(one.number)}) << one.control;
-        stage.notices.clear();
+        EXPECT_EQ(cmdFlip->text(), QLatin1String(credits ? "&About" : "C&redit"));
     }
-    cmdFlip->click();
-    EXPECT_EQ(cmdFlip->text(), QStringLiteral("C&redit"));
     QTest::mousePress(cmdFlip, Qt::LeftButton);
     QTest::mouseMove(cmdFlip, QPoint(-5, -5));
     EXPECT_FALSE(cmdFlip->isDown());

@@ -115,12 +115,6 @@ TEST_F(Player, ButtonsFollowTheState) {
         EXPECT_EQ(probe.State().iCurrentFrame, click.frame);
         EXPECT_EQ(form.focusWidget(), &probe.Picture());
     }
-    notices.clear();
-    QTest::mouseMove(&probe.Control(0), {4, 4});
-    QTest::mouseMove(&probe.Picture(), {4, 4});
-    QTest::mouseMove(&form, {1, 1});
-    EXPECT_EQ(notices, (std::vector<QString>{QStringLiteral("ShowPrompt 40"), QStringLiteral("ShowPrompt 45"),
-                                             QStringLiteral("ShowPrompt 0")}));
 }
 
 TEST_F(Player, OnceOnlyComesToRestOnFrame0) {

@@ -79,7 +79,7 @@ TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
     for (const auto& fault : faults) {
         EXPECT_FALSE(Run([&fault](frmAnimSetup& form) {
             Type(form, fault.field, fault.typed);
-            auto* strip = form.findChild<TabStrip*>();
+            auto* strip = Find<TabStrip>(form, "SSTab1");
             strip->SetTab(1);
             EXPECT_EQ(form.focusWidget()->objectName(), QStringLiteral("txtAnimSetup(8)"));
             Press(form, "cmdSetup(0)");
@@ -132,29 +132,6 @@ TEST_F(Setup, OnlyAnotherAttributeIsAChange) {
         Press(form, "cmdSetup(0)");
     }));
     EXPECT_EQ(GlobalAnim.byAttribute, 120); // 56 and bright
-}
-
-TEST_F(Setup, FocusAndMouseAskForTheirPrompts) {
-    Run([this](frmAnimSetup& form) {
-        stage.notices.clear();
-        Find(form, "cboAnimSetup(1)")->setFocus();
-        Find(form, "cmdSetup(4)")->setFocus();
-        QTest::mouseMove(Find(form, "txtAnimSetup(7)"), {5, 5});
-        auto* strip = form.findChild<TabStrip*>();
-        for (const QPoint place :
-             {QPoint{1, 3}, {51, 18}, {52, 9}, {56, 3}, {94, 18}, {95, 9}, {30, 2}, {30, 19}}) {
-            QWidget* under = strip->childAt(place);
-            under = under == nullptr ? strip : under;
-            QTest::mouseMove(under, under->mapFrom(strip, place));
-        }
-        EXPECT_EQ(stage.notices.at(0), QStringLiteral("SetStatusText Select the display mode"));
-        QString keys;
-        for (std::size_t i = 1; i < stage.notices.size(); ++i) {
-            keys += stage.notices[i].mid(10); // behind "ShowPrompt"
-        }
-        EXPECT_EQ(keys, QStringLiteral(" 52 60 58 46 46 0 47 47 0 0 0"));
-        form.close();
-    });
 }
 
 } // namespace

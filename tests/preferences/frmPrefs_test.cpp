@@ -66,17 +66,6 @@ class PrefsTest : public ::testing::Test {
         const auto value = [this](int index) { return Get<QSlider>("scrCol", index).value(); };
         return {value(0), value(1), value(2)};
     }
-    /// What is said when the mouse moves over a control: all help keys, "" for none.
-    QString Hover(QWidget& control, QPoint place) {
-        QMouseEvent move(QEvent::MouseMove, place, control.mapToGlobal(place), Qt::NoButton, {}, {});
-        return Said([&] { QApplication::sendEvent(&control, &move); });
-    }
-    template <class Action> QString Said(Action act) {
-        stage.notices.clear();
-        act();
-        return QStringList(stage.notices.begin(), stage.notices.end()).join(u'+').remove(u"ShowPrompt "_qs);
-    }
-
     testing::Stage stage;
     std::unique_ptr<frmPrefs> form;
 };
@@ -251,50 +240,9 @@ TEST_F(PrefsTest, ThePickerGivesBackAnAttributeOrNothing) {
     }
 }
 
-TEST_F(PrefsTest, ControlsHandOnTheirHelpKeys) {
-    // On a move of the mouse and on the focus; -1: nothing is said, 0: the bubble is emptied.
-    const struct {
-        const char* name;
-        int page, first, count, moveKey, focusKey;
-    } arrays[] = {
-        {"cmdPrefs", 0, 0, 2, 61, 61},   {"chkGeneral", 0, 0, 2, 73, 73}, {"txtDefault", 1, 0, 5, 75, 75},
-        {"optMode", 1, 0, 5, 80, 80},    {"cmdPrefs", 1, 4, 1, 85, 85},   {"optSmall", 2, 0, 4, 86, 86},
-        {"optLarge", 2, 0, 4, 90, 90},   {"cmdPrefs", 3, 2, 1, 94, 94},   {"scrCol", 3, 0, 3, -1, 95},
-        {"frmPrefs", 2, 2, 1, 0, -1},    {"lblPrefs", 1, 4, 1, 0, -1},    {"imgPrefs", 3, 3, 1, 0, -1},
-        {"lblPalette", 3, 15, 1, 98, -1}};
-    Open();
-    for (const auto& array : arrays) {
-        Page(array.page);
-        for (int i = 0; i < array.count; ++i) {
-            QWidget& control = Get(array.name, array.first + i);
-            const auto keyOf = [i](int key) { return key < 0 ? QString() : QString::number(key + i); };
-            SCOPED_TRACE(control.objectName().toStdString());
-            EXPECT_EQ(Hover(control, QPoint(3, 3)), keyOf(array.moveKey));
-            form->setFocus();
-            if (control.focusPolicy() != Qt::NoFocus) {
-                EXPECT_EQ(Said([&] { control.setFocus(); }), keyOf(array.focusKey));
-            }
-        }
-    }
-    Choose(1);
-    EXPECT_EQ(Hover(Field(1), QPoint(3, 3)), u"0"_qs) << "a disabled field is bare ground";
-}
-
-TEST_F(PrefsTest, TabsAreFoundFromNumbersAndTakeTheFocusAlong) {
+TEST_F(PrefsTest, APageTakesTheFocusAlong) {
     Settings.iSmallChange = 4;
     Open();
-    auto& strip = Get<TabStrip>("SSTab1");
-    const struct {
-        int x, y, key;
-    } cases[] = {{1, 9, 0},    {2, 9, 69},   {52, 9, 69},  {53, 9, 70},  {104, 9, 70},
-                 {105, 9, 71}, {170, 9, 71}, {171, 9, 72}, {216, 9, 72}, {217, 9, 0},
-                 {60, 2, 0},   {60, 3, 70},  {60, 18, 70}, {60, 19, 0}};
-    for (const auto& one : cases) {
-        QWidget* under = strip.childAt(one.x, one.y);
-        under = under == nullptr ? &strip : under;
-        EXPECT_EQ(Hover(*under, under->mapFrom(&strip, QPoint(one.x, one.y))), QString::number(one.key))
-            << one.x << "," << one.y;
-    }
     const char* const focus[] = {"chkGeneral(0)", "txtDefault(0)", "optSmall(2)", "scrCol(0)"};
     for (const int page : {3, 2, 1, 0}) {
         Page(page);

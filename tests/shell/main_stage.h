@@ -19,6 +19,7 @@ namespace lumrake {
 struct MainProbe {
     static Toolbar& Bar(frmMain& main) { return *main.tbrMain; }
     static QWidget& Coords(frmMain& main) { return *main.picCoords; }
+    static PanelBar& Status(frmMain& main) { return *main.sbrMain; }
 };
 
 namespace testing {

@@ -255,23 +255,6 @@ TEST_F(SnapshotView, ActivationShowsThisWindowAndDrawsNothing) {
     EXPECT_FALSE(probe.Drawn());
 }
 
-TEST_F(SnapshotView, PromptsFollowTheMouse) {
-    const SnapshotProbe probe = Open(1000);
-    const int zoomPanel = probe.Status().PanelLeft(3);
-    const std::tuple<QWidget*, QPoint, int> moves[] = {
-        {&probe.form, {2, 2}, 0},         {&probe.Container(), {200, 200}, 0},
-        {&probe.Track(), {8, 30}, 2},     {&probe.Thumb(), {8, 8}, 2},
-        {&probe.Box(3), {9, 9}, 6},       {&probe.Options(), {9, 9}, 7},
-        {&probe.ColourOf(1), {9, 9}, 11}, {&probe.Status(), {zoomPanel + 9, 9}, 10}};
-    for (const auto& [widget, place, key] : moves) {
-        QTest::mouseMove(widget, place);
-        EXPECT_EQ(stage.notices.back(), QStringLiteral("ShowPrompt %1").arg(key));
-    }
-    stage.notices.clear();
-    QTest::mouseMove(&probe.Status(), QPoint(zoomPanel, 9));
-    EXPECT_TRUE(stage.notices.empty()) << "between two panels";
-}
-
 TEST_F(SnapshotView, FocusSelectsTheBoxAndAClickTakesItToThePicture) {
     const SnapshotProbe probe = Open(1000);
     QApplication::setActiveWindow(&stage.area);

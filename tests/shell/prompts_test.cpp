@@ -1,0 +1,250 @@
+#include "about/frmAbout.h"
+#include "animation/anim_support.h"
+#include "assistant/help_file.h"
+#include "platform/colour_button.h"
+#include "platform/tab_strip.h"
+#include "preferences/frmPrefs.h"
+#include "shell/file_commands.h"
+#include "shell/main_stage.h"
+#include "snapshot/frmColours.h"
+#include "snapshot/snapshot_probe.h"
+
+#include <QCheckBox>
+#include <QFile>
+#include <QLabel>
+
+namespace lumrake::testing {
+namespace {
+
+constexpr int kNever = -1; ///< nothing is said and the bubble stays as it is
+constexpr int kUnknown = 999;
+
+/// Controls of one array on a page of the form, and the help number of the first: on a move of the mouse and
+/// on the focus. The others follow it one by one.
+struct Array {
+    int page;
+    const char* name;
+    int first, count, onMove, onFocus;
+};
+
+/// A place on a row of tabs.
+struct OnTabs {
+    int x, y, number;
+};
+
+/// The whole program with the assistant on and the help file that it comes with.
+class Prompts : public ::testing::Test {
+  protected:
+    Prompts() {
+        QFile file(QStringLiteral(LUMRAKE_HELP_FILE));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        const QByteArray bytes = file.readAll();
+        help.assign(bytes.begin(), bytes.end());
+        stage.MakeFile(QStringLiteral("LMKHELP.DAT"),
+                       {reinterpret_cast<const std::uint8_t*>(help.data()), help.size()});
+        main.resize(1300, 1000); // the assistant stands beside the children
+        if (!main.Entry(Menu::menu_fizzlet)->isChecked()) {
+            stage.Click(Menu::menu_fizzlet);
+        }
+        bubble = Find<QLabel>(main, "lblBubble");
+    }
+    void Open(QWidget& form) {
+        main.ShowPrompt(kUnknown);
+        form.show();
+        form.activateWindow();
+        EXPECT_TRUE(QTest::qWaitFor([&form] { return form.isActiveWindow(); }));
+    }
+    void ExpectSaid(int number, const QString& what) const {
+        EXPECT_EQ(bubble->isVisible(), number != 0) << what.toStdString();
+        if (number != 0) {
+            EXPECT_EQ(bubble->text().toStdString(),
+                      FindPrompt(help, number).value_or("Sorry, I can't help you with that one!"))
+                << what.toStdString() << ' ' << number;
+        }
+    }
+    /// Moves the mouse to a place of a control; what lies on top there gets the move.
+    void Hover(QWidget& control, QPoint place, int number) {
+        QWidget& window = *control.window();
+        QWidget* under = window.childAt(control.mapTo(&window, place));
+        under = under == nullptr ? &window : under;
+        const QPointF local = under->mapFrom(&window, control.mapTo(&window, QPointF(place)));
+        QMouseEvent move(QEvent::MouseMove, local, under->mapToGlobal(local), Qt::NoButton, {}, {});
+        main.ShowPrompt(kUnknown);
+        QCoreApplication::sendEvent(under, &move);
+        ExpectSaid(
+            number,
+            QStringLiteral("mouse on %1 %2,%3").arg(control.objectName()).arg(place.x()).arg(place.y()));
+    }
+    void Focus(QWidget& control, int number) {
+        control.window()->setFocus();
+        main.ShowPrompt(kUnknown);
+        control.setFocus();
+        ExpectSaid(number, QStringLiteral("focus on %1").arg(control.objectName()));
+    }
+    void Try(QWidget& form, std::span<const Array> arrays, std::span<const OnTabs> tabs) {
+        auto* strip = Find<TabStrip>(form, "SSTab1");
+        for (const OnTabs& one : tabs) {
+            Hover(*strip, {one.x, one.y}, one.number);
+        }
+        for (const Array& array : arrays) {
+            strip->SetTab(array.page);
+            for (int i = 0; i < array.count; ++i) {
+                const QString name =
+                    QStringLiteral("%1(%2)").arg(QLatin1String(array.name)).arg(array.first + i);
+                QWidget& control = *Find(form, qPrintable(name));
+                Hover(control, {3, 3}, array.onMove > 0 ? array.onMove + i : array.onMove);
+                if (array.onFocus > 0) {
+                    Focus(control, array.onFocus + i);
+                }
+            }
+        }
+    }
+
+    MainStage stage;
+    frmMain& main = stage.Start();
+    std::string help;
+    QLabel* bubble = nullptr;
+};
+
+TEST_F(Prompts, MainWindow) {
+    constexpr int kButtons[] = {0, 20, 21, 22, 0, 24, 25, 26, 0, 28, 29, 30, 31, 0, 33, 34, 0, 36, 37, 38};
+    for (const bool hidden : {false, true}) {
+        if (hidden) {
+            stage.Click(Menu::menu_toolbar, 2); // the others move up
+        }
+        int left = 0;
+        for (int button = 1; button <= 20; ++button) {
+            if (const int width = stage.Bar().ButtonWidth(button); width > 0) {
+                Hover(stage.Bar(), {left + width / 2, 14}, kButtons[button - 1]);
+                left += width;
+            }
+        }
+        Hover(stage.Bar(), {left + 9, 14}, 0);
+    }
+    for (const int x : {2, 12, 50, 85, 92, 120}) {
+        Hover(MainProbe::Coords(main), {x, 12}, 39);
+    }
+    Hover(*main.findChild<QMdiArea*>(), {30, 30}, 0);
+    Hover(MainProbe::Status(main), {30, 9}, kNever);
+}
+
+TEST_F(Prompts, SnapshotWindow) {
+    OpenSnapshotFile(stage.Snapshot(QStringLiteral("game.sna")));
+    const SnapshotProbe probe{dynamic_cast<frmSnapshot&>(*main.ActiveForm())};
+    Hover(probe.form, {2, 2}, 0);
+    Hover(probe.Container(), {probe.Container().width() - 3, probe.Container().height() - 3}, 0);
+    Hover(probe.Picture(), {5, 5}, 1);
+    Hover(probe.Track(), {8, 100}, 2);
+    Hover(probe.Thumb(), {8, 8}, 2);
+    for (int i = 0; i < 4; ++i) {
+        Hover(probe.Box(static_cast<std::size_t>(i)), {9, 9}, 3 + i);
+        Hover(probe.Spin(static_cast<std::size_t>(i)), {4, 9}, kNever);
+        Hover(probe.Status(), {probe.Status().PanelLeft(i + 1) + 1, 9}, 8 + i);
+        Hover(probe.Status(), {probe.Status().PanelLeft(i + 1), 9}, kNever); // between two panels
+    }
+    Hover(probe.Bar(), {8, 4}, kNever);
+    Hover(probe.Options(), {9, 9}, 7);
+    Hover(probe.ColourOf(0), {9, 9}, 11);
+    Hover(probe.ColourOf(1), {9, 9}, 11);
+}
+
+TEST_F(Prompts, AnimationWindow) {
+    auto* form = new frmAnimation;
+    const auto record = EncodeAnimation(SampleRecord(stage.Snapshot(QStringLiteral("game.sna"))));
+    ASSERT_TRUE(form->Launch(stage.MakeFile(QStringLiteral("walk.anm"), record)));
+    const AnimationProbe probe{*form};
+    Hover(*form, {1, 1}, 0);
+    Hover(probe.Picture(), {4, 4}, 45);
+    for (const bool playing : {false, true}) {
+        playing ? form->Play() : form->StopPlay();
+        for (int i = 0; i < 5; ++i) { // a button that can't be pressed is bare ground
+            Hover(probe.Control(static_cast<std::size_t>(i)), {4, 4}, (i == 1) == playing ? 40 + i : 0);
+        }
+    }
+}
+
+TEST_F(Prompts, AnimationSetup) {
+    // clang-format off
+    constexpr Array kArrays[] = {
+        {0, "txtAnimSetup", 0, 1, 48, 48}, {0, "cmdSetup",     2, 1, 49, 49}, {0, "txtAnimSetup", 1, 1, 50, 50},
+        {0, "cboAnimSetup", 0, 2, 51, 51}, {0, "txtAnimSetup", 2, 6, 53, 53}, {0, "chkAnimSetup", 0, 1, 59, 59},
+        {0, "cmdSetup",     4, 1, 60, 60}, {0, "cmdSetup",     0, 2, 61, 61}, {1, "txtAnimSetup", 8, 1, 63, 63},
+    };
+    constexpr OnTabs kTabs[] = {{1, 3, 46},  {51, 18, 46}, {52, 9, 0}, {56, 3, 47}, {94, 18, 47},
+                                {95, 9, 0},  {30, 2, 0},   {30, 19, 0}, {12, 36, 0}, {12, 225, 0}};
+    // clang-format on
+    frmAnimSetup form;
+    Open(form);
+    ExpectSaid(48, QStringLiteral("opened"));
+    Try(form, kArrays, kTabs);
+    Hover(form, {1, 1}, 0);
+    Find<TabStrip>(form, "SSTab1")->SetTab(0);
+    Focus(*Find(form, "cboAnimSetup(1)"), 52);
+    Focus(*Find(form, "chkAnimSetup(0)"), 59); // this one leaves the status bar alone
+    EXPECT_EQ(MainProbe::Status(main).PanelAt(1).Text, QStringLiteral("Select the display mode"));
+}
+
+TEST_F(Prompts, Preferences) {
+    // clang-format off
+    constexpr Array kArrays[] = {
+        {0, "cmdPrefs", 0, 2, 61, 61}, {0, "chkGeneral", 0, 2,     73, 73}, {1, "txtDefault", 0,  5, 75, 75},
+        {1, "optMode",  0, 5, 80, 80}, {1, "cmdPrefs",   4, 1,     85, 85}, {2, "optSmall",   0,  4, 86, 86},
+        {2, "optLarge", 0, 4, 90, 90}, {3, "cmdPrefs",   2, 1,     94, 94}, {3, "scrCol",     0,  3, kNever, 95},
+        {3, "frmPrefs", 4, 1, 0,   0}, {1, "lblPrefs",   4, 1,      0,  0}, {3, "imgPrefs",   3,  1,  0,  0},
+        {3, "lblPalette", 0, 1, 98, 0}, {3, "lblPalette", 15, 1, 98, 0},
+    };
+    constexpr OnTabs kTabs[] = {{1, 9, 0},    {2, 9, 69},   {52, 9, 69},  {53, 9, 70},  {104, 9, 70},
+                                {105, 9, 71}, {170, 9, 71}, {171, 9, 72}, {216, 9, 72}, {217, 9, 0},
+                                {60, 2, 0},   {60, 3, 70},  {60, 18, 70}, {60, 19, 0}};
+    // clang-format on
+    frmPrefs form;
+    Open(form);
+    ExpectSaid(73, QStringLiteral("opened"));
+    Try(form, kArrays, kTabs);
+    Hover(form, {1, 1}, 0);
+    Find<TabStrip>(form, "SSTab1")->SetTab(1);
+    Find<QAbstractButton>(form, "optMode(1)")->click();
+    Hover(*Find(form, "txtDefault(1)"), {3, 3}, 0); // disabled
+}
+
+TEST_F(Prompts, AttributePicker) {
+    frmColours form;
+    Open(form);
+    ExpectSaid(66, QStringLiteral("opened"));
+    Hover(form, {1, 1}, 0);
+    const QList<QLabel*> squares = form.findChildren<QLabel*>();
+    ASSERT_EQ(squares.size(), 9);
+    for (QLabel* square : squares) {
+        Hover(*square, {5, 5}, square->text().isEmpty() ? 64 : 65);
+        Hover(*square, {-3, 5}, 0);
+    }
+    for (const auto& [caption, number] : {std::pair{"Bright", 66}, {"&Cancel", 67}, {"&Select", 68}}) {
+        for (auto* button : form.findChildren<QAbstractButton*>()) {
+            if (button->text() == QLatin1String(caption)) {
+                Hover(*button, {5, 9}, number);
+                Focus(*button, number);
+            }
+        }
+    }
+}
+
+TEST_F(Prompts, AboutBox) {
+    frmAbout form;
+    Open(form);
+    const struct {
+        bool credits;
+        const char* control;
+        int number;
+    } cases[] = {{false, "Image1", 12}, {false, "cmdOkay", 13}, {false, "cmdFlip", 14},
+                 {false, "Label2", 15}, {false, "Label1", 0},   {false, "Frame1", 0},
+                 {true, "cmdFlip", 16}, {true, "cmdOkay", 13},  {true, "lblPeople", 0}};
+    for (const auto& one : cases) {
+        if (Find(form, "Frame2")->isVisible() != one.credits) {
+            Press(form, "cmdFlip");
+        }
+        Hover(*Find(form, one.control), {3, 3}, one.number);
+    }
+}
+
+} // namespace
+} // namespace lumrake::testing
