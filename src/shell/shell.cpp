@@ -115,7 +115,8 @@ void SetProgramDirectory(const QString& directory) {
 }
 
 QString SettingsFile() {
-    return QDir(ProgramDirectory()).filePath(QStringLiteral("LMK.CFG"));
+    const QString path = QDir(ProgramDirectory()).filePath(QStringLiteral("LMK.CFG"));
+    return FindFile(path).value_or(path);
 }
 
 void LoadSettings(const WindowTwips& window) {

@@ -90,7 +90,7 @@ QWidget* ChildFrame(QWidget* child);
 /// Ink ("FORE") or paper (anything else) of an attribute through the palette of Settings.
 Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich);
 
-/// The settings file: LMK.CFG in the program's directory.
+/// The settings file: LMK.CFG in the program's directory, in whatever case the disk has it.
 QString SettingsFile();
 /// Uses another directory for LMK.CFG and LMKHELP.DAT than the program's, for tests.
 void SetProgramDirectory(const QString& directory);

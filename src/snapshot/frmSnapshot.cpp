@@ -31,7 +31,7 @@ FileError Refusal(const QString& path, std::optional<std::int64_t> length) {
     if (!length) {
         return QStringLiteral("Its length is not known.");
     }
-    if (*length == 0 && !QFileInfo(path).isDir()) {
+    if (*length == 0 && QFileInfo(path).isFile()) {
         return QStringLiteral("The file is empty.");
     }
     if (*length > std::numeric_limits<std::int32_t>::max()) {
