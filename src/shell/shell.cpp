@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPoint>
 
@@ -100,6 +101,13 @@ void AdoptChild(QWidget* child) {
 QWidget* ChildFrame(QWidget* child) {
     auto* frame = qobject_cast<QMdiSubWindow*>(child->parentWidget());
     return frame != nullptr ? frame : child;
+}
+
+void BringToFront(QWidget* child) {
+    auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(child));
+    if (frame != nullptr && frame->mdiArea() != nullptr) {
+        frame->mdiArea()->setActiveSubWindow(frame);
+    }
 }
 
 Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich) {

@@ -84,6 +84,8 @@ void AdoptChild(QWidget* child);
 /// The frame that a child was adopted into, or the child itself when there is none: what is shown, sized,
 /// closed.
 QWidget* ChildFrame(QWidget* child);
+/// Makes a child the active one, so that the user sees which window a question is about.
+void BringToFront(QWidget* child);
 
 // ---- Procedures over the variables ----
 
