@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/panel_bar.h"
 #include "platform/screen.h"
+#include "platform/value_box.h"
 #include "shell/file_commands.h"
 #include "shell/shell.h"
 #include "snapshot/view_limits.h"
@@ -84,6 +85,7 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     setWindowTitle(sSnapTitle.trimmed());
     show();
     ChildFrame(this)->show();
+    txtValue[0]->selectAll(); // it gets the focus, but that comes with the main window, back from the dialog
     return true;
 }
 
@@ -177,6 +179,7 @@ void frmSnapshot::SetProgress(int value) {
 
 void frmSnapshot::Form_Unload(bool& Cancel) {
     if ((bChanged & Settings.bPromptSave) != 0) {
+        BringToFront(this);
         const QString sQuestion = QLatin1String("Save changes to ") + sSnapFile.toLower() + QLatin1Char('?');
         switch (MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("Snapshot"))) {
         case BoxAnswer::Cancel: Cancel = true; break;
