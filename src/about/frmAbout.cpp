@@ -5,7 +5,6 @@
 #include "platform/twips.h"
 #include "shell/shell.h"
 
-#include <QApplication>
 #include <QFrame>
 #include <QLabel>
 #include <QMouseEvent>
@@ -161,7 +160,7 @@ bool frmAbout::eventFilter(QObject* control, QEvent* event) {
 }
 
 void ShowAbout() {
-    frmAbout about(QApplication::activeWindow());
+    frmAbout about(DialogOwner());
     about.exec();
 }
 

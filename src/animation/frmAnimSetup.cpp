@@ -12,7 +12,6 @@
 #include "shell/shell.h"
 #include "snapshot/frmColours.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QTextCursor>
 
@@ -97,7 +96,7 @@ QLabel* AddLabel(QWidget* parent, const QString& text, const QRect& place) {
 
 } // namespace
 
-frmAnimSetup::frmAnimSetup() : QDialog(QApplication::activeWindow()) {
+frmAnimSetup::frmAnimSetup() : QDialog(DialogOwner()) {
     setWindowTitle(QStringLiteral("Animation Setup"));
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowCloseButtonHint);

@@ -149,6 +149,7 @@ void frmAnimation::GlobalToAnim() {
 
 void frmAnimation::Form_Unload(bool& Cancel) {
     if (bChanged != 0 && Settings.bPromptSave != 0) {
+        BringToFront(this);
         const QString sQuestion =
             sFilePath.isEmpty() ? QStringLiteral("Save new animation?")
                                 : QStringLiteral("Save changes to %1?").arg(TrimBlanks(sFilePath.toLower()));

@@ -4,6 +4,7 @@
 #include "platform/numbers.h"
 #include "platform/twips.h"
 
+#include <QAbstractScrollArea>
 #include <QEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -110,7 +111,9 @@ void frmHelp::ShowBubble(bool bShow) {
 }
 
 void frmHelp::SetPosition() {
-    const QSize inner = parentWidget()->size();
+    // The scroll bars of the area are none of its inside.
+    const auto* scrolled = qobject_cast<QAbstractScrollArea*>(parentWidget());
+    const QSize inner = scrolled == nullptr ? parentWidget()->size() : scrolled->viewport()->size();
     move(PixelsFromTwips(TwipsFromPixels(inner.width() - width()) - kGap),
          PixelsFromTwips(TwipsFromPixels(inner.height() - height()) - kGap));
 }

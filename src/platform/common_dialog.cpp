@@ -1,6 +1,7 @@
 #include "platform/common_dialog.h"
 
-#include <QApplication>
+#include "platform/screen.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -37,7 +38,7 @@ QStringList NameFilters(const QString& filter) {
 QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
     static QString lastDirectory; // of this run; the current directory before the first choice
 
-    QFileDialog dialog(QApplication::activeWindow(), request.DialogTitle);
+    QFileDialog dialog(DialogOwner(), request.DialogTitle);
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setOption(QFileDialog::HideNameFilterDetails);

@@ -24,7 +24,8 @@ QStringList MatchesWithoutCase(const QString& directory, const QString& name) {
     return matches;
 }
 
-bool Exists(const QString& path) {
+/// True for a link that leads nowhere as well: the name is taken.
+bool IsTaken(const QString& path) {
     const QFileInfo info(path);
     return info.exists() || info.isSymLink();
 }
@@ -69,7 +70,7 @@ std::optional<QString> FindFile(const QString& path) {
     if (path.isEmpty()) {
         return std::nullopt;
     }
-    if (Exists(path)) {
+    if (QFileInfo::exists(path)) {
         return path;
     }
     const QFileInfo info(path);
@@ -87,8 +88,9 @@ std::optional<QString> FindFile(const QString& path) {
         return std::nullopt;
     }
     // A bare name stays a bare name.
-    return path.contains(QLatin1Char('/')) ? QDir(*directory).filePath(matches.constFirst())
-                                           : matches.constFirst();
+    const QString found = path.contains(QLatin1Char('/')) ? QDir(*directory).filePath(matches.constFirst())
+                                                          : matches.constFirst();
+    return QFileInfo::exists(found) ? std::optional(found) : std::nullopt;
 }
 
 NewFile PathForNewFile(const QString& chosen) {
@@ -107,12 +109,12 @@ NewFile PathForNewFile(const QString& chosen) {
     const QDir directory(info.path());
     const QString lower = name.toLower();
     for (const QString& candidate : {spelled, name, lower}) {
-        if (Exists(directory.filePath(candidate))) {
+        if (IsTaken(directory.filePath(candidate))) {
             return {directory.filePath(candidate), true};
         }
     }
     const QStringList matches = MatchesWithoutCase(directory.path(), name);
-    if (!matches.isEmpty()) {
+    if (matches.size() == 1) { // of several the question could not say which one it means
         return {directory.filePath(matches.constFirst()), true};
     }
     return {directory.filePath(lower), false};
@@ -128,8 +130,12 @@ std::optional<std::int64_t> FileLength(const QString& path) {
 
 FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit) {
     QFile file(path);
-    if (QFileInfo(path).isDir()) {
+    const QFileInfo info(path);
+    if (info.isDir()) {
         return QStringLiteral("It is a directory.");
+    }
+    if (info.exists() && !info.isFile()) { // a pipe would be waited for, a device has no length
+        return QStringLiteral("It is not a regular file.");
     }
     // Unbuffered: the bytes go from the system straight into their place.
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
@@ -184,7 +190,7 @@ FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> byte
 
 FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
     QByteArray contents(reinterpret_cast<const char*>(record.data()), static_cast<qsizetype>(record.size()));
-    if (Exists(path)) {
+    if (QFileInfo::exists(path)) {
         MemoryBlock old;
         if (const FileError error = ReadWholeFile(path, old)) {
             return error;

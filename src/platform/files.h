@@ -20,14 +20,15 @@ using FileError = std::optional<QString>;
 QString FileTitleOf(const QString& sPath);
 
 /// The true path of an existing file: `path` itself when it is there, else the one file that differs from it
-/// only in letter case, looked for component by component. Nothing when there is none, or more than one.
+/// only in letter case, looked for component by component. Nothing when there is none, or more than one; a
+/// symbolic link that leads nowhere is none.
 /// Directories are found as well: what can be done with them is for the reader to say.
 std::optional<QString> FindFile(const QString& path);
 
 /// Where a file goes whose name the program makes new from what a dialog gave: the directory as it stands and
 /// the name, without the blanks round it, in lower case. A file that is already there under `chosen`'s own
-/// spelling, or else under one that differs only in case, is meant instead: then `exists` is true and `path`
-/// is that file.
+/// spelling, or else the one that differs only in case, is meant instead: then `exists` is true and `path` is
+/// that file. Where several differ only in case, none of them is meant.
 struct NewFile {
     QString path;
     bool exists = false;
@@ -38,7 +39,8 @@ NewFile PathForNewFile(const QString& chosen);
 std::optional<std::int64_t> FileLength(const QString& path);
 
 /// Reads the whole file, or the first `limit` bytes of it, into memory of its own in one pass.
-/// `target` is left alone on failure. A directory, and a file that ends before its length, is a failure.
+/// `target` is left alone on failure. What is no regular file (a directory, a pipe), and a file that ends
+/// before its length, is a failure.
 FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit = INT64_MAX);
 
 /// Makes the file hold exactly `bytes`: they go to a temporary file beside it, are brought to the disk, and

@@ -1,6 +1,8 @@
 #include "platform/message_box.h"
 
-#include <QApplication>
+#include "platform/screen.h"
+
+#include <QGuiApplication>
 #include <QMessageBox>
 
 #include <utility>
@@ -15,7 +17,7 @@ MessageBoxAnswerer& Answerer() {
 }
 
 BoxAnswer ShowRealBox(const MessageBox& message) {
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(DialogOwner());
     box.setWindowTitle(message.title);
     box.setTextFormat(Qt::PlainText);
     box.setText(message.text);

@@ -4,9 +4,12 @@
 #include <QCoreApplication>
 #include <QFont>
 #include <QGuiApplication>
+#include <QMainWindow>
 #include <QScreen>
 #include <QStyleFactory>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace lumrake {
 
@@ -21,6 +24,20 @@ HourglassScope::~HourglassScope() {
 void DoEvents(Events which) {
     QCoreApplication::processEvents(which == Events::Everything ? QEventLoop::AllEvents
                                                                 : QEventLoop::ExcludeUserInputEvents);
+}
+
+QWidget* DialogOwner() {
+    if (QWidget* active = QApplication::activeWindow()) {
+        return active;
+    }
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        return modal;
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto main = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return qobject_cast<const QMainWindow*>(window) != nullptr && window->isVisible();
+    });
+    return main == windows.end() ? nullptr : *main;
 }
 
 void CentreOnScreen(QWidget& window) {

@@ -23,6 +23,11 @@ enum class Events {
 /// Lets the pending events run once and comes back.
 void DoEvents(Events which);
 
+/// The window that a box or dialog belongs to and stays in front of: the active one. None is active while
+/// another program is in front and just after a dialog closed: then the open modal dialog or, without one, the
+/// main window. Null before the main window shows.
+QWidget* DialogOwner();
+
 /// Puts a window into the middle of the screen it is on.
 void CentreOnScreen(QWidget& window);
 

@@ -85,10 +85,16 @@ void ValueBox::FitDigits() {
 }
 
 bool ValueBox::event(QEvent* event) {
-    if (event->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent*>(event)->modifiers().testFlag(Qt::ControlModifier)) {
-        event->ignore();
-        return false;
+    if (event->type() == QEvent::ShortcutOverride) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->modifiers().testFlag(Qt::ControlModifier)) {
+            event->ignore();
+            return false;
+        }
+        if (key->key() == Qt::Key_Delete) { // a locked box would let the menu have it
+            event->accept();
+            return true;
+        }
     }
     return QLineEdit::event(event);
 }

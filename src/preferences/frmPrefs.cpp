@@ -8,7 +8,6 @@
 #include "shell/shell.h"
 #include "snapshot/frmColours.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QMenu>
 #include <QPointer>
@@ -48,7 +47,7 @@ template <std::size_t N> std::size_t IndexOfSet(const std::array<QRadioButton*, 
 
 void ShowPreferences() {
     // The main window owns the dialog and may take it along before it returns.
-    const QPointer<frmPrefs> form = new frmPrefs(QApplication::activeWindow());
+    const QPointer<frmPrefs> form = new frmPrefs(DialogOwner());
     form->exec();
     delete form;
 }

@@ -43,6 +43,8 @@ void OpenSnapshotFile(const QString& sFile) {
     }
     if (bFromDialog) {
         AddRecentFile(sFullName);
+    } else {
+        sFullName = QFileInfo(sFullName).absoluteFilePath(); // a name without a directory has no title
     }
     // A window that opens belongs to its frame in the main window; one that does not open is let go at once.
     auto* child = new frmSnapshot;

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPoint>
 
@@ -102,6 +103,13 @@ QWidget* ChildFrame(QWidget* child) {
     return frame != nullptr ? frame : child;
 }
 
+void BringToFront(QWidget* child) {
+    auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(child));
+    if (frame != nullptr && frame->mdiArea() != nullptr) {
+        frame->mdiArea()->setActiveSubWindow(frame);
+    }
+}
+
 Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich) {
     return AttributeColour(Settings, iAttribute, sWhich);
 }
@@ -115,7 +123,8 @@ void SetProgramDirectory(const QString& directory) {
 }
 
 QString SettingsFile() {
-    return QDir(ProgramDirectory()).filePath(QStringLiteral("LMK.CFG"));
+    const QString path = QDir(ProgramDirectory()).filePath(QStringLiteral("LMK.CFG"));
+    return FindFile(path).value_or(path);
 }
 
 void LoadSettings(const WindowTwips& window) {

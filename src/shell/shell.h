@@ -84,13 +84,15 @@ void AdoptChild(QWidget* child);
 /// The frame that a child was adopted into, or the child itself when there is none: what is shown, sized,
 /// closed.
 QWidget* ChildFrame(QWidget* child);
+/// Makes a child the active one, so that the user sees which window a question is about.
+void BringToFront(QWidget* child);
 
 // ---- Procedures over the variables ----
 
 /// Ink ("FORE") or paper (anything else) of an attribute through the palette of Settings.
 Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich);
 
-/// The settings file: LMK.CFG in the program's directory.
+/// The settings file: LMK.CFG in the program's directory, in whatever case the disk has it.
 QString SettingsFile();
 /// Uses another directory for LMK.CFG and LMKHELP.DAT than the program's, for tests.
 void SetProgramDirectory(const QString& directory);

@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/panel_bar.h"
 #include "platform/screen.h"
+#include "platform/value_box.h"
 #include "shell/file_commands.h"
 #include "shell/shell.h"
 #include "snapshot/view_limits.h"
@@ -31,7 +32,7 @@ FileError Refusal(const QString& path, std::optional<std::int64_t> length) {
     if (!length) {
         return QStringLiteral("Its length is not known.");
     }
-    if (*length == 0 && !QFileInfo(path).isDir()) {
+    if (*length == 0 && QFileInfo(path).isFile()) {
         return QStringLiteral("The file is empty.");
     }
     if (*length > std::numeric_limits<std::int32_t>::max()) {
@@ -84,6 +85,7 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     setWindowTitle(sSnapTitle.trimmed());
     show();
     ChildFrame(this)->show();
+    txtValue[0]->selectAll(); // it gets the focus, but that comes with the main window, back from the dialog
     return true;
 }
 
@@ -177,6 +179,7 @@ void frmSnapshot::SetProgress(int value) {
 
 void frmSnapshot::Form_Unload(bool& Cancel) {
     if ((bChanged & Settings.bPromptSave) != 0) {
+        BringToFront(this);
         const QString sQuestion = QLatin1String("Save changes to ") + sSnapFile.toLower() + QLatin1Char('?');
         switch (MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("Snapshot"))) {
         case BoxAnswer::Cancel: Cancel = true; break;

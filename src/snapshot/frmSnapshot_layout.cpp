@@ -217,6 +217,10 @@ void frmSnapshot::Form_Activate() {
     ShowModeTick(view.iMode);
     ShowFlipTick(view.iUpsideDown == 1);
     EnableNetCommands(HasNet());
+    // A box that gets the focus with its window is selected as by any other move to it.
+    if (auto* box = dynamic_cast<ValueBox*>(focusWidget())) {
+        box->selectAll();
+    }
 }
 
 void frmSnapshot::FillValueBoxes() {

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 namespace lumrake {
 namespace {
 
@@ -26,6 +28,10 @@ TEST(Files, AreFoundWithoutRegardToCaseWhenThereIsOne) {
     EXPECT_EQ(FindFile(stage.Path(QStringLiteral("Games/Old/Hero.SNA"))),
               stage.Path(QStringLiteral("Games/Old/Hero.SNA")));
     EXPECT_EQ(FindFile(stage.Path(QStringLiteral("Games/Old/HERO.sna"))), std::nullopt);
+    const QString nowhere = stage.Path(QStringLiteral("Nowhere"));
+    ASSERT_TRUE(QFile::link(stage.Path(QStringLiteral("none")), nowhere));
+    EXPECT_EQ(FindFile(nowhere), std::nullopt);
+    EXPECT_EQ(FindFile(nowhere.toLower()), std::nullopt);
 }
 
 TEST(Files, NewNamesGoToDiskInLowerCaseUnlessAFileIsMeant) {
@@ -37,6 +43,9 @@ TEST(Files, NewNamesGoToDiskInLowerCaseUnlessAFileIsMeant) {
     const NewFile meant = PathForNewFile(stage.Path(QStringLiteral("Screen.BMP")));
     EXPECT_EQ(meant.path, stage.Path(QStringLiteral("SCREEN.bmp")));
     EXPECT_TRUE(meant.exists);
+    stage.MakeFile(QStringLiteral("ScReEn.bmp"), NoiseBytes(1));
+    EXPECT_EQ(PathForNewFile(stage.Path(QStringLiteral("Screen.BMP"))).path, fresh.path)
+        << "neither is meant";
     EXPECT_TRUE(PathForNewFile(QString()).path.isEmpty());
 }
 
@@ -75,6 +84,9 @@ TEST(Files, AFirstRecordKeepsTheTailBehindIt) {
     ASSERT_EQ(ReadWholeFile(stage.Path(name), block, 5), std::nullopt);
     EXPECT_EQ(block.size(), 5U);
     EXPECT_NE(ReadWholeFile(stage.Path(QString()), block), std::nullopt);
+    const QString pipe = stage.Path(QStringLiteral("pipe")); // nobody writes into it
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_NE(ReadWholeFile(pipe, block), std::nullopt);
     EXPECT_EQ(block.size(), 5U);
 }
 
