@@ -71,9 +71,11 @@ void frmSnapshot::EndNet() {
     shape.Dotted = true;
     SetShape(shape);
     ShowCoords(1, 0, 0);
-    // A window that opened under the drag has the commands now, and no net of this one.
+    // A window that opened under the drag has the commands now, and no net of this one. The area may know of no
+    // active window while another program is in front.
     const auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(this));
-    if (frame == nullptr || frame->mdiArea()->currentSubWindow() == frame) {
+    const QMdiSubWindow* active = frame == nullptr ? nullptr : frame->mdiArea()->currentSubWindow();
+    if (active == nullptr || active == frame) {
         EnableNetCommands(HasNet());
     }
 }
