@@ -49,6 +49,10 @@ constexpr std::array<ButtonRow, 2> kButtons{{
 }};
 // clang-format on
 
+/// What a screen reader calls the swatches and the sample.
+constexpr const char* kNames[] = {"Black", "Blue",   "Red",   "Magenta", "Green",
+                                  "Cyan",  "Yellow", "White", "Sample"};
+
 const char* const kHelpProperty = "HelpContextID";
 const char* const kTagProperty = "Tag";
 
@@ -98,6 +102,7 @@ void frmColours::CreateControls() {
                                                        index / kSwatchesInRow * kSwatchStepY));
         label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
         label->setAutoFillBackground(true);
+        label->setAccessibleName(QLatin1String(kNames[index]));
         watch(label, sample ? kHelpSample : kHelpSwatch);
         lblColour[static_cast<std::size_t>(index)] = label;
     }

@@ -2,6 +2,7 @@
 #include "snapshot/snapshot_probe.h"
 
 #include <QPaintEvent>
+#include <QScreen>
 
 namespace lumrake {
 namespace {
@@ -171,6 +172,37 @@ TEST_F(Editor, RepaintsOnlyWhatChanged) {
     window.probe.Move(1, 92, 48);
     const auto border = [](const QRect& net) { return QRegion(net) - QRegion(net.adjusted(1, 1, -1, -1)); };
     EXPECT_EQ(watch.Take(), border(QRect(8, 8, 80, 40)) + border(QRect(8, 8, 84, 40)));
+}
+
+/// Parts that are repainted must fit what was painted in one piece, to the device pixel. Run again with a
+/// fractional device pixel ratio.
+TEST_F(Editor, NetAndPixelsLeaveNothingBehind) {
+    Window window(stage, testing::NoiseBytes(6144), 256, 192);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.form.get()));
+    const auto shown = [&window] {
+        QCoreApplication::processEvents();
+        return window.form->screen()->grabWindow(window.form->winId()).toImage();
+    };
+    const QImage plain = shown();
+    window.probe.Picture().update();
+    ASSERT_EQ(shown(), plain);
+    const auto at = [](int i) { return static_cast<float>(20 + i * 37 % 150); };
+    iCurrentTool = kToolNet;
+    window.probe.Press(1, 50, 50);
+    for (int i = 0; i < 40; ++i) {
+        window.probe.Move(1, at(i), at(i + 1));
+        ASSERT_NE(shown(), plain);
+    }
+    window.form->ClearNet();
+    EXPECT_EQ(shown(), plain);
+    iCurrentTool = kToolDraw;
+    for (int i = 0; i < 40; ++i) {
+        window.probe.Press(1, at(i), at(i + 2));
+        shown();
+    }
+    const QImage drawn = shown();
+    window.probe.Picture().update();
+    EXPECT_EQ(shown(), drawn);
 }
 
 TEST_F(Editor, CopyCutAndDeleteAtEveryZoom) {
