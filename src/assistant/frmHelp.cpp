@@ -36,6 +36,30 @@ constexpr QRect kBubble = TwipsRect( 120,  120, 3495, 1935);
 constexpr QRect kShadow = TwipsRect( 200,  200, 3495, 1935);
 // clang-format on
 
+/// The bubble and its shadow. A widget of its own, for hiding it repaints all that lies behind; the toolkit
+/// leaves the documents as they are where a mask shrinks over them.
+class BubbleShape : public QWidget {
+  public:
+    explicit BubbleShape(QWidget* form) : QWidget(form) {
+        setGeometry(kBubble.united(kShadow));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.translate(-pos()); // the places are the form's
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(kShadowColour);
+        painter.drawRoundedRect(kShadow, kRounding, kRounding);
+        painter.setPen(kRimColour);
+        painter.setBrush(kBubbleColour);
+        // A pen of one pixel lies on the middle of the outermost pixels.
+        painter.drawRoundedRect(QRectF(kBubble).adjusted(0.5, 0.5, -0.5, -0.5), kRounding, kRounding);
+    }
+};
+
 } // namespace
 
 frmHelp::frmHelp(QWidget* area) : QWidget(area) {
@@ -44,6 +68,7 @@ frmHelp::frmHelp(QWidget* area) : QWidget(area) {
     setFixedSize(kForm.size());
     setMouseTracking(true);
 
+    shpBubble = new BubbleShape(this); // behind the others
     lblBubble = new QLabel(QStringLiteral("Hello my little cherub, how can I help you?"), this);
     lblBubble->setObjectName(QStringLiteral("lblBubble"));
     lblBubble->setGeometry(kLabel);
@@ -95,6 +120,7 @@ void frmHelp::SetPrompt(const QString& sText) {
 }
 
 void frmHelp::ShowBubble(bool bShow) {
+    shpBubble->setVisible(bShow);
     lblBubble->setVisible(bShow);
     imgFizzlet[1]->setVisible(bShow);
     QRegion shape(kFigure);
@@ -106,7 +132,6 @@ void frmHelp::ShowBubble(bool bShow) {
             repaint(); // without the bubble, before the mask ends the form there and nobody paints that place
         }
         setMask(shape);
-        update();
     }
 }
 
@@ -186,21 +211,6 @@ void frmHelp::mouseMoveEvent(QMouseEvent*) {
 
 void frmHelp::leaveEvent(QEvent*) {
     Form_MouseMove(); // beside the figure the mask ends the form, and no move would tell of it
-}
-
-void frmHelp::paintEvent(QPaintEvent*) {
-    if (lblBubble->isHidden()) {
-        return;
-    }
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(kShadowColour);
-    painter.drawRoundedRect(kShadow, kRounding, kRounding);
-    painter.setPen(kRimColour);
-    painter.setBrush(kBubbleColour);
-    // A pen of one pixel lies on the middle of the outermost pixels.
-    painter.drawRoundedRect(QRectF(kBubble).adjusted(0.5, 0.5, -0.5, -0.5), kRounding, kRounding);
 }
 
 } // namespace lumrake

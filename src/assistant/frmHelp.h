@@ -34,7 +34,6 @@ class frmHelp : public QWidget {
 
   protected:
     bool eventFilter(QObject* control, QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -53,6 +52,7 @@ class frmHelp : public QWidget {
 
     std::array<QWidget*, 2> imgFizzlet{}; ///< the figure and the tail of the bubble
     QLabel* lblBubble = nullptr;
+    QWidget* shpBubble = nullptr; ///< the bubble and its shadow
     std::int32_t lGrabX = 0, lGrabY = 0; ///< where inside the control a drag began
     bool loaded_ = false;                ///< between Launch and Kill
 };

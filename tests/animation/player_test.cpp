@@ -172,7 +172,7 @@ TEST_F(Player, SetupGoesBackToFrame0AndReadsNoFile) {
             }
             Press(setup, "cmdSetup(0)");
         });
-        probe.Control(4).click();
+        change ? QTest::keyClick(&probe.Picture(), Qt::Key_S, Qt::AltModifier) : probe.Control(4).click();
         EXPECT_EQ(probe.State().iCurrentFrame, 0);
         EXPECT_EQ(probe.Changed(), change);
         EXPECT_EQ(probe.Picture().height(), change ? 36 : 12);

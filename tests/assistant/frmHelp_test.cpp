@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QMdiArea>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -31,6 +32,12 @@ class Assistant : public ::testing::Test {
         const bool shown = label->isVisible() && tail->isVisible();
         return text.isEmpty() ? !shown : shown && label->text().startsWith(text);
     }
+    /// Whether the screen itself shows none of the bubble between its edge and the label.
+    bool BubbleIsWiped() {
+        QCoreApplication::processEvents();
+        const QImage screen = area.screen()->grabWindow(area.winId()).toImage();
+        return screen.pixelColor(form.pos() + QPoint(100, 16)) == screen.pixelColor(5, 5);
+    }
     void WriteHelp(const QByteArray& bytes) {
         stage.MakeFile(QStringLiteral("LMKHELP.DAT"), {reinterpret_cast<const std::uint8_t*>(bytes.data()),
                                                        static_cast<std::size_t>(bytes.size())});
@@ -54,8 +61,10 @@ TEST_F(Assistant, GoesThroughHisStates) {
     EXPECT_TRUE(Says(kUnknown));
     QTest::mouseMove(&form, QPoint(15, 15)); // the bubble beside the label
     EXPECT_TRUE(Says({}));
+    EXPECT_TRUE(BubbleIsWiped());
     QTest::mouseMove(figure, QPoint(20, 30));
     EXPECT_TRUE(Says(kGreeting));
+    EXPECT_FALSE(BubbleIsWiped());
     QTest::mouseMove(label, QPoint(20, 30));
     EXPECT_TRUE(Says(kGreeting));
     QEvent leave(QEvent::Leave);
