@@ -47,8 +47,12 @@ void frmSnapshot::EnableNetCommands(bool bEnable) {
     }
 }
 
-/// A press leaves a net of one screen pixel, whatever lay there before.
+/// A press leaves a net of one screen pixel, whatever lay there before. A block that another tool has left hanging
+/// there goes: its frame and a net are one shape.
 void frmSnapshot::StartNet(const MouseArgs& args) {
+    if (!imgClip->isHidden()) {
+        LetGoOfBlock();
+    }
     iNetWidth = iNetHeight = 1;
     iNetX = SnapToPixel(args.X, view.iZoomFactor);
     iNetY = SnapToPixel(args.Y, view.iZoomFactor);

@@ -111,6 +111,11 @@ TEST_F(Placing, AToolButtonLeavesTheBlockWithTheNextMove) {
     iCurrentTool = kToolPan;
     window.probe.PressClip(1); // a press without a move before it drops nothing either
     ExpectOver(window, kToolPan, start);
+    window.form->Paste();
+    window.probe.DrawNet(1, 1, 5, 3); // and one beside the block begins a net, which is then no frame
+    window.form->SetZoom(2);
+    EXPECT_TRUE(window.probe.Clip().isHidden());
+    EXPECT_EQ(window.probe.Net(), (NetRect{2, 2, 8, 4}));
 }
 
 TEST_F(Placing, AnotherChildHasNoBlockUntilItPastes) {
