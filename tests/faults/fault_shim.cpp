@@ -18,16 +18,8 @@ bool full = false; // the disk, after a short write
 int calls = 0;
 int interruptible = 0;
 
-std::set<std::string>& Struck() {
-    static std::set<std::string> names;
-    return names;
-}
-
-/// Open files below the plan's directory.
-std::set<int>& Watched() {
-    static std::set<int> handles;
-    return handles;
-}
+std::set<std::string> struck;
+std::set<int> watched; // open files below the plan's directory
 
 template <typename Function> Function* Next(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -38,7 +30,7 @@ bool IsBelow(const char* path) {
 }
 
 bool IsWatched(int handle) {
-    return armed && Watched().contains(handle);
+    return armed && watched.contains(handle);
 }
 
 /// Counts one call; true when it is to fail, with errno set.
@@ -46,7 +38,7 @@ bool Strikes(const char* name) {
     if (++calls != plan.failAt) {
         return false;
     }
-    Struck().insert(name);
+    struck.insert(name);
     errno = plan.error;
     return true;
 }
@@ -71,16 +63,9 @@ int Open(const char* symbol, const char* path, int flags, unsigned mode) {
     }
     const int handle = Next<int(const char*, int, ...)>(symbol)(path, flags, mode);
     if (below && handle >= 0) {
-        Watched().insert(handle);
+        watched.insert(handle);
     }
     return handle;
-}
-
-int Sync(const char* symbol, int handle) {
-    if (IsWatched(handle) && (Interrupts() || Strikes(symbol))) {
-        return -1;
-    }
-    return Next<int(int)>(symbol)(handle);
 }
 
 } // namespace
@@ -88,7 +73,7 @@ int Sync(const char* symbol, int handle) {
 void ArmFaults(const FaultPlan& newPlan) {
     plan = newPlan;
     calls = interruptible = 0;
-    Watched().clear();
+    watched.clear();
     full = false;
     armed = true;
 }
@@ -99,7 +84,7 @@ int DisarmFaults() {
 }
 
 const std::set<std::string>& StruckCalls() {
-    return Struck();
+    return struck;
 }
 
 } // namespace lumrake::testing
@@ -131,28 +116,24 @@ ssize_t read(int handle, void* bytes, size_t count) {
 
 ssize_t write(int handle, const void* bytes, size_t count) {
     static const auto next = Next<ssize_t(int, const void*, size_t)>("write");
-    if (IsWatched(handle)) {
-        if (Interrupts()) {
-            return -1;
-        }
-        if (full) {
-            errno = plan.error;
-            return -1;
-        }
-        if (Strikes("write")) {
-            full = plan.shortWrite;
-            return full ? next(handle, bytes, count / 2) : -1;
-        }
+    if (!IsWatched(handle)) {
+        return next(handle, bytes, count);
     }
-    return next(handle, bytes, count);
+    if (Interrupts()) {
+        return -1;
+    }
+    if (full) {
+        errno = plan.error;
+        return -1;
+    }
+    const bool strikes = Strikes("write");
+    full = strikes && plan.shortWrite;
+    return full ? next(handle, bytes, count / 2) : strikes ? -1 : next(handle, bytes, count);
 }
 
 int fsync(int handle) {
-    return Sync("fsync", handle);
-}
-
-int fdatasync(int handle) {
-    return Sync("fdatasync", handle);
+    static const auto next = Next<int(int)>("fsync");
+    return IsWatched(handle) && (Interrupts() || Strikes("fsync")) ? -1 : next(handle);
 }
 
 int rename(const char* from, const char* to) {
@@ -166,7 +147,7 @@ int linkat(int fromDirectory, const char* from, int toDirectory, const char* to,
 
 int close(int handle) {
     static const auto next = Next<int(int)>("close");
-    if (armed && Watched().erase(handle) > 0 && Strikes("close")) {
+    if (armed && watched.erase(handle) > 0 && Strikes("close")) {
         next(handle);
         errno = plan.error;
         return -1;

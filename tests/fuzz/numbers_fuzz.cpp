@@ -7,7 +7,8 @@
 #include "preferences/prefs_rules.h"
 
 #include <array>
-#include <cstring>
+#include <regex>
+#include <sstream>
 #include <string>
 
 using namespace lumrake;
@@ -16,35 +17,9 @@ namespace {
 
 /// The longest prefix that is a decimal number, behind the blanks.
 std::string NumericPrefix(const std::string& text) {
-    std::size_t at = text.find_first_not_of(' ');
-    const std::size_t start = at;
-    const auto digits = [&] {
-        const std::size_t from = at;
-        for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
-        }
-        return at > from;
-    };
-    if (start == std::string::npos) {
-        return {};
-    }
-    at += text[at] == '+' || text[at] == '-';
-    bool any = digits();
-    if (at < text.size() && text[at] == '.') {
-        ++at;
-        any = digits() || any;
-    }
-    if (!any) {
-        return {};
-    }
-    const std::size_t mantissa = at;
-    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-        ++at;
-        at += at < text.size() && (text[at] == '+' || text[at] == '-');
-        if (!digits()) {
-            at = mantissa;
-        }
-    }
-    return text.substr(start, at - start);
+    static const std::regex number("^ *([+-]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][+-]?[0-9]+)?)");
+    std::smatch match;
+    return std::regex_search(text, match, number) ? match[1].str() : std::string();
 }
 
 template <class Field> void CheckField(const std::string& text, double value) {
@@ -60,13 +35,9 @@ template <class Field> void CheckField(const std::string& text, double value) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::array<std::string, 8> lines;
-    std::size_t line = 0;
-    for (std::size_t i = 0; i < size && line < lines.size(); ++i) {
-        if (data[i] == '\n') {
-            ++line;
-        } else {
-            lines[line] += static_cast<char>(data[i]);
-        }
+    std::istringstream input({reinterpret_cast<const char*>(data), size});
+    for (std::string& line : lines) {
+        std::getline(input, line);
     }
     for (const std::string& text : lines) {
         const double value = NumberFromText(text);

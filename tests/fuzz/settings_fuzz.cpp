@@ -19,11 +19,6 @@ template <std::size_t Width> void CheckText(const FixedString<Width>& field) {
     Require(same == field);
     same.Set(field.Trimmed());
     Require(same == field || field.IsBlank());
-    FixedString<Width> other;
-    other.Set(field.Text());
-    FixedString<Width> again;
-    again.Set(other.Text());
-    Require(again == other);
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 #include "display/lmk.h"
 #include "fuzz/require.h"
 #include "snapshot/addressing.h"
-#include "snapshot/raw_export.h"
 
 #include <algorithm>
 #include <cstring>
@@ -83,12 +82,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(!WritePixel(memory, view, -1, Y, 1) &&
             !WritePixel(memory, view, X, static_cast<float>(view.ScreenHeight()), 1));
 
-    ViewNumbers upright = view;
-    upright.iUpsideDown = 0;
-    upright.iZoom = upright.iZoomFactor = 1;
-    const RawExport rows(memory, upright);
-    const auto row = rows.Row(y);
-    Require((row[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1) ==
-            ReadPixel(memory, upright, static_cast<float>(x), static_cast<float>(y)));
     return 0;
 }

@@ -1,0 +1,191 @@
+#pragma once
+
+#include "animation/anim_support.h"
+#include "shell/main_stage.h"
+#include "snapshot/frmClip.h"
+#include "snapshot/snapshot_probe.h"
+
+#include <QPointer>
+
+#include <map>
+#include <random>
+#include <sstream>
+
+namespace lumrake::testing {
+
+/// The open windows of one kind.
+template <class Form> std::vector<Form*> Forms() {
+    std::vector<Form*> forms;
+    for (QMdiSubWindow* frame : MainWindow()->findChildren<QMdiSubWindow*>()) {
+        if (auto* form = dynamic_cast<Form*>(frame->widget()); form != nullptr && !frame->isHidden()) {
+            forms.push_back(form);
+        }
+    }
+    return forms;
+}
+
+/// Looks over the whole program between two events: numbers in their limits, pictures that show the bytes, bytes
+/// that only change where a view was, commands that are on when there is something for them.
+class Inspector {
+  public:
+    /// What is out of order; empty when nothing is. `pressed`: a mouse button is held over a picture.
+    std::string Faults(bool pressed) {
+        faults_.str({});
+        const auto snapshots = Forms<frmSnapshot>();
+        const auto animations = Forms<frmAnimation>();
+        Expect(iSnapshotCount == static_cast<int>(snapshots.size()), "snapshots are counted wrong");
+        Expect(iAnimationCount == static_cast<int>(animations.size()), "animations are counted wrong");
+        for (frmSnapshot* form : snapshots) {
+            CheckView({*form});
+            CheckBytes(*form);
+        }
+        for (frmAnimation* form : animations) {
+            const AnimationProbe probe{*form};
+            const AnimationRecord& record = probe.Record();
+            const int frame = probe.State().iCurrentFrame;
+            Expect(frame >= 0 && frame < record.iFrames, "frame " + std::to_string(frame));
+            Expect(HeldForUse(record, record.lFileLength) == record, "a record out of its limits");
+        }
+        CheckCommands(pressed);
+        Expect(iCurrentTool <= kToolPan &&
+                   (iCurrentTool > kToolPlacing || SnapshotProbe::Placing() != nullptr),
+               "tool " + std::to_string(iCurrentTool));
+        Expect(QGuiApplication::overrideCursor() == nullptr, "an hourglass is left");
+        return faults_.str();
+    }
+
+  private:
+    struct Shadow { ///< of a document, at the call before
+        QPointer<frmSnapshot> form;
+        std::vector<std::uint8_t> bytes;
+        ViewNumbers view;
+    };
+
+    void Expect(bool holds, const std::string& fault) {
+        if (!holds) {
+            faults_ << fault << "; ";
+        }
+    }
+
+    void CheckView(const SnapshotProbe& probe) {
+        const ViewNumbers& view = probe.View();
+        const bool isScreen = view.iMode == kScreen;
+        const struct {
+            const char* name;
+            int value, least, most;
+        } limits[] = {
+            {"lOffset", view.lOffset, 0, view.lFileLength - 1},
+            {"iWidth", view.iWidth, isScreen ? 256 : 8, 256},
+            {"iWidth mod 8", view.iWidth % 8, 0, 0},
+            {"iLines", view.iLines, isScreen ? 192 : 1, isScreen ? 192 : 512},
+            {"iColumns", view.iColumns, 1, isScreen || view.iMode == kText ? 1 : 16},
+            {"iMode", view.iMode, 0, 4},
+            {"iZoom", view.iZoom, 1, 5},
+            {"iZoomFactor", view.iZoomFactor, 1 << (view.iZoom - 1), 1 << (view.iZoom - 1)},
+            {"iUpsideDown", view.iUpsideDown, 0, 1},
+        };
+        for (const auto& [name, value, least, most] : limits) {
+            Expect(value >= least && value <= most, name + (" is " + std::to_string(value)));
+        }
+        const std::int32_t numbers[] = {view.lOffset, view.iWidth, view.iLines, view.iColumns};
+        for (std::size_t box = 0; box < 4; ++box) {
+            const QString text = probe.Box(box).text();
+            Expect((text.isEmpty() ? (box == 0 ? 0 : 1) : text.toInt()) == numbers[box],
+                   "value box " + std::to_string(box) + " says " + text.toStdString());
+        }
+        const lmk::BitPicture& picture = probe.Picture().hDC().Picture();
+        if (picture.Width() != view.PictureWidth() || picture.Height() != view.iLines ||
+            probe.Picture().size() != QSize(view.ScreenWidth(), view.ScreenHeight())) {
+            faults_ << "the picture has another size; ";
+            return;
+        }
+        const auto z = static_cast<float>(view.iZoomFactor);
+        for (int sample = 0; sample < 16; ++sample) {
+            const int x = static_cast<int>(random_()) % view.PictureWidth();
+            const int y = static_cast<int>(random_()) % view.iLines;
+            const int bit =
+                ReadPixel(probe.Memory().Bytes(), view, static_cast<float>(x) * z, static_cast<float>(y) * z);
+            Expect(picture.PixelAt(x, y) == (bit != 0),
+                   "pixel " + std::to_string(x) + ',' + std::to_string(y) + " is shown wrong");
+        }
+    }
+
+    /// Every byte that changed belongs to a pixel of the view as it was before the event or is now.
+    void CheckBytes(frmSnapshot& form) {
+        const SnapshotProbe probe{form};
+        Shadow& shadow = shadows_[&form];
+        const auto now = probe.Memory().Bytes();
+        if (shadow.form != &form) { // one that opened just now, maybe where a closed one lay
+            shadow = {&form, {now.begin(), now.end()}, probe.View()};
+            return;
+        }
+        if (!std::equal(now.begin(), now.end(), shadow.bytes.begin(), shadow.bytes.end())) {
+            Expect(probe.Changed() != 0, "bytes changed and the document did not");
+            for (ViewNumbers view : {shadow.view, probe.View()}) {
+                view.iZoom = view.iZoomFactor = 1;
+                for (int cell = 0; cell < view.PictureWidth() / 8 * view.iLines; ++cell) {
+                    const auto at = LocatePixel(view, static_cast<float>(cell / view.iLines * 8),
+                                                static_cast<float>(cell % view.iLines));
+                    if (at && static_cast<std::size_t>(at->lAddress) < now.size()) {
+                        const auto address = static_cast<std::size_t>(at->lAddress);
+                        shadow.bytes[address] = now[address];
+                    }
+                }
+            }
+            Expect(std::equal(now.begin(), now.end(), shadow.bytes.begin()), "a byte in no view changed");
+            shadow.bytes.assign(now.begin(), now.end());
+        }
+        shadow.view = probe.View();
+    }
+
+    void CheckCommands(bool pressed) {
+        const frmMain& main = *MainWindow();
+        const bool active = main.ActiveForm() != nullptr, any = iSnapshotCount + iAnimationCount > 0;
+        frmSnapshot* form = main.ActiveSnapshot();
+        const bool snapshot = form != nullptr;
+        const auto expect = [&](bool on, Menu name, int first = 0, int last = 0) {
+            for (int Index = first; Index <= last; ++Index) {
+                const QAction& entry = *main.Entry(name, Index);
+                Expect(entry.isEnabled() == on, entry.text().toStdString() + (on ? " is off" : " is on"));
+            }
+        };
+        Expect(active == any, "no child is active");
+        expect(snapshot, Menu::menu_save);
+        expect(snapshot, Menu::menu_saveas);
+        expect(snapshot, Menu::menu_exportviews);
+        expect(snapshot, Menu::menu_mode, 0, 4);
+        expect(snapshot, Menu::menu_snapshot, 0, 3);
+        expect(active && !snapshot, Menu::menu_animation, 3, 4);
+        expect(active && !snapshot, Menu::menu_animationtogif);
+        expect(any, Menu::menu_zoomopt);
+        if (!any || frmClip::Instance().IsEmpty() == 0) { // a copy of nothing leaves Paste on
+            expect(any, Menu::menu_edit, 3, 3);
+        }
+        bool net = false,
+             open = false; // while it is dragged, and when it is one pixel that grew with the zoom
+        if (snapshot) {
+            const SnapshotProbe probe{*form};
+            const auto& shape = probe.Net();
+            net = shape.Visible && !shape.Frame && shape.Width > 1;
+            open = shape.Visible && !shape.Frame &&
+                   (pressed || !shape.Dotted || shape.Width <= probe.View().iZoomFactor);
+            for (int mode = 0; mode <= 4; ++mode) {
+                Expect(main.Entry(Menu::menu_mode, mode)->isChecked() == (form->GetMode() == mode),
+                       "tick of modes");
+            }
+            Expect(main.Entry(Menu::menu_snapshot, 2)->isChecked() == (form->GetFlip() != 0),
+                   "tick of the flip");
+        }
+        if (!open) {
+            expect(net, Menu::menu_edit, 1, 2);
+            expect(net, Menu::menu_edit, 4, 4);
+            expect(net, Menu::menu_exportselect);
+        }
+    }
+
+    std::map<frmSnapshot*, Shadow> shadows_;
+    std::minstd_rand random_; ///< for the samples of the pictures
+    std::ostringstream faults_;
+};
+
+} // namespace lumrake::testing
