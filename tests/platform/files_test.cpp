@@ -72,11 +72,5 @@ TEST(Files, AFirstRecordKeepsTheTailBehindIt) {
     EXPECT_EQ(block.size(), 5U);
 }
 
-TEST(Files, TitleIsWhatFollowsTheLastSeparator) {
-    EXPECT_EQ(FileTitleOf(QStringLiteral("/a/b.sna")), QStringLiteral("b.sna"));
-    EXPECT_EQ(FileTitleOf(QStringLiteral("c:\\a\\b.sna")), QStringLiteral("b.sna"));
-    EXPECT_EQ(FileTitleOf(QStringLiteral("b.sna")), QString());
-}
-
 } // namespace
 } // namespace lumrake

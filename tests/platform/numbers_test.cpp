@@ -36,7 +36,6 @@ TEST(Numbers, HalvesGoToTheEvenNeighbour) {
 
 TEST(Numbers, PlainTextDivisionAndTwips) {
     EXPECT_EQ(TextOfNumber(4.5), "4.5");
-    EXPECT_EQ(TextOfNumber(-3), "-3");
     EXPECT_EQ(IsDivisible(-16, 8), -1);
     EXPECT_EQ(IsDivisible(5, 0), -1);
     EXPECT_EQ(IsDivisible(std::numeric_limits<std::int32_t>::min(), -1), -1);

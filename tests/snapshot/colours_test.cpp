@@ -36,11 +36,7 @@ struct ColoursProbe {
 namespace {
 
 struct Colours : ::testing::Test {
-    Colours() { // each entry of the palette says which one it is
-        for (std::size_t i = 0; i < 16; ++i) {
-            Settings.lPalette[i] = static_cast<std::int32_t>(i);
-        }
-    }
+    Colours() { Settings.lPalette = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}; }
     void ExpectShown(int ink, int paper) {
         EXPECT_EQ(open.Shown(QPalette::WindowText), QColor(ink, 0, 0));
         EXPECT_EQ(open.Shown(QPalette::Window), QColor(paper, 0, 0));

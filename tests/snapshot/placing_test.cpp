@@ -98,12 +98,6 @@ TEST_F(Placing, AnotherWindowCopiesPastesAndGoes) {
         EXPECT_TRUE(window.probe.Clip().isHidden());
     } // the other window goes in the middle of it
     ExpectOver(window, kToolDraw, start);
-    Window empty(stage, Bytes(8), 8, 8);
-    window.form->Paste();
-    empty.probe.DrawNet(0, 0, 4, 0);
-    iCurrentTool = kToolPlacing;
-    empty.form->Copy(false); // nothing is left to place
-    ExpectOver(window, kToolDraw, start);
 }
 
 TEST_F(Placing, ClosingTheWindowGivesTheToolBack) {

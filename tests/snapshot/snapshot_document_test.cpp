@@ -44,23 +44,6 @@ TEST_F(SnapshotDocument, RefusesWhatIsNone) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(SnapshotDocument, IsSavedWholeAndTakesTheName) {
-    const SnapshotProbe probe = Open(3000);
-    const QString sLonger = stage.MakeFile(QStringLiteral("Longer"), testing::NoiseBytes(9000, 2));
-    probe.WritePixel(3, 0, 1);
-    EXPECT_FALSE(probe.form.SaveSnap(QString(), QStringLiteral("x"))) << "no name, nothing done";
-    QString sReason;
-    EXPECT_FALSE(probe.form.SaveSnap(stage.Path(QStringLiteral("no/dir")), QStringLiteral("dir"), &sReason));
-    EXPECT_FALSE(sReason.isEmpty());
-    EXPECT_TRUE(stage.boxes.empty()) << "a reason that goes to the caller is not told";
-    EXPECT_TRUE(probe.form.SaveSnap(sLonger, QStringLiteral("Longer")));
-    EXPECT_TRUE(std::ranges::equal(stage.ReadFile(QStringLiteral("Longer")), probe.Memory().Bytes()));
-    EXPECT_EQ(probe.Changed(), 0);
-    EXPECT_EQ(probe.form.GetFilename(), sLonger);
-    EXPECT_EQ(probe.form.windowTitle(), QStringLiteral("longer"));
-    EXPECT_EQ(probe.Status().PanelAt(1).Text, sLonger.toLower());
-}
-
 TEST_F(SnapshotDocument, AsksOnClosingAndCountsTheWindowOut) {
     // clang-format off
     // changed, prompt, answer, and whether it was asked, closed and saved
@@ -106,23 +89,6 @@ TEST_F(SnapshotDocument, AsksOnceForEachClosing) {
     EXPECT_TRUE(probe.form.close());
     EXPECT_EQ(questions, 1);
     EXPECT_EQ(iSnapshotCount, 1);
-}
-
-TEST_F(SnapshotDocument, APixelIsRedrawnAloneAndAlwaysMarksTheChange) {
-    const SnapshotProbe probe = Open(2, 16, 8);
-    std::ranges::fill(probe.Memory().Bytes(), std::uint8_t{0});
-    probe.form.SetZoom(3);
-    probe.form.SetFlip(1);
-    probe.Memory().data()[1] = 0x40; // behind the picture's back
-    probe.WritePixel(16 * 4 - 1, 8 * 4 - 1, 1);
-    const lmk::BitPicture& shown = probe.Picture().hDC().Picture();
-    EXPECT_TRUE(shown.PixelAt(15, 7));
-    EXPECT_FALSE(shown.PixelAt(9, 7)) << "the rest of the picture is not drawn again";
-    probe.form.ShowMem();
-    EXPECT_TRUE(shown.PixelAt(9, 7)) << "the clip is gone";
-    probe.Changed() = 0;
-    probe.WritePixel(-1, 0, 1);
-    EXPECT_EQ(probe.Changed(), -1);
 }
 
 } // namespace
