@@ -6,11 +6,7 @@ namespace lumrake {
 namespace {
 
 TEST(RecordText, CodePageFirstUtf8ForWhatItLacks) {
-    const struct {
-        const char* text;
-        std::size_t width;
-        std::string bytes;
-    } cases[] = {
+    const std::tuple<const char*, std::size_t, std::string> cases[] = {
         {"game.sna", 10, "game.sna"},
         {"caf\xC3\xA9", 10, "caf\xE9"},
         {"\xE2\x82\xAC", 10, "\x80"},                 // the euro sign has a place of its own
@@ -21,8 +17,8 @@ TEST(RecordText, CodePageFirstUtf8ForWhatItLacks) {
         {"abcdef", 4, "abcd"},
         {"bad\xFF", 8, "bad?"},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(EncodeRecordText(one.text, one.width), one.bytes) << one.text;
+    for (const auto& [text, width, bytes] : cases) {
+        EXPECT_EQ(EncodeRecordText(text, width), bytes) << text;
     }
     // What was written is what is read, and bytes that are no UTF-8 are Windows-1252.
     for (const std::string text : {"caf\xC3\xA9", "\xD0\xB8\xD0\xB3", "a\xF0\x9F\x8E\xAE"}) {

@@ -23,14 +23,7 @@ class ToolbarTest : public ::testing::Test {
         bar.MouseMove = [this](double x) { moves.push_back(x); };
         bar.show();
     }
-    QToolButton* Control(const char* tip) {
-        for (QToolButton* control : bar.findChildren<QToolButton*>()) {
-            if (control->toolTip() == QLatin1String(tip)) {
-                return control;
-            }
-        }
-        return nullptr;
-    }
+    QToolButton* Control(int button) const { return bar.findChildren<QToolButton*>()[button]; }
 
     Toolbar bar;
     std::vector<int> clicks;
@@ -39,26 +32,25 @@ class ToolbarTest : public ::testing::Test {
 
 TEST_F(ToolbarTest, MovesOverEveryButtonReachTheBar) {
     bar.SetButtonEnabled(2, false);
-    for (const char* tip : {"Do A", "Tool B"}) {
-        const QPoint middle = Control(tip)->geometry().center();
+    for (const int button : {0, 1}) {
+        const QPoint middle = Control(button)->geometry().center();
         moves.clear();
         QTest::mouseMove(bar.windowHandle(), middle);
         QTest::mouseMove(bar.windowHandle(), middle + QPoint(1, 0));
-        ASSERT_FALSE(moves.empty()) << tip;
-        EXPECT_EQ(moves.back(), middle.x() + 1) << tip;
+        ASSERT_FALSE(moves.empty()) << button;
+        EXPECT_EQ(moves.back(), middle.x() + 1) << button;
     }
 }
 
 TEST_F(ToolbarTest, OneToolIsPressedAndAClickOnItIsToldAgain) {
     bar.PressButton(3);
     EXPECT_TRUE(clicks.empty());
-    for (const char* tip : {"Tool B", "Tool C", "Tool C", "Do A"}) {
-        QTest::mouseClick(Control(tip), Qt::LeftButton);
+    for (const int button : {1, 2, 2, 0}) {
+        QTest::mouseClick(Control(button), Qt::LeftButton);
     }
     EXPECT_EQ(clicks, (std::vector<int>{3, 4, 4, 2}));
     EXPECT_TRUE(bar.IsButtonPressed(4));
-    EXPECT_FALSE(bar.IsButtonPressed(3));
-    EXPECT_FALSE(bar.IsButtonPressed(2));
+    EXPECT_FALSE(bar.IsButtonPressed(3) || bar.IsButtonPressed(2));
 }
 
 } // namespace

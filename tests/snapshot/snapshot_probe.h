@@ -30,8 +30,6 @@ struct SnapshotProbe {
     auto& Net() const { return form.shpNet; }
     ImageBox& Clip() const { return *form.imgClip; }
     NetRect ClipPlace() const { return form.ClipPlace(); }
-    std::int32_t NetX() const { return form.iNetX; }
-    std::int32_t NetWidth() const { return form.iNetWidth; }
     std::int16_t SavedTool() const { return form.iSavedTool; }
     static frmSnapshot* Placing() { return frmSnapshot::placingWindow; }
 
@@ -44,7 +42,6 @@ struct SnapshotProbe {
     QPushButton& Options() const { return *form.cmdOptions; }
     PanelBar& Status() const { return *form.sbrSnapshot; }
     ColourButton& ColourOf(std::size_t index) const { return *form.cmdColour[index]; }
-    QProgressBar& Progress() const { return *form.barProgress; }
     void WritePixel(float X, float Y, std::int16_t iValue) const { form.WritePixel(X, Y, iValue, true); }
 
     std::string Texts() const {
