@@ -145,7 +145,7 @@ void BitPicture::SetPixel(int x, int y, bool on) {
 
 void BitPicture::CopyArea(const BitPicture& source, const Rect& area) {
     if (&source == this) {
-        const BitPicture copy = source;
+        const BitPicture copy = source; // NOLINT(performance-unnecessary-copy-initialization): Resize clears it
         CopyArea(copy, area);
         return;
     }
