@@ -40,8 +40,11 @@ TEST_F(Export, TheLargestViewFits) {
     ASSERT_EQ(file.size(), 62U + 8192U * 8192U);
     const Bytes sizes{0, 0, 1, 0, 0, 32, 0, 0, 1, 0, 1, 0}; // width, height, planes, bits a pixel
     EXPECT_TRUE(std::equal(sizes.begin(), sizes.end(), file.begin() + 18));
-    const bool corner = window.probe.Picture().hDC().Picture().PixelAt(4095, 0);
-    EXPECT_EQ(file.back(), corner ? 0xff : 0); // sixteen times one pixel
+    const lmk::BitPicture& shown = window.probe.Picture().hDC().Picture();
+    for (int x = 0; x < 8192; ++x) { // the uppermost row; two bytes are one pixel
+        ASSERT_EQ(file[file.size() - 8192U + static_cast<std::size_t>(x)],
+                  shown.PixelAt(x / 2, 0) ? 0xff : 0);
+    }
 }
 
 TEST_F(Export, SelectionIsOnePixelForEachPicturePixel) {

@@ -134,6 +134,7 @@ TEST_F(SnapshotView, TheThumbIsDraggedPastBothEnds) {
 
 TEST_F(SnapshotView, AttributeAndItsButtons) {
     const SnapshotProbe probe = Open(1000);
+    probe.form.SetAttribute(7, false);
     QTest::mouseClick(&probe.ColourOf(0), Qt::LeftButton);
     QTest::mouseClick(&probe.ColourOf(1), Qt::LeftButton);
     EXPECT_EQ(probe.form.GetAttribute(), 8);
