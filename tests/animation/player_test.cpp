@@ -2,27 +2,14 @@
 #include "animation/animation_commands.h"
 #include "snapshot/frmSnapshot.h"
 
-#include <QCloseEvent>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-
 namespace lumrake::testing {
 namespace {
 
-/// Animations stand in an area like the main window's, or each by itself.
 class Player : public ::testing::Test, public Stage {
   protected:
     Player() : record(SampleRecord(MakeFile(QStringLiteral("game.sna"), bytes))) {}
     ~Player() override { GlobalAnim = AnimationRecord(); }
-    void AdoptChild(QWidget* child) override {
-        if (hosting) {
-            area.show();
-            area.addSubWindow(child);
-        }
-    }
-
-    QString Write() const { return MakeFile(QStringLiteral("Walk.anm"), EncodeAnimation(record)); }
-    bool Open() { return form.Launch(Write()); }
+    bool Open() { return form.Launch(MakeFile(QStringLiteral("Walk.anm"), EncodeAnimation(record))); }
     bool OpenNew() {
         GlobalAnim = record;
         const WhenSetup driver([](frmAnimSetup& setup) { Press(setup, "cmdSetup(0)"); });
@@ -31,10 +18,7 @@ class Player : public ::testing::Test, public Stage {
 
     std::vector<std::uint8_t> bytes = NoiseBytes(256);
     AnimationRecord record;
-    bool hosting = false;
-    QMdiArea area;
-    std::unique_ptr<frmAnimation> owned = std::make_unique<frmAnimation>();
-    frmAnimation& form = *owned;
+    frmAnimation form;
     AnimationProbe probe{form};
 };
 
@@ -66,20 +50,16 @@ TEST_F(Player, EachWayOutOfAMissingSnapshot) {
     const QString sThere = QString::fromStdString(record.sSnapFile.Trimmed());
     record.sSnapFile.Set("/gone.sna");
     record.lFileLength = 100;
-    answers = {BoxAnswer::No};
+    answers = {BoxAnswer::No, BoxAnswer::Yes, BoxAnswer::Yes};
     EXPECT_FALSE(Open());
-    answers = {BoxAnswer::Yes};
-    {
-        const WhenSetup driver([](frmAnimSetup& setup) { Press(setup, "cmdSetup(1)"); });
-        EXPECT_FALSE(Open());
+    for (const char* button : {"cmdSetup(1)", "cmdSetup(0)"}) {
+        EXPECT_EQ(iAnimationCount, 0);
+        const WhenSetup driver([&](frmAnimSetup& setup) {
+            Field(setup, 0)->setText(sThere);
+            Press(setup, button);
+        });
+        EXPECT_EQ(Open(), button == std::string("cmdSetup(0)"));
     }
-    EXPECT_EQ(iAnimationCount, 0);
-    answers = {BoxAnswer::Yes};
-    const WhenSetup driver([&sThere](frmAnimSetup& setup) {
-        Field(setup, 0)->setText(sThere);
-        Press(setup, "cmdSetup(0)");
-    });
-    EXPECT_TRUE(Open());
     EXPECT_EQ(iAnimationCount, 1);
     EXPECT_EQ(probe.Bytes(), 100U) << "the record's length, not the new file's";
     EXPECT_EQ(boxes,
@@ -87,34 +67,15 @@ TEST_F(Player, EachWayOutOfAMissingSnapshot) {
                                                      "cannot be found.  Select another?")));
 }
 
-TEST_F(Player, WhatCannotBeReadIsToldAndOpensNothing) {
+TEST_F(Player, WhatIsNoAnimationIsToldAndOpensNothing) {
     const auto encoded = EncodeAnimation(record);
     MakeFile(QStringLiteral("short.anm"), std::span(encoded).first(758));
-    for (const char* file : {"short.anm", "none.anm", "."}) {
+    for (const char* file : {"short.anm", "."}) {
         EXPECT_FALSE(form.Launch(Path(QString::fromLatin1(file))));
         EXPECT_TRUE(boxes.back().startsWith(QStringLiteral("Animation|The animation ")));
     }
-    EXPECT_EQ(boxes.size(), 3U);
+    EXPECT_EQ(boxes.size(), 2U);
     EXPECT_EQ(iAnimationCount, 0);
-}
-
-TEST_F(Player, ButtonsFollowTheState) {
-    ASSERT_TRUE(Open());
-    const struct {
-        std::size_t button;
-        const char* enabled; ///< of the five buttons afterwards
-        int frame;
-    } clicks[] = {{2, "01000", 0}, {1, "10111", 0}, {3, "10111", 1}, {0, "10111", 0}, {0, "10111", 7}};
-    for (const auto& click : clicks) {
-        probe.Control(click.button).setFocus();
-        probe.Control(click.button).click();
-        for (std::size_t i = 0; i < 5; ++i) {
-            EXPECT_EQ(probe.Control(i).isEnabled(), click.enabled[i] == '1');
-        }
-        EXPECT_EQ(probe.Playing(), click.enabled[1] == '1');
-        EXPECT_EQ(probe.State().iCurrentFrame, click.frame);
-        EXPECT_EQ(form.focusWidget(), &probe.Picture());
-    }
 }
 
 TEST_F(Player, OnceOnlyComesToRestOnFrame0) {
@@ -130,32 +91,21 @@ TEST_F(Player, OnceOnlyComesToRestOnFrame0) {
 TEST_F(Player, ZoomingGoesOnPlayingOnTheSameFrame) {
     record.iZoom = 4;
     record.iPause = 30000;
-    hosting = true;
-    owned.release(); // the frame's from now on
     ASSERT_TRUE(Open());
     probe.State() = {3, -1};
     form.Play();
-    const struct {
-        Qt::MouseButton button; ///< NoButton: by the menu
-        std::int16_t zoom;
-        bool changed;
-    } steps[] = {{Qt::MiddleButton, 4, false}, {Qt::LeftButton, 5, true}, {Qt::LeftButton, 5, false},
-                 {Qt::NoButton, 2, true},      {Qt::NoButton, 2, false},  {Qt::RightButton, 1, true},
-                 {Qt::RightButton, 1, false}};
-    for (const auto& step : steps) {
-        form.SetChanged(0);
-        step.button == Qt::NoButton ? form.SetZoom(step.zoom)
-                                    : QTest::mouseClick(&probe.Picture(), step.button, {}, {5, 5});
-        EXPECT_EQ(form.GetZoom(), step.zoom);
-        EXPECT_EQ(probe.Changed(), step.changed);
+    const std::pair<Qt::MouseButton, std::int16_t> clicks[] = {{Qt::MiddleButton, 4},
+                                                               {Qt::LeftButton, 5},
+                                                               {Qt::LeftButton, 5},
+                                                               {Qt::RightButton, 4},
+                                                               {Qt::RightButton, 3}};
+    for (const auto& [button, zoom] : clicks) {
+        QTest::mouseClick(&probe.Picture(), button, {}, {5, 5});
+        EXPECT_EQ(form.GetZoom(), zoom);
+        EXPECT_EQ(probe.Changed(), button != Qt::MiddleButton);
+        EXPECT_EQ(probe.Picture().width(), (16 << (zoom - 1)) + 4);
         EXPECT_TRUE(probe.Playing());
-        const int factor = 1 << (step.zoom - 1);
-        EXPECT_EQ(probe.Picture().size(), QSize(16 * factor + 4, 8 * factor + 4));
-        EXPECT_EQ(ChildFrame(&form)->size(), QSize(step.zoom == 5 ? 282 : 176, 8 * factor + 74));
-        QCoreApplication::sendPostedEvents();
-        EXPECT_TRUE(form.rect().contains(probe.Control(4).geometry()));
     }
-    form.SetZoom(6);
     EXPECT_EQ(probe.State().iCurrentFrame, 3);
     EXPECT_EQ(probe.State().iDirection, -1);
 }
@@ -165,7 +115,9 @@ TEST_F(Player, SetupGoesBackToFrame0AndReadsNoFile) {
     ASSERT_TRUE(Open());
     MakeFile(QStringLiteral("game.sna"), NoiseBytes(99, 2));
     for (const bool change : {false, true}) {
+        probe.Control(3).setFocus();
         probe.Control(3).click();
+        EXPECT_EQ(form.focusWidget(), &probe.Picture());
         const WhenSetup driver([change](frmAnimSetup& setup) {
             if (change) {
                 Type(setup, 4, "32");
@@ -177,7 +129,6 @@ TEST_F(Player, SetupGoesBackToFrame0AndReadsNoFile) {
         EXPECT_EQ(probe.Changed(), change);
         EXPECT_EQ(probe.Picture().height(), change ? 36 : 12);
         EXPECT_EQ(probe.Bytes(), bytes.size());
-        EXPECT_EQ(probe.Record().lFileLength, 256);
         EXPECT_EQ(probe.Record().sSnapFile, record.sSnapFile);
     }
 }
@@ -190,17 +141,12 @@ struct Closing {
     const char* saved; ///< the file that holds the zoom 2 afterwards, "" for none
 };
 
-void PrintTo(const Closing& row, std::ostream* out) {
-    *out << "saved: " << row.saved;
-}
-
 class Closes : public Player, public ::testing::WithParamInterface<Closing> {};
 
 TEST_P(Closes, AsTheUserAnswers) {
     const Closing& each = GetParam();
     Settings.bPromptSave = each.prompt ? std::int16_t{1} : std::int16_t{0};
     ASSERT_TRUE(each.named ? Open() : OpenNew());
-    EXPECT_EQ(probe.Changed(), !each.named);
     form.SetZoom(2);
     form.SetChanged(each.changed ? std::int16_t{-1} : std::int16_t{0});
     answers = each.answers;
@@ -212,20 +158,13 @@ TEST_P(Closes, AsTheUserAnswers) {
     EXPECT_EQ(TakeNotices(QStringLiteral("UpdateToolbars ANIMATION 0")), each.closes ? 1 : 0);
     EXPECT_TRUE(answers.empty() && files.empty());
     if (!boxes.empty()) {
-        EXPECT_EQ(boxes[0], each.named ? QStringLiteral("Animation|Save changes to %1?")
-                                             .arg(Path(QStringLiteral("walk.anm")).toLower())
-                                       : QStringLiteral("Animation|Save new animation?"));
+        EXPECT_TRUE(boxes[0].startsWith(
+            QLatin1String(each.named ? "Animation|Save changes to /" : "Animation|Save new animation?")));
     }
     for (const char* file : {"Walk.anm", "new.anm"}) {
         const QString name = QString::fromLatin1(file);
-        EXPECT_EQ(QFile::exists(Path(name)) && ReadFile(name).at(234) == 2, std::string(file) == each.saved)
-            << file;
+        EXPECT_EQ(QFile::exists(Path(name)) && ReadFile(name).at(234) == 2, std::string(file) == each.saved);
     }
-    Settings.bPromptSave = 0;
-    QCloseEvent again;
-    QCoreApplication::sendEvent(&form, &again);
-    EXPECT_TRUE(again.isAccepted());
-    EXPECT_EQ(iAnimationCount, 0) << "counted out once";
 }
 
 using enum BoxAnswer;
@@ -234,57 +173,37 @@ INSTANTIATE_TEST_SUITE_P(All, Closes, ::testing::Values(
     Closing{false, true,  true,  {},              {},                     true,  ""},
     Closing{true,  false, true,  {},              {},                     true,  ""},
     Closing{true,  true,  true,  {Cancel},        {},                     false, ""},
-    Closing{true,  true,  true,  {No},            {},                     true,  ""},
     Closing{true,  true,  true,  {Yes},           {},                     true,  "Walk.anm"},
     Closing{true,  true,  false, {Yes},           {"New.ANM"},            true,  "new.anm"},
     Closing{true,  true,  false, {Yes},           {""},                   true,  ""}, // no name, no file
     Closing{true,  true,  false, {Yes, Yes, Yes}, {"no/x", "", "new.anm"}, true, "new.anm"},
-    Closing{true,  true,  false, {Yes, No},       {"no/x"},               true,  ""}),
-    [](const auto& test) { return "Row" + std::to_string(test.index); });
+    Closing{true,  true,  false, {Yes, No},       {"no/x"},               true,  ""}));
 // clang-format on
 
-TEST_F(Player, SaveAsksForANameAndAFailureTakesItBack) {
-    record.iZoom = 3; // not the new window's
+TEST_F(Player, SaveAsksForANameOnce) {
     ASSERT_TRUE(OpenNew());
-    EXPECT_EQ(form.GetZoom(), 1);
-    const AnimationRecord before = probe.Record();
-    files = {QString(), Path(QStringLiteral("no/x.anm")), Path(QStringLiteral("NEW.anm")),
-             Path(QStringLiteral("new.anm"))};
-    EXPECT_FALSE(SaveAnimationCommand(form)); // cancelled
-    EXPECT_FALSE(SaveAnimationCommand(form)); // no such directory
-    EXPECT_TRUE(boxes.at(0).startsWith(QStringLiteral("Animation|The animation ")));
-    EXPECT_EQ(probe.Record(), before);
-    EXPECT_TRUE(probe.Changed() && form.GetFilename().isEmpty());
+    files = {Path(QStringLiteral("new.anm")), Path(QStringLiteral("NEW.anm"))};
     EXPECT_TRUE(SaveAnimationCommand(form));
-    EXPECT_EQ(form.GetFilename(), Path(QStringLiteral("new.anm")));
-    EXPECT_FALSE(probe.Changed());
     EXPECT_TRUE(SaveAnimationCommand(form)); // to its own file, without a question
-    answers = {BoxAnswer::No};
+    answers = {BoxAnswer::No};               // not over the old one
     EXPECT_FALSE(SaveAnimationAs(form));
     EXPECT_TRUE(answers.empty() && files.empty());
 }
 
 TEST_F(Player, AnimateSeedsTheDialogFromTheView) {
-    const struct {
-        std::int16_t mode, width, lines, columns, seededMode;
-        std::int32_t step;
-    } views[] = {{kGraphics, 256, 192, 1, 0, 6144},
-                 {kLineMasks, 16, 8, 4, 3, 32},
-                 {kByteMasks, 24, 5, 2, 4, 30},
-                 {kScreen, 256, 192, 1, 0, 6144},
-                 {kText, 64, 16, 1, 0, 128}};
-    for (const auto& view : views) {
-        Settings.iDefaultMode = view.mode;
-        Settings.iDefaultWidth = view.width;
-        Settings.iDefaultLines = view.lines;
-        Settings.iDefaultColumns = view.columns;
+    using View = std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int16_t, std::int32_t>;
+    const std::pair<std::int16_t, View> views[] = {
+        {kLineMasks, {3, 16, 8, 4, 32}}, {kByteMasks, {4, 24, 5, 2, 30}}, {kText, {0, 64, 16, 1, 128}}};
+    for (const auto& [mode, view] : views) {
+        Settings.iDefaultMode = mode;
+        std::tie(std::ignore, Settings.iDefaultWidth, Settings.iDefaultLines, Settings.iDefaultColumns,
+                 std::ignore) = view;
         frmSnapshot snapshot;
         ASSERT_TRUE(snapshot.Launch(Path(QStringLiteral("game.sna")), QStringLiteral("game.sna")));
         const WhenSetup driver([](frmAnimSetup& setup) { setup.close(); });
         AnimateSnapshot(snapshot);
         const AnimationRecord& seed = GlobalAnim;
-        EXPECT_EQ(std::tuple(seed.iMode, seed.iWidth, seed.iLines, seed.iFrames, seed.lStep),
-                  std::tuple(view.seededMode, view.width, view.lines, view.columns, view.step));
+        EXPECT_EQ(View(seed.iMode, seed.iWidth, seed.iLines, seed.iFrames, seed.lStep), view);
         EXPECT_EQ(seed.sSnapFile.Trimmed(), snapshot.GetFilename().toStdString());
     }
     EXPECT_EQ(iAnimationCount, 0);

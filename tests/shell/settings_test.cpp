@@ -36,18 +36,6 @@ TEST(Settings, ARecordOfAnyBytesIsWrittenBackAsItWasRead) {
     EXPECT_EQ(EncodeSettings(DecodeSettings(bytes)), bytes);
 }
 
-TEST(Settings, VersionsAreComparedWithoutBlanks) {
-    SettingsRecord settings;
-    const struct {
-        const char* stamp;
-        bool same;
-    } cases[] = {{"2.00", true}, {"  2.00 ", true}, {"1.00", false}, {"", false}, {"2.00x", false}};
-    for (const auto& one : cases) {
-        settings.sVersion.Set(one.stamp);
-        EXPECT_EQ(IsSameVersion(settings, "2.00      "), one.same) << one.stamp;
-    }
-}
-
 TEST(Settings, AttributesNameTheirColours) {
     SettingsRecord settings;
     std::iota(settings.lPalette.begin(), settings.lPalette.end(), 0); // each entry holds its own number

@@ -22,9 +22,7 @@ Stage::Stage() : before_(SetShellNotices(this)) {
     SetMessageBoxAnswerer([this](const MessageBox& box) {
         boxes.push_back(box.title + QLatin1Char('|') + box.text);
         if (answers.empty()) {
-            if (box.buttons != BoxButtons::Ok) {
-                ADD_FAILURE() << "unexpected question: " << box.text.toStdString();
-            }
+            EXPECT_EQ(box.buttons, BoxButtons::Ok) << "unexpected: " << box.text.toStdString();
             return box.buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::No;
         }
         const BoxAnswer answer = answers.front();
@@ -33,12 +31,9 @@ Stage::Stage() : before_(SetShellNotices(this)) {
     });
     SetFileDialogAnswerer([this](CommonDialog::Kind, const CommonDialog& dialog) {
         dialogs.push_back(dialog.DialogTitle);
-        if (files.empty()) {
-            ADD_FAILURE() << "unexpected dialog: " << dialog.DialogTitle.toStdString();
-            return QString();
-        }
-        const QString file = files.front();
-        files.pop_front();
+        EXPECT_FALSE(files.empty()) << "unexpected: " << dialog.DialogTitle.toStdString();
+        const QString file = files.empty() ? QString() : files.front();
+        files.erase(files.begin(), files.begin() + (files.empty() ? 0 : 1));
         return file;
     });
 }
@@ -70,32 +65,15 @@ std::vector<std::uint8_t> Stage::ReadFile(const QString& name) const {
     return {bytes.begin(), bytes.end()};
 }
 
-void Stage::SetStatusText(const QString& text) {
-    notices.push_back(QLatin1String("SetStatusText ") + text);
-}
-
 void Stage::ShowCoords(std::int16_t index, double x, double y) {
     notices.push_back(QStringLiteral("ShowCoords %1 %2,%3").arg(index).arg(x).arg(y));
 }
 
-void Stage::EnableFunction(std::int16_t group, bool enable) {
-    notices.push_back(QStringLiteral("EnableFunction %1 %2").arg(group).arg(enable ? 1 : 0));
-}
-
-void Stage::UpdateToolbars(const QString& kind, bool enable) {
-    notices.push_back(QStringLiteral("UpdateToolbars %1 %2").arg(kind).arg(enable ? 1 : 0));
-}
-
-void Stage::ShowPrompt(std::int32_t number) {
-    notices.push_back(QStringLiteral("ShowPrompt %1").arg(number));
-}
-
-void Stage::ShowModeTick(std::int16_t mode) {
-    notices.push_back(QStringLiteral("ShowModeTick %1").arg(mode));
-}
-
-void Stage::ShowFlipTick(bool on) {
-    notices.push_back(QStringLiteral("ShowFlipTick %1").arg(on ? 1 : 0));
+void Stage::Note(const char* notice, int number, int state) {
+    notices.push_back(QStringLiteral("%1 %2").arg(QLatin1String(notice)).arg(number));
+    if (state >= 0) {
+        notices.back() += QStringLiteral(" %1").arg(state);
+    }
 }
 
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed) {

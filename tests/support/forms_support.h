@@ -8,12 +8,9 @@
 #include <QTemporaryDir>
 
 #include <deque>
-#include <functional>
 #include <span>
 #include <string>
 #include <vector>
-
-class QWidget;
 
 namespace lumrake::testing {
 
@@ -40,15 +37,21 @@ class Stage : public ShellNotices {
     QString MakeFile(const QString& name, std::span<const std::uint8_t> bytes) const;
     std::vector<std::uint8_t> ReadFile(const QString& name) const;
 
-    void SetStatusText(const QString& text) override;
+    void SetStatusText(const QString& text) override {
+        notices.push_back(QLatin1String("SetStatusText ") + text);
+    }
     void ShowCoords(std::int16_t index, double x, double y) override;
-    void EnableFunction(std::int16_t group, bool enable) override;
-    void UpdateToolbars(const QString& kind, bool enable) override;
-    void ShowPrompt(std::int32_t number) override;
-    void ShowModeTick(std::int16_t mode) override;
-    void ShowFlipTick(bool on) override;
+    void EnableFunction(std::int16_t group, bool enable) override { Note("EnableFunction", group, enable); }
+    void UpdateToolbars(const QString& kind, bool enable) override {
+        notices.push_back(QStringLiteral("UpdateToolbars %1 %2").arg(kind).arg(enable ? 1 : 0));
+    }
+    void ShowPrompt(std::int32_t number) override { Note("ShowPrompt", number); }
+    void ShowModeTick(std::int16_t mode) override { Note("ShowModeTick", mode); }
+    void ShowFlipTick(bool on) override { Note("ShowFlipTick", on); }
 
   private:
+    void Note(const char* notice, int number, int state = -1);
+
     QTemporaryDir directory_;
     ShellNotices* before_;
 };
