@@ -18,6 +18,7 @@ answer Snapshot Escape
 same_bytes "$files/My Game.SNA" "$stage/before"
 menu f x
 answer_last Snapshot alt+y
+wait_for_end
 same_bytes "$files/My Game.SNA" "$stage/after"
 expect_size "$app/LMK.CFG" 526
 
