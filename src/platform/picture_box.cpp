@@ -184,15 +184,29 @@ void BitPictureView::PaintSampled(QPainter& painter, const QRect& shown) const {
     painter.restore();
 }
 
+namespace {
+
+/// The toolkit hands a place on to a widget rounded to the nearest logical pixel: the right half of a pixel,
+/// which has device pixels of its own on a dense screen, would count as the next one. The place in the window
+/// still has the fraction.
+QPointF ExactPosition(const QMouseEvent& event) {
+    const QPointF place = event.position(), inWindow = event.scenePosition();
+    const bool rounded = place == QPointF(place.toPoint());
+    return rounded ? place + (inWindow - QPointF(inWindow.toPoint())) : place;
+}
+
+} // namespace
+
 MouseArgs MouseArgsOf(const QMouseEvent& event, int button) {
     MouseArgs args;
     args.Button = static_cast<std::int16_t>(button & 7);
     args.Shift = static_cast<std::int16_t>((event.modifiers() & Qt::ShiftModifier ? 1 : 0) |
                                            (event.modifiers() & Qt::ControlModifier ? 2 : 0) |
                                            (event.modifiers() & Qt::AltModifier ? 4 : 0));
+    const QPointF place = ExactPosition(event);
     // Whole pixels, rounded down before anything flips or divides them.
-    args.X = static_cast<float>(std::floor(event.position().x()));
-    args.Y = static_cast<float>(std::floor(event.position().y()));
+    args.X = static_cast<float>(std::floor(place.x()));
+    args.Y = static_cast<float>(std::floor(place.y()));
     return args;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QScreen>
@@ -90,6 +91,26 @@ TEST_P(PictureOnScreen, IsThereInAnEnlargedPrintToo) {
 
 INSTANTIATE_TEST_SUITE_P(ZoomAndBorder, PictureOnScreen,
                          ::testing::Combine(::testing::Values(1, 3), ::testing::Values(0, 2)));
+
+/// On a dense screen a place inside a logical pixel belongs to that pixel, left of the widget too.
+TEST(MousePlace, IsRoundedDown) {
+    struct Case {
+        double inWindow, given, place; ///< the widget begins at 12; a whole `given` was rounded
+    };
+    // clang-format off
+    const Case cases[] = {
+        {20.0,  8.0,  8}, {20.25, 8.0,  8}, {20.5, 9.0,  8}, {20.75, 9.0, 8},
+        {20.5,  8.5,  8}, {11.5,  0.0, -1}, {11.25, -1.0, -1},
+    };
+    // clang-format on
+    for (const Case& c : cases) {
+        const QPointF given(c.given, c.given), inWindow(c.inWindow, c.inWindow);
+        const QMouseEvent event(QEvent::MouseMove, given, inWindow, inWindow, Qt::NoButton, {}, {});
+        const MouseArgs args = MouseArgsOf(event, 0);
+        EXPECT_EQ(args.X, c.place) << c.inWindow;
+        EXPECT_EQ(args.Y, c.place) << c.inWindow;
+    }
+}
 
 } // namespace
 } // namespace lumrake
