@@ -86,10 +86,11 @@ WindowTwips frmMain::PlaceInTwips() const {
 void frmMain::MDIForm_Load() {
     setWindowTitle(sAppTitle);
     Entry(Menu::menu_about)->setText(QLatin1String("&About ") + sAppTitle);
-    UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
-    UpdateToolbars(QStringLiteral("ANIMATION"), false);
+    // Qualified: the constructor comes here.
+    frmMain::UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
+    frmMain::UpdateToolbars(QStringLiteral("ANIMATION"), false);
     for (std::int16_t iGroup = kGroupCut; iGroup <= kGroupExportSelection; ++iGroup) {
-        EnableFunction(iGroup, false);
+        frmMain::EnableFunction(iGroup, false);
     }
 }
 

@@ -120,10 +120,10 @@ void frmMain::CreateCoordsPanel() {
     panel->setGeometry(0, (tbrMain->height() - PixelsFromTwips(kCoordsHeight)) / 2,
                        PixelsFromTwips(kCoordsWidth), PixelsFromTwips(kCoordsHeight));
     picCoords = panel;
-    constexpr std::array names = {"Mouse position", "Size of the selection"};
-    constexpr std::array pictures = {"coords/position.svg", "coords/size.svg"};
+    const char* const names[] = {"Mouse position", "Size of the selection"};
+    const char* const pictures[] = {"coords/position.svg", "coords/size.svg"};
     constexpr QSize kIconSize(16, 16);
-    for (std::size_t i = 0; i < imgCoords.size(); ++i) {
+    for (std::size_t i = 0; i < std::size(pictures); ++i) {
         imgCoords[i] = new DrawingBox(QString::fromUtf8(pictures[i]), kIconSize, picCoords);
         imgCoords[i]->move(PixelsFromTwips(kIconLeft[i]), PixelsFromTwips(kIconTop));
         lblCoords[i] = new QLabel(QStringLiteral("0,0"), picCoords);

@@ -215,7 +215,7 @@ void frmColours::mouseMoveEvent(QMouseEvent*) {
 
 /// Enter and Escape do nothing here: the dialog's own handling of them is passed over.
 void frmColours::keyPressEvent(QKeyEvent* event) {
-    QWidget::keyPressEvent(event);
+    QWidget::keyPressEvent(event); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void frmColours::showEvent(QShowEvent* event) {

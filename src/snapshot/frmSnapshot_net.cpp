@@ -67,7 +67,8 @@ void frmSnapshot::DragNet(const MouseArgs& args) {
     iNetWidth = SnapToPixel(args.X - static_cast<float>(iNetX), z);
     iNetHeight = SnapToPixel(args.Y - static_cast<float>(iNetY), z);
     SetNetPosition();
-    ShowCoords(1, iNetWidth / z, iNetHeight / z);
+    const std::int32_t columns = iNetWidth / z, rows = iNetHeight / z; // whole pixels, without a remainder
+    ShowCoords(1, columns, rows);
 }
 
 void frmSnapshot::EndNet() {
