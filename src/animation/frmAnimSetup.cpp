@@ -7,8 +7,9 @@
 #include "platform/numbers.h"
 #include "platform/pictures.h"
 #include "platform/screen.h"
+#include "platform/screen_colour.h"
 #include "platform/tab_strip.h"
-#include "platform/trim.h"
+#include "platform/texts.h"
 #include "shell/shell.h"
 #include "snapshot/frmColours.h"
 
@@ -69,10 +70,6 @@ const SetupRow& TextRow(int index) {
     return *std::find_if(std::begin(kRows), std::end(kRows), [index](const SetupRow& row) {
         return row.kind == SetupKind::Text && row.index == index;
     });
-}
-
-QString Latin(const char* text) {
-    return QString::fromLatin1(text);
 }
 
 /// What a screen reader calls the control.
@@ -281,9 +278,8 @@ void frmAnimSetup::ShowSwatches(std::int16_t iNewAttribute) {
     iAttribute = iNewAttribute;
     const char* const kSides[] = {"BACK", "FORE"};
     for (std::size_t i = 0; i < lblColour.size(); ++i) {
-        const Colour colour = AttributeColour(iAttribute, kSides[i]);
         QPalette colours = lblColour[i]->palette();
-        colours.setColor(QPalette::Window, QColor(colour & 255, (colour >> 8) & 255, (colour >> 16) & 255));
+        colours.setColor(QPalette::Window, ScreenColour(AttributeColour(iAttribute, kSides[i])));
         lblColour[i]->setPalette(colours);
     }
 }

@@ -6,7 +6,7 @@
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/picture_box.h"
-#include "platform/trim.h"
+#include "platform/texts.h"
 #include "shell/shell.h"
 
 #include <QCloseEvent>

@@ -1,17 +1,18 @@
-/// The player. The window is either stopped or playing, and Timer1 runs exactly while it plays.
-///
-///   stopped --Play--> playing       button Play; a change of zoom plays on
-///   playing --StopPlay--> stopped   button Stop; Once only after its last frame; SetPositions, and with it
-///                                   every change of zoom
-///
-/// Stopping keeps the frame and the direction. Back, Play, Forward and Setup work while it is stopped, Stop
-/// while it plays; a click that zooms and the zoom menu work always.
+// The player. The window is either stopped or playing, and Timer1 runs exactly while it plays.
+//
+//   stopped --Play--> playing       button Play; a change of zoom plays on
+//   playing --StopPlay--> stopped   button Stop; Once only after its last frame; SetPositions, and with it
+//                                   every change of zoom
+//
+// Stopping keeps the frame and the direction. Back, Play, Forward and Setup work while it is stopped, Stop
+// while it plays; a click that zooms and the zoom menu work always.
 #include "animation/frmAnimSetup.h"
 #include "animation/frmAnimation.h"
 #include "animation/layout.h"
 #include "display/lmk.h"
 #include "platform/picture_box.h"
 #include "platform/pictures.h"
+#include "platform/texts.h"
 #include "shell/shell.h"
 
 #include <QKeyEvent>
@@ -46,10 +47,6 @@ constexpr ControlRow kControls[] = {
     {"SETUP",   "Setup",   "",                      "&Setup", 44, 49, true},
 };
 // clang-format on
-
-QString Latin(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 } // namespace
 
@@ -225,9 +222,7 @@ void frmAnimation::Form_Activate() {
     SetStatusText(QString::fromStdString(record.sTitle.Trimmed()));
     UpdateToolbars(QStringLiteral("ANIMATION"), true);
     UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
-    for (const FunctionGroup group : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
-        EnableFunction(group, false); // no net lies in an animation
-    }
+    EnableNetCommands(false); // no net lies in an animation
 }
 
 /// Alt+S is the key of Setup and of the main window's Snapshot menu, and the toolkit presses neither of two.

@@ -1,7 +1,7 @@
 #include "animation/snapshot_file.h"
 
 #include "platform/files.h"
-#include "platform/trim.h"
+#include "platform/texts.h"
 
 #include <QDir>
 #include <QFileInfo>

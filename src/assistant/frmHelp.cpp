@@ -149,8 +149,7 @@ void frmHelp::Form_MouseMove() {
 
 void frmHelp::imgFizzlet_MouseDown(Qt::MouseButtons Button, double X, double Y) {
     if (Button == Qt::LeftButton) {
-        lGrabX = HeldTo<std::int32_t>(X);
-        lGrabY = HeldTo<std::int32_t>(Y);
+        Grab(X, Y);
         imgFizzlet_MouseMove(Button, X, Y);
     }
 }
@@ -166,8 +165,7 @@ void frmHelp::imgFizzlet_MouseMove(Qt::MouseButtons Button, double X, double Y) 
 
 void frmHelp::lblBubble_MouseDown(Qt::MouseButtons Button, double X, double Y) {
     if (Button == Qt::LeftButton) {
-        lGrabX = HeldTo<std::int32_t>(X);
-        lGrabY = HeldTo<std::int32_t>(Y);
+        Grab(X, Y);
         lblBubble_MouseMove(Button, X, Y);
     }
 }
@@ -176,6 +174,11 @@ void frmHelp::lblBubble_MouseMove(Qt::MouseButtons Button, double X, double Y) {
     if (Button.testFlag(Qt::LeftButton)) {
         Drag(X, Y);
     }
+}
+
+void frmHelp::Grab(double X, double Y) {
+    lGrabX = HeldTo<std::int32_t>(X);
+    lGrabY = HeldTo<std::int32_t>(Y);
 }
 
 void frmHelp::Drag(double X, double Y) {

@@ -48,6 +48,7 @@ class frmHelp : public QWidget {
     void imgFizzlet_MouseMove(Qt::MouseButtons Button, double X, double Y);
     void lblBubble_MouseDown(Qt::MouseButtons Button, double X, double Y);
     void lblBubble_MouseMove(Qt::MouseButtons Button, double X, double Y);
+    void Grab(double X, double Y);
     void Drag(double X, double Y);
 
     std::array<QWidget*, 2> imgFizzlet{}; ///< the figure and the tail of the bubble

@@ -22,9 +22,11 @@ class RowExpander {
     RowExpander(int scale, std::int64_t begin, std::int64_t end, std::uint32_t clear, std::uint32_t set)
         : scale_(scale), begin_(begin), end_(end), clear_(clear), set_(set) {
         const unsigned bits = scale == 1 ? 4 : scale == 2 ? 2 : 1;
-        for (unsigned value = 0; value < 1U << bits; ++value)
-            for (unsigned pixel = 0; pixel < 4; ++pixel)
+        for (unsigned value = 0; value < 1U << bits; ++value) {
+            for (unsigned pixel = 0; pixel < 4; ++pixel) {
                 fours_[value][pixel] = (value >> (bits - 1 - pixel * bits / 4) & 1) != 0 ? set : clear;
+            }
+        }
 
         isFast_ = scale <= kMaxFastScale && (scale & (scale - 1)) == 0;
         const std::int64_t byteWidth = 8 * scale_;
@@ -41,11 +43,13 @@ class RowExpander {
             Pixels(bits, target);
             return;
         }
-        if (head_ > 0)
+        if (head_ > 0) {
             target = PartOfByte(bits[firstByte_ - 1], skip_, head_, target);
+        }
         WholeBytes(bits + firstByte_, wholeBytes_, target);
-        if (tail_ > 0)
+        if (tail_ > 0) {
             PartOfByte(bits[firstByte_ + wholeBytes_], 0, tail_, target + middle_);
+        }
     }
 
   private:
@@ -63,8 +67,9 @@ class RowExpander {
 #pragma GCC unroll 8
             for (unsigned step = 1; step <= kSteps; ++step) {
                 const std::uint8_t* four = fours + (byte >> (8 - step * kBits) & kMask);
-                for (unsigned repeat = 0; repeat < kRepeat; ++repeat, target += 4)
+                for (unsigned repeat = 0; repeat < kRepeat; ++repeat, target += 4) {
                     std::memcpy(target, four, kFour);
+                }
             }
         }
     }
@@ -107,10 +112,13 @@ class RowExpander {
 /// Every half of a byte with its four bits widened: kScale x 4 bits, whole bytes for an even scale.
 template <int kScale> constexpr auto WidenedHalves() {
     std::array<std::array<std::uint8_t, std::size_t{kScale / 2}>, 16> halves{};
-    for (unsigned value = 0; value < 16; ++value)
-        for (unsigned bit = 0; bit < 4 * kScale; ++bit)
-            if ((value >> (3 - bit / kScale) & 1) != 0)
+    for (unsigned value = 0; value < 16; ++value) {
+        for (unsigned bit = 0; bit < 4 * kScale; ++bit) {
+            if ((value >> (3 - bit / kScale) & 1) != 0) {
                 halves[value][bit / 8] = static_cast<std::uint8_t>(halves[value][bit / 8] | 0x80 >> bit % 8);
+            }
+        }
+    }
     return halves;
 }
 
@@ -136,8 +144,9 @@ void BitPicture::Resize(int width, int height) {
 }
 
 void BitPicture::SetPixel(int x, int y, bool on) {
-    if (!Holds(x, y))
+    if (!Holds(x, y)) {
         return;
+    }
     std::uint8_t& byte = Row(y)[x >> 3];
     const int mask = 0x80 >> (x & 7);
     byte = static_cast<std::uint8_t>(on ? byte | mask : byte & ~mask);
@@ -145,7 +154,8 @@ void BitPicture::SetPixel(int x, int y, bool on) {
 
 void BitPicture::CopyArea(const BitPicture& source, const Rect& area) {
     if (&source == this) {
-        const BitPicture copy = source; // NOLINT(performance-unnecessary-copy-initialization): Resize clears it
+        const BitPicture copy =
+            source; // NOLINT(performance-unnecessary-copy-initialization): Resize clears it
         CopyArea(copy, area);
         return;
     }
@@ -165,8 +175,9 @@ void BitPicture::CopyArea(const BitPicture& source, const Rect& area) {
 
     for (int row = 0; row < height_; ++row) {
         const std::int64_t sourceRow = std::int64_t{area.y} + row;
-        if (sourceRow < 0 || sourceRow >= source.height_ || begin == end)
+        if (sourceRow < 0 || sourceRow >= source.height_ || begin == end) {
             continue;
+        }
         const std::uint8_t* from = source.Row(static_cast<int>(sourceRow));
         std::uint8_t* to = Row(row);
         for (std::int64_t i = begin; i < end; ++i) {
@@ -180,8 +191,9 @@ void BitPicture::CopyArea(const BitPicture& source, const Rect& area) {
 }
 
 void BitPicture::Expand(const Rect& screen, int scale, std::uint32_t* target, std::ptrdiff_t stride) const {
-    if (screen.width <= 0 || screen.height <= 0)
+    if (screen.width <= 0 || screen.height <= 0) {
         return;
+    }
     scale = std::clamp(scale, 1, kMaxScale);
     const std::int64_t pictureWidth = std::int64_t{width_} * scale;
     const std::int64_t pictureHeight = std::int64_t{height_} * scale;
@@ -214,8 +226,9 @@ void BitPicture::ExpandRowBits(int row, int scale, std::uint8_t* target) const {
     scale = std::clamp(scale, 1, kMaxScale);
     const std::int64_t bits = std::int64_t{width_} * scale;
     std::fill_n(target, (bits + 7) / 8, std::uint8_t{0});
-    if (row < 0 || row >= height_)
+    if (row < 0 || row >= height_) {
         return;
+    }
     const std::uint8_t* from = Row(row);
     // The factors of a view take the fast road as far as whole bytes go.
     int x = width_ / 8 * 8;
@@ -227,8 +240,9 @@ void BitPicture::ExpandRowBits(int row, int scale, std::uint8_t* target) const {
     default: x = 0; break;
     }
     for (; x < width_; ++x) {
-        if (!BitAt(from, x))
+        if (!BitAt(from, x)) {
             continue;
+        }
         const std::int64_t begin = std::int64_t{x} * scale, last = begin + scale - 1;
         const int firstMask = 0xff >> (begin & 7), lastMask = (0xff00 >> ((last & 7) + 1)) & 0xff;
         std::uint8_t* first = target + (begin >> 3);

@@ -1,10 +1,10 @@
-/// How the drawing stays near the cost of copying bytes: the picture is filled column by column, or character
-/// row by row. For every one ByteWindow::Bytes gives a pointer to memory that may be read whole, so nothing
-/// below it has to think about the ends of the file. Wide columns are copied line by line with a length known
-/// to the compiler, several columns at a time, which keeps several streams of memory under way; narrow columns
-/// and characters would cost one step a byte and are turned as small matrices in registers instead. The loops
-/// are plain C++ that the compiler makes vector code of at -O3. A clip that leaves part of the picture takes
-/// the simple road, byte by byte.
+// How the drawing stays near the cost of copying bytes: the picture is filled column by column, or character
+// row by row. For every one ByteWindow::Bytes gives a pointer to memory that may be read whole, so nothing
+// below it has to think about the ends of the file. Wide columns are copied line by line with a length known
+// to the compiler, several columns at a time, which keeps several streams of memory under way; narrow columns
+// and characters would cost one step a byte and are turned as small matrices in registers instead. The loops
+// are plain C++ that the compiler makes vector code of at -O3. A clip that leaves part of the picture takes
+// the simple road, byte by byte.
 #include "display/lmk.h"
 
 #include <algorithm>
@@ -26,8 +26,6 @@
 
 namespace lmk {
 namespace {
-
-enum Mode : int { kGraphics = 0, kScreen = 1, kText = 2, kLineMasks = 3, kByteMasks = 4 };
 
 constexpr int kMaxColumns = 16, kMaxLines = 512, kMaxColumnBytes = 32;
 constexpr int kMaxRowBytes = kMaxColumns * kMaxColumnBytes;
@@ -56,10 +54,12 @@ class ByteWindow {
     /// which do not overlap may be asked for one after the other and used together.
     const std::uint8_t* Bytes(std::int64_t address, std::int64_t count) {
         const std::int64_t end = address + count;
-        if (IsInside(address, end))
+        if (IsInside(address, end)) {
             return memory_ + address;
-        if (IsOutside(address, end))
+        }
+        if (IsOutside(address, end)) {
             return kZeros.data();
+        }
         std::uint8_t* patch = patches_[address < 0 ? 0 : 1];
         const std::int64_t from = std::max<std::int64_t>(address, 0),
                            to = std::min<std::int64_t>(end, length_);
@@ -106,8 +106,7 @@ struct Target {
     std::uint8_t* Line(int line) const { return line0 + line * step; }
 };
 
-// ---- Wide columns
-// ------------------------------------------------------------------------------------------------
+// ---- Wide columns ----
 
 /// An unsigned number of twice the size.
 template <typename Unit>
@@ -128,19 +127,23 @@ template <int kBytes, int kColumns, bool kHasByteMasks>
 [[gnu::always_inline]] inline void CopyLines(std::uint8_t* __restrict to, std::ptrdiff_t step,
                                              const std::uint8_t* const* columns, int pitch, int lines) {
     const auto copyLine = [](std::uint8_t* __restrict target, const std::uint8_t* __restrict from) {
-        if constexpr (kHasByteMasks)
-            for (int b = 0; b < kBytes; ++b)
+        if constexpr (kHasByteMasks) {
+            for (int b = 0; b < kBytes; ++b) {
                 target[b] = FirstOfPair<std::uint8_t>(from + 2 * b);
-        else
+            }
+        } else {
             std::memcpy(target, from, kBytes);
+        }
     };
     const std::uint8_t* froms[std::size_t{kColumns}];
     std::copy_n(columns, kColumns, froms);
     std::ptrdiff_t distance = 0;
-    for (int i = 0; i < lines; ++i, to += step, distance += pitch)
+    for (int i = 0; i < lines; ++i, to += step, distance += pitch) {
 #pragma GCC unroll 8
-        for (int column = 0; column < kColumns; ++column)
+        for (int column = 0; column < kColumns; ++column) {
             copyLine(to + column * kBytes, froms[column] + distance);
+        }
+    }
 }
 
 using LineCopier = void (*)(std::uint8_t*, std::ptrdiff_t, const std::uint8_t* const*, int, int);
@@ -180,8 +183,9 @@ template <Mode kMode> void DrawWideColumns(const View& view, ByteWindow& window,
     const auto draw = [&](LineCopier copy, int count) {
         for (; column + count <= view.columns; column += count) {
             const std::uint8_t* columns[8];
-            for (int i = 0; i < count; ++i)
+            for (int i = 0; i < count; ++i) {
                 columns[i] = window.Bytes(view.Address(column + i, 0), view.lines * pitch);
+            }
             copy(target.line0 + column * view.columnBytes, target.step, columns, pitch, view.lines);
         }
     };
@@ -192,15 +196,15 @@ template <Mode kMode> void DrawWideColumns(const View& view, ByteWindow& window,
     draw(OneColumnCopier<kHasByteMasks>(view.columnBytes), 1);
 }
 
-// ---- Narrow columns
-// ----------------------------------------------------------------------------------------------
+// ---- Narrow columns ----
 
 /// Picks the first of every pair: drops mask bytes, or mask lines (a Unit is then a whole line).
 template <typename Unit, int kUnits>
 void PickFirsts(const std::uint8_t* __restrict pairs, void* __restrict to) {
     Unit firsts[static_cast<std::size_t>(kUnits)];
-    for (int i = 0; i < kUnits; ++i)
+    for (int i = 0; i < kUnits; ++i) {
         firsts[i] = FirstOfPair<Unit>(pairs + 2 * i * int{sizeof(Unit)});
+    }
     std::memcpy(to, firsts, sizeof firsts);
 }
 
@@ -219,11 +223,13 @@ template <typename Unit, int kUnits> void Riffle(const Unit* __restrict from, Un
 template <typename Unit, int kUnits> [[gnu::always_inline]] inline const Unit* Turn(Unit* a, Unit* b) {
     Riffle<Unit, kUnits>(a, b);
     Riffle<Unit, kUnits>(b, a);
-    if constexpr (sizeof(Unit) == 4)
+    if constexpr (sizeof(Unit) == 4) {
         return a;
+    }
     Riffle<Unit, kUnits>(a, b);
-    if constexpr (sizeof(Unit) == 2)
+    if constexpr (sizeof(Unit) == 2) {
         return b;
+    }
     Riffle<Unit, kUnits>(b, a);
     return a;
 }
@@ -237,27 +243,30 @@ void DrawNarrowColumns(const View& view, ByteWindow& window, const Target& targe
     const int pitch = view.Pitch();
     for (int first = 0; first < view.columns; first += kColumns) {
         const std::uint8_t* columns[kArray];
-        for (int k = 0; k < kColumns; ++k)
+        for (int k = 0; k < kColumns; ++k) {
             columns[k] = first + k < view.columns
                              ? window.Bytes(view.Address(first + k, 0), view.lines * pitch)
                              : kZeros.data(); // the bits right of the picture
+        }
         for (int i = 0; i < view.lines; i += int{kLines}) {
             const int line = std::min(i, view.lines - int{kLines}); // the last block may repeat lines
             const int distance = line * pitch;
             Unit a[kArray * kLines], b[kArray * kLines];
             for (std::size_t k = 0; k < kArray; ++k) {
                 const std::uint8_t* from = columns[k] + distance;
-                if constexpr (kMode == kGraphics)
+                if constexpr (kMode == kGraphics) {
                     std::memcpy(a + k * kLines, from, kLines * sizeof(Unit));
-                else if constexpr (kMode == kLineMasks)
+                } else if constexpr (kMode == kLineMasks) {
                     PickFirsts<Unit, int{kLines}>(from, a + k * kLines);
-                else
+                } else {
                     PickFirsts<std::uint8_t, int{kLines * sizeof(Unit)}>(from, a + k * kLines);
+                }
             }
             const Unit* turned = Turn<Unit, kUnits>(a, b);
             std::uint8_t* to = target.Line(line) + first * int{sizeof(Unit)};
-            for (int k = 0; k < int{kLines}; ++k, to += target.step)
+            for (int k = 0; k < int{kLines}; ++k, to += target.step) {
                 std::memcpy(to, turned + k * kColumns, 16);
+            }
         }
     }
 }
@@ -275,8 +284,7 @@ template <Mode kMode> void DrawColumns(const View& view, ByteWindow& window, con
     DrawWideColumns<kMode>(view, window, target);
 }
 
-// ---- Screen and Text
-// ---------------------------------------------------------------------------------------------
+// ---- Screen and Text ----
 
 void DrawScreen(const View& view, ByteWindow& window, const Target& target) {
     constexpr int kThird = 64, kRows = 8, kRowBytes = 32;
@@ -312,14 +320,14 @@ void DrawText(const View& view, ByteWindow& window, const Target& target) {
                 std::memcpy(a, from + group * kCharLines, count);
             }
             const std::uint8_t* turned = Turn<std::uint8_t, kBytes>(a, b);
-            for (int i = 0; i < lines; ++i)
+            for (int i = 0; i < lines; ++i) {
                 std::memcpy(target.Line(line + i) + group, turned + i * kGroup, kGroup);
+            }
         }
     }
 }
 
-// ---- The clip
-// ----------------------------------------------------------------------------------------------------
+// ---- The clip ----
 
 /// Draws only `clip`, which lies in the picture and is not empty. The bits of a byte that the clip leaves out
 /// keep what they were.
@@ -375,8 +383,9 @@ std::int32_t ZoomIndexToFactor(std::int32_t iZoom) {
 std::int32_t zxShowMem(DeviceContext* hdc, const std::uint8_t* memory, std::int32_t offset,
                        std::int32_t length, std::int32_t width, std::int32_t lines, std::int32_t columns,
                        std::int32_t options, std::uint8_t attribute, const std::int32_t* palette) {
-    if (hdc == nullptr)
+    if (hdc == nullptr) {
         return 0;
+    }
     View view{};
     view.offset = offset;
     view.mode = (options & 15) <= kByteMasks ? options & 15 : kGraphics;
@@ -396,17 +405,19 @@ std::int32_t zxShowMem(DeviceContext* hdc, const std::uint8_t* memory, std::int3
     const int pictureWidth = 8 * view.RowBytes();
     const Rect whole{0, 0, pictureWidth, view.lines};
     Rect clip = whole;
-    if (picture.Width() != pictureWidth || picture.Height() != view.lines)
+    if (picture.Width() != pictureWidth || picture.Height() != view.lines) {
         picture.Resize(pictureWidth, view.lines);
-    else if (hdc->clip_)
+    } else if (hdc->clip_) {
         clip = Intersection(*hdc->clip_, pictureWidth, view.lines);
+    }
 
     ByteWindow window(memory, length);
     const std::ptrdiff_t stride = picture.Stride();
     const Target target =
         view.upsideDown ? Target{picture.Row(view.lines - 1), -stride} : Target{picture.Row(0), stride};
-    if (clip.width <= 0 || clip.height <= 0)
+    if (clip.width <= 0 || clip.height <= 0) {
         return 1;
+    }
     if (clip.width < whole.width || clip.height < whole.height) {
         DrawClip(view, window, target, clip);
         return 1;

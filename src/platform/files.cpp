@@ -1,5 +1,7 @@
 #include "platform/files.h"
 
+#include "platform/texts.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -96,13 +98,7 @@ std::optional<QString> FindFile(const QString& path) {
 NewFile PathForNewFile(const QString& chosen) {
     const QFileInfo info(chosen);
     const QString spelled = info.fileName();
-    QString name = spelled;
-    while (name.startsWith(QLatin1Char(' '))) {
-        name.remove(0, 1);
-    }
-    while (name.endsWith(QLatin1Char(' '))) {
-        name.chop(1);
-    }
+    const QString name = TrimBlanks(spelled);
     if (name.isEmpty()) {
         return {};
     }

@@ -1,5 +1,7 @@
 #include "platform/value_box.h"
 
+#include "platform/watched.h"
+
 #include <QKeyEvent>
 #include <QStyle>
 #include <QStyleOptionFrame>
@@ -116,8 +118,7 @@ void ValueBox::keyPressEvent(QKeyEvent* event) {
 
 void ValueBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    // Coming back from another program or from a menu is no new beginning.
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason) {
+    if (IsMoveOfFocus(event->reason())) {
         selectAll();
         focusedByPress_ = event->reason() == Qt::MouseFocusReason;
     }

@@ -1,6 +1,6 @@
 #include "preferences/colour_swatch.h"
 
-#include "preferences/palette_rules.h"
+#include "platform/screen_colour.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -13,9 +13,8 @@ void ColourSwatch::SetBackColor(Colour colour) {
 }
 
 void ColourSwatch::paintEvent(QPaintEvent*) {
-    const ColourParts parts = PartsOf(colour_);
     QPainter painter(this);
-    painter.fillRect(rect(), QColor(parts.red, parts.green, parts.blue));
+    painter.fillRect(rect(), ScreenColour(colour_));
     // A line of middle grey keeps white apart from a light ground and black from the marker around it.
     painter.setPen(QColor(128, 128, 128));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));

@@ -4,6 +4,7 @@
 #include "platform/numbers.h"
 #include "platform/screen.h"
 #include "platform/tab_strip.h"
+#include "platform/texts.h"
 #include "preferences/digit_box.h"
 #include "shell/shell.h"
 #include "snapshot/frmColours.h"
@@ -116,7 +117,7 @@ void frmPrefs::ScreenToSettings() const {
 bool frmPrefs::ValidatePrefs() const {
     const std::string_view fault = FirstFault(Texts());
     if (!fault.empty()) {
-        MsgBox(QString::fromUtf8(fault.data(), static_cast<qsizetype>(fault.size())), BoxButtons::Ok,
+        MsgBox(Latin(fault), BoxButtons::Ok,
                BoxIcon::Exclamation, QStringLiteral("Preferences"));
     }
     return fault.empty();
@@ -159,7 +160,7 @@ void frmPrefs::optMode_Click(int Index) {
     for (std::size_t i = 0; i < rules.size(); ++i) {
         DigitBox* box = txtDefault[kWidth + i];
         if (!rules[i].text.empty()) {
-            box->setText(QString::fromLatin1(rules[i].text.data()));
+            box->setText(Latin(rules[i].text));
         }
         box->setEnabled(rules[i].enabled);
     }

@@ -1,5 +1,6 @@
 #include "platform/pictures.h"
 #include "platform/tab_strip.h"
+#include "platform/texts.h"
 #include "platform/twips.h"
 #include "platform/watched.h"
 #include "preferences/colour_swatch.h"
@@ -167,10 +168,6 @@ constexpr const char* kMenu[] = {"Set to &default", "Copy &normal to bright", "C
 // clang-format on
 
 constexpr QSize kMarker(18, 18);
-
-QString Latin(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 /// What the toolkit calls the caption; a box or a slider has none and lends it to screen readers.
 template <class Control> void SetCaption(Control& control, const QString& caption) {

@@ -1,5 +1,6 @@
 // The menu tree and what it shows: ticks, the recent list, the list of windows.
 
+#include "platform/texts.h"
 #include "shell/file_commands.h"
 #include "shell/frmMain.h"
 
@@ -117,13 +118,13 @@ void frmMain::CreateMenus() {
         const bool isMenu = std::next(row) != std::end(kMenuRows) && std::next(row)->depth > row->depth;
         QAction* entry = nullptr;
         if (isMenu) {
-            const QString caption = QString::fromUtf8(row->Caption);
+            const QString caption = Latin(row->Caption);
             parents[depth] = parent == nullptr ? menuBar()->addMenu(caption) : parent->addMenu(caption);
             entry = parents[depth]->menuAction();
         } else if (row->Caption == nullptr) {
             entry = parent->addSeparator();
         } else {
-            entry = parent->addAction(QString::fromUtf8(row->Caption));
+            entry = parent->addAction(Latin(row->Caption));
             connect(entry, &QAction::triggered, this,
                     [this, Click = row->Click, Index = row->Index] { (this->*Click)(Index); });
         }

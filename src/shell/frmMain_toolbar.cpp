@@ -2,6 +2,7 @@
 
 #include "platform/drawing_box.h"
 #include "platform/numbers.h"
+#include "platform/texts.h"
 #include "platform/toolbar.h"
 #include "platform/twips.h"
 #include "shell/frmMain.h"
@@ -103,8 +104,8 @@ constexpr int kLabelLeft[] = {480, 1650}, kLabelTop = 120, kLabelWidth = 855, kL
 
 void frmMain::CreateToolbar() {
     for (const ButtonRow& row : kButtons) {
-        tbrMain->AddButton({QString::fromUtf8(row.Key), row.Style, QString::fromUtf8(row.Picture),
-                            QString::fromUtf8(row.ToolTipText)});
+        tbrMain->AddButton({Latin(row.Key), row.Style, Latin(row.Picture),
+                            Latin(row.ToolTipText)});
     }
     tbrMain->PressButton(10);
     tbrMain->ButtonClick = [this](int Button) { tbrMain_ButtonClick(Button); };
@@ -124,13 +125,13 @@ void frmMain::CreateCoordsPanel() {
     const char* const pictures[] = {"coords/position.svg", "coords/size.svg"};
     constexpr QSize kIconSize(16, 16);
     for (std::size_t i = 0; i < std::size(pictures); ++i) {
-        imgCoords[i] = new DrawingBox(QString::fromUtf8(pictures[i]), kIconSize, picCoords);
+        imgCoords[i] = new DrawingBox(Latin(pictures[i]), kIconSize, picCoords);
         imgCoords[i]->move(PixelsFromTwips(kIconLeft[i]), PixelsFromTwips(kIconTop));
         lblCoords[i] = new QLabel(QStringLiteral("0,0"), picCoords);
         lblCoords[i]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         lblCoords[i]->setGeometry(PixelsFromTwips(kLabelLeft[i]), PixelsFromTwips(kLabelTop) - 1,
                                   PixelsFromTwips(kLabelWidth), PixelsFromTwips(kLabelHeight));
-        lblCoords[i]->setAccessibleName(QString::fromUtf8(names[i]));
+        lblCoords[i]->setAccessibleName(Latin(names[i]));
     }
     QList<QWidget*> controls = picCoords->findChildren<QWidget*>();
     controls.push_back(picCoords);
@@ -254,9 +255,7 @@ void frmMain::tbrMain_ButtonClick(int Button) {
 void frmMain::ChooseTool(Tool tool, bool bEndsSelection) {
     iCurrentTool = tool;
     if (bEndsSelection) {
-        for (const std::int16_t iGroup : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
-            EnableFunction(iGroup, false);
-        }
+        EnableNetCommands(false);
         if (frmSnapshot* snapshot = ActiveSnapshot()) {
             snapshot->ClearNet();
         }

@@ -25,7 +25,8 @@ std::int16_t iCurrentTool = kToolDraw;
 
 namespace {
 
-ShellNotices* registered = nullptr;
+ShellNotices nobody; // lets every notice fall away
+ShellNotices* registered = &nobody;
 
 QString& ReplacedDirectory() {
     static QString directory;
@@ -35,67 +36,53 @@ QString& ReplacedDirectory() {
 } // namespace
 
 ShellNotices* SetShellNotices(ShellNotices* notices) {
-    return std::exchange(registered, notices);
+    return std::exchange(registered, notices != nullptr ? notices : &nobody);
 }
 
 void SetStatusText(const QString& sText) {
-    if (registered != nullptr) {
-        registered->SetStatusText(sText);
-    }
+    registered->SetStatusText(sText);
 }
 
 void ShowCoords(std::int16_t iIndex, double x, double y) {
-    if (registered != nullptr) {
-        registered->ShowCoords(iIndex, x, y);
-    }
+    registered->ShowCoords(iIndex, x, y);
 }
 
 void EnableFunction(std::int16_t iGroup, bool bEnable) {
-    if (registered != nullptr) {
-        registered->EnableFunction(iGroup, bEnable);
+    registered->EnableFunction(iGroup, bEnable);
+}
+
+void EnableNetCommands(bool bEnable) {
+    for (const FunctionGroup iGroup : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
+        EnableFunction(iGroup, bEnable);
     }
 }
 
 void UpdateToolbars(const QString& sKind, bool bEnable) {
-    if (registered != nullptr) {
-        registered->UpdateToolbars(sKind, bEnable);
-    }
+    registered->UpdateToolbars(sKind, bEnable);
 }
 
 void ShowPrompt(std::int32_t lNumber) {
-    if (registered != nullptr) {
-        registered->ShowPrompt(lNumber);
-    }
+    registered->ShowPrompt(lNumber);
 }
 
 void ShowModeTick(std::int16_t iMode) {
-    if (registered != nullptr) {
-        registered->ShowModeTick(iMode);
-    }
+    registered->ShowModeTick(iMode);
 }
 
 void ShowFlipTick(bool bOn) {
-    if (registered != nullptr) {
-        registered->ShowFlipTick(bOn);
-    }
+    registered->ShowFlipTick(bOn);
 }
 
 void PopupSnapshotMenu(const QPoint& screenPlace) {
-    if (registered != nullptr) {
-        registered->PopupSnapshotMenu(screenPlace);
-    }
+    registered->PopupSnapshotMenu(screenPlace);
 }
 
 void ShowRecentFiles() {
-    if (registered != nullptr) {
-        registered->ShowRecentFiles();
-    }
+    registered->ShowRecentFiles();
 }
 
 void AdoptChild(QWidget* child) {
-    if (registered != nullptr) {
-        registered->AdoptChild(child);
-    }
+    registered->AdoptChild(child);
 }
 
 QWidget* ChildFrame(QWidget* child) {

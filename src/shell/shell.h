@@ -63,6 +63,8 @@ void SetStatusText(const QString& sText);
 void ShowCoords(std::int16_t iIndex, double x, double y);
 /// Enables or disables one group of commands (1 to 5, FunctionGroup); any other group does nothing.
 void EnableFunction(std::int16_t iGroup, bool bEnable);
+/// Enables or disables the commands that act on a net: Cut, Copy, Delete, the export of the selection.
+void EnableNetCommands(bool bEnable);
 /// Makes the commands follow the kind ("SNAPSHOT" or "ANIMATION") of the child that became active, or that
 /// was the last of its kind to close.
 void UpdateToolbars(const QString& sKind, bool bEnable);

@@ -9,8 +9,8 @@
 
 namespace lumrake {
 
-/// Display modes, as values of iMode.
-enum Mode : std::int16_t { kGraphics = 0, kScreen = 1, kText = 2, kLineMasks = 3, kByteMasks = 4 };
+using lmk::Mode; // as values of iMode
+using enum lmk::Mode;
 
 /// The numbers that say how the bytes of a document are looked at.
 struct ViewNumbers {

@@ -1,6 +1,6 @@
-/// Eight neighbouring pixels share a byte in every mode. So a row of a block is walked byte by byte: one
-/// LocatePixel for the first pixel of the byte that the row touches, and the others are the bits below it.
-/// That keeps the one addressing rule and costs an eighth of asking it for every pixel.
+// Eight neighbouring pixels share a byte in every mode. So a row of a block is walked byte by byte: one
+// LocatePixel for the first pixel of the byte that the row touches, and the others are the bits below it.
+// That keeps the one addressing rule and costs an eighth of asking it for every pixel.
 #include "snapshot/block.h"
 
 #include "platform/numbers.h"

@@ -1,6 +1,9 @@
 #include "snapshot/frmColours.h"
 
+#include "platform/screen_colour.h"
 #include "platform/tab_strip.h"
+#include "platform/texts.h"
+#include "platform/watched.h"
 #include "shell/shell.h"
 
 #include <QAbstractButton>
@@ -37,15 +40,15 @@ enum Help {
 };
 
 struct ButtonRow {
-    const char16_t* caption;
-    const char16_t* tag;
+    const char* caption;
+    const char* tag;
     QRect place;
     Help help;
 };
 // clang-format off
 constexpr std::array<ButtonRow, 2> kButtons{{
-    {u"&Select", u"SELECT", QRect(138, 219, 76, 25), kHelpSelect},
-    {u"&Cancel", u"CANCEL", QRect( 56, 219, 76, 25), kHelpCancel},
+    {"&Select", "SELECT", QRect(138, 219, 76, 25), kHelpSelect},
+    {"&Cancel", "CANCEL", QRect( 56, 219, 76, 25), kHelpCancel},
 }};
 // clang-format on
 
@@ -55,10 +58,6 @@ constexpr const char* kNames[] = {"Black", "Blue",   "Red",   "Magenta", "Green"
 
 const char* const kHelpProperty = "HelpContextID";
 const char* const kTagProperty = "Tag";
-
-QColor ScreenColour(Colour colour) {
-    return QColor(colour & 0xff, (colour >> 8) & 0xff, (colour >> 16) & 0xff);
-}
 
 QColor BackColor(const QLabel& label) {
     return label.palette().color(QPalette::Window);
@@ -102,7 +101,7 @@ void frmColours::CreateControls() {
                                                        index / kSwatchesInRow * kSwatchStepY));
         label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
         label->setAutoFillBackground(true);
-        label->setAccessibleName(QLatin1String(kNames[index]));
+        label->setAccessibleName(Latin(kNames[index]));
         watch(label, sample ? kHelpSample : kHelpSwatch);
         lblColour[static_cast<std::size_t>(index)] = label;
     }
@@ -120,8 +119,8 @@ void frmColours::CreateControls() {
 
     for (std::size_t index = 0; index < kButtons.size(); ++index) {
         const ButtonRow& row = kButtons[index];
-        auto* button = new QPushButton(QString::fromUtf16(row.caption), this);
-        button->setProperty(kTagProperty, QString::fromUtf16(row.tag));
+        auto* button = new QPushButton(Latin(row.caption), this);
+        button->setProperty(kTagProperty, Latin(row.tag));
         button->setGeometry(row.place);
         button->setAutoDefault(false); // Enter does nothing special
         watch(button, row.help);
@@ -188,14 +187,11 @@ bool frmColours::eventFilter(QObject* watched, QEvent* event) {
         // A button follows the mouse while it is held down, to know whether it still lies under it.
         return static_cast<QMouseEvent*>(event)->buttons() != Qt::LeftButton ||
                qobject_cast<QAbstractButton*>(watched) == nullptr;
-    case QEvent::FocusIn: {
-        // Coming back to the window is no change of focus inside it.
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+    case QEvent::FocusIn:
+        if (IsMoveOfFocus(static_cast<QFocusEvent*>(event)->reason())) {
             ShowPrompt(help);
         }
         return false;
-    }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: // two quick presses are two presses
         for (int index = 0; index < static_cast<int>(lblColour.size()); ++index) {

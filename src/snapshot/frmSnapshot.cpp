@@ -1,4 +1,4 @@
-/// The document: opening, drawing, saving, closing.
+// The document: opening, drawing, saving, closing.
 #include "snapshot/frmSnapshot.h"
 
 #include "display/lmk.h"

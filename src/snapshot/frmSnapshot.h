@@ -175,11 +175,12 @@ class frmSnapshot : public QWidget {
         bool Visible = false;
         bool Dotted = false; ///< solid while it is dragged, dotted once it rests
         bool Frame = false;  ///< the frame of a block: no net for the commands
+
+        /// The same shape at another place.
+        Shape At(const NetRect& place) const { return {place, Visible, Dotted, Frame}; }
     };
     /// A net lies in this window on which Cut, Copy, Delete and the export can act.
     bool HasNet() const { return shpNet.Visible && !shpNet.Frame && shpNet.Width > 1; }
-    /// Switches Cut, Copy, Delete and the export of the selection.
-    static void EnableNetCommands(bool bEnable);
     void StartNet(const MouseArgs& args);
     void DragNet(const MouseArgs& args);
     void EndNet();

@@ -1,22 +1,22 @@
-/// Cut, Copy, Delete and Paste, and the placing of a pasted block. While a block is being placed the tool is
-/// 1 for all windows; placingWindow is the one window whose imgClip hangs on the mouse and whose iSavedTool
-/// holds the tool to go back to.
-///
-///                  Paste (HangBlock)
-///     not placing --------------------> placing ----+  moves (MoveBlock)
-///         ^                              |   ^      |  zoom (ScaleNet): scales block and frame
-///         |                              |   +------+  Paste again: keeps the tool saved first
-///         +------------------------------+             Copy in another window: the new block hangs on the mouse
-///
-/// The ways out of placing:
-///     the tool comes back (EndPlacing)       left press on the block: drops it (imgClip_MouseDown)
-///                                            the window closes
-///                                            a Copy elsewhere leaves the clipboard empty
-///     the tool goes on to another window     Paste there: takes over iSavedTool (LetGoOfBlock here)
-///     another tool is in force; iSavedTool   tool button: the block goes with the next move over the picture
-///     isn't used                             (HoverTool), or with a press on it, which drops nothing
-///
-/// While another child is active the block stays where it is and goes on following once the mouse is back.
+// Cut, Copy, Delete and Paste, and the placing of a pasted block. While a block is being placed the tool is
+// 1 for all windows; placingWindow is the one window whose imgClip hangs on the mouse and whose iSavedTool
+// holds the tool to go back to.
+//
+//                  Paste (HangBlock)
+//     not placing --------------------> placing ----+  moves (MoveBlock)
+//         ^                              |   ^      |  zoom (ScaleNet): scales block and frame
+//         |                              |   +------+  Paste again: keeps the tool saved first
+//         +------------------------------+             Copy in another window: the new block hangs on the mouse
+//
+// The ways out of placing:
+//     the tool comes back (EndPlacing)       left press on the block: drops it (imgClip_MouseDown)
+//                                            the window closes
+//                                            a Copy elsewhere leaves the clipboard empty
+//     the tool goes on to another window     Paste there: takes over iSavedTool (LetGoOfBlock here)
+//     another tool is in force; iSavedTool   tool button: the block goes with the next move over the picture
+//     isn't used                             (HoverTool), or with a press on it, which drops nothing
+//
+// While another child is active the block stays where it is and goes on following once the mouse is back.
 #include "snapshot/frmSnapshot.h"
 
 #include "shell/shell.h"
@@ -103,8 +103,7 @@ void frmSnapshot::HangBlock() {
     imgClip->resize(picClip.Width() * z, picClip.Height() * z);
     imgClip->update();
     imgClip->show();
-    Shape shape = shpNet;
-    static_cast<NetRect&>(shape) = FrameOf(ClipPlace());
+    Shape shape = shpNet.At(FrameOf(ClipPlace()));
     shape.Visible = shape.Frame = true;
     SetShape(shape);
 }
@@ -113,9 +112,7 @@ void frmSnapshot::MoveBlock(float X, float Y) {
     imgClip->move(HungAt(X, imgClip->width(), view.iZoomFactor),
                   HungAt(Y, imgClip->height(), view.iZoomFactor));
     if (!imgClip->isHidden()) { // else another window places, and a net may lie here
-        Shape shape = shpNet;
-        static_cast<NetRect&>(shape) = FrameOf(ClipPlace());
-        SetShape(shape);
+        SetShape(shpNet.At(FrameOf(ClipPlace())));
     }
 }
 

@@ -1,8 +1,9 @@
-/// Controls, their places, zoom, status bar, activation.
+// Controls, their places, zoom, status bar, activation.
 #include "platform/colour_button.h"
 #include "platform/mouse_filter.h"
 #include "platform/panel_bar.h"
 #include "platform/spin_bar.h"
+#include "platform/texts.h"
 #include "platform/twips.h"
 #include "platform/value_box.h"
 #include "shell/shell.h"
@@ -66,10 +67,6 @@ constexpr StatusRow kStatusRows[] = {
 constexpr int kZoomPanel = 3, kAttributePanel = 4;
 constexpr int kFirstPanelKey = 8; // help key of panel 1; the others follow
 constexpr int kScrollKey = 2, kOptionsKey = 7, kColourKey = 11;
-
-QString Text(const char* text) {
-    return QString::fromLatin1(text);
-}
 
 /// Lets the assistant speak about a control while the mouse moves over it.
 void PromptOver(QWidget* control, int helpKey) {
@@ -139,8 +136,8 @@ void frmSnapshot::CreateValueBoxes() {
         const ValueRow& row = kValueRows[i];
         auto* box = txtValue[i] = new ValueBox(row.digits, this);
         box->resize(kBoxWidth, kBoxHeight);
-        box->setToolTip(Text(row.toolTip));
-        box->setAccessibleName(Text(row.caption));
+        box->setToolTip(Latin(row.toolTip));
+        box->setAccessibleName(Latin(row.caption));
         PromptOver(box, row.helpKey);
 
         auto* spin = scrValue[i] = new SpinBar(Qt::Horizontal, this);
@@ -148,9 +145,9 @@ void frmSnapshot::CreateValueBoxes() {
         spin->setRange(0, 10);
         spin->setPageStep(1);
         spin->setValue(5);
-        spin->setAccessibleName(Text(row.steps));
+        spin->setAccessibleName(Latin(row.steps));
 
-        auto* label = lblCaption[i] = new QLabel(Text(row.caption), this);
+        auto* label = lblCaption[i] = new QLabel(Latin(row.caption), this);
         label->resize(73, 15);
         label->setBuddy(box);
         (new MouseFilter(label))->MouseUp = [](const MouseArgs&) { ShowPrompt(0); };
@@ -163,7 +160,7 @@ void frmSnapshot::CreateStatusBar() {
     sbrSnapshot = new PanelBar(this);
     for (std::size_t i = 0; i < std::size(kStatusRows); ++i) {
         const StatusRow& row = kStatusRows[i];
-        sbrSnapshot->AddPanel({Text(row.key), {}, Text(row.toolTip), row.minWidth, i == 0, row.leastWidth});
+        sbrSnapshot->AddPanel({Latin(row.key), {}, Latin(row.toolTip), row.minWidth, i == 0, row.leastWidth});
     }
     sbrSnapshot->MouseDown = [this](int button) { iPanelButton = static_cast<std::int16_t>(button); };
     sbrSnapshot->PanelClick = [this](int Panel) { sbrSnapshot_PanelClick(Panel); };
@@ -178,7 +175,7 @@ void frmSnapshot::CreateStatusBar() {
     for (std::size_t i = 0; i < cmdColour.size(); ++i) {
         auto* button = cmdColour[i] = new ColourButton(this);
         button->resize(18, 14);
-        button->setAccessibleName(Text(names[i]));
+        button->setAccessibleName(Latin(names[i]));
         button->setToolTip(QStringLiteral("Current attribute setting.  Click here to adjust."));
         connect(button, &QToolButton::clicked, this, [this, i] { cmdColour_Click(static_cast<int>(i)); });
         PromptOver(button, kColourKey);

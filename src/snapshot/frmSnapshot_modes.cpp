@@ -1,5 +1,6 @@
-/// Display mode, flip and attribute.
+// Display mode, flip and attribute.
 #include "platform/colour_button.h"
+#include "platform/screen_colour.h"
 #include "platform/spin_bar.h"
 #include "platform/value_box.h"
 #include "shell/shell.h"
@@ -42,12 +43,8 @@ void frmSnapshot::SetFlip(std::int16_t NewFlip) {
 
 void frmSnapshot::SetAttribute(std::int16_t iNewAttribute, bool iRefresh) {
     iAttribute = iNewAttribute;
-    const auto colour = [iNewAttribute](const char* which) {
-        const Colour value = AttributeColour(iNewAttribute, which);
-        return QColor(value & 255, value >> 8 & 255, value >> 16 & 255);
-    };
-    cmdColour[0]->SetColour(colour("FORE"));
-    cmdColour[1]->SetColour(colour("BACK"));
+    cmdColour[0]->SetColour(ScreenColour(AttributeColour(iNewAttribute, "FORE")));
+    cmdColour[1]->SetColour(ScreenColour(AttributeColour(iNewAttribute, "BACK")));
     cmdColour[0]->setAccessibleDescription(QStringLiteral("Colour %1").arg(iNewAttribute & 7));
     cmdColour[1]->setAccessibleDescription(QStringLiteral("Colour %1").arg(iNewAttribute >> 3 & 7));
     if (iRefresh) {

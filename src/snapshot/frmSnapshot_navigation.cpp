@@ -1,10 +1,10 @@
-/// Moving over the file and reshaping the view.
-///
-/// The address bar and the spin buttons are only sources of steps; they never hold the number that they move.
-/// Every change ends in a write to a value box, and txtValue_Change is the one place where a number of the
-/// view changes and the picture is redrawn. A write of the same text raises nothing, so that an operation at
-/// a limit draws nothing. A correction inside txtValue_Change writes to the box and so runs it once more,
-/// inside itself: the inner run finds a legal number and draws, the outer one draws again.
+// Moving over the file and reshaping the view.
+//
+// The address bar and the spin buttons are only sources of steps; they never hold the number that they move.
+// Every change ends in a write to a value box, and txtValue_Change is the one place where a number of the
+// view changes and the picture is redrawn. A write of the same text raises nothing, so that an operation at
+// a limit draws nothing. A correction inside txtValue_Change writes to the box and so runs it once more,
+// inside itself: the inner run finds a legal number and draws, the outer one draws again.
 #include "platform/message_box.h"
 #include "platform/mouse_filter.h"
 #include "platform/numbers.h"
@@ -25,7 +25,6 @@ namespace lumrake {
 namespace {
 
 constexpr int kScrollKey = 2;
-constexpr std::int32_t kMostLines = 512, kMostColumns = 16;
 
 std::int32_t NumberIn(const ValueBox& box) {
     return WholeNumberFromText<std::int32_t>(box.text().toStdString());
@@ -108,11 +107,11 @@ void frmSnapshot::txtValue_Change(int Index) {
         sMessage = QStringLiteral("Offset must be between 0 and %1!").arg(view.lFileLength - 1);
         break;
     case kLinesValue:
-        typed = TypedCount(bBlank ? 1 : lNumber, kMostLines);
+        typed = TypedCount(bBlank ? 1 : lNumber, kMaxLines);
         sMessage = QStringLiteral("Lines must be between 1 and 512!");
         break;
     case kColumnsValue:
-        typed = TypedCount(bBlank ? 1 : lNumber, kMostColumns);
+        typed = TypedCount(bBlank ? 1 : lNumber, kMaxColumns);
         sMessage = QStringLiteral("Columns must be between 1 and 16!");
         break;
     default: break;

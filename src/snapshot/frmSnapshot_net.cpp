@@ -1,15 +1,15 @@
-/// The selection net. The rectangle shpNet alone is the selection: every command that works on the net reads
-/// its four numbers. iNetX, iNetY, iNetWidth and iNetHeight are the drag that shaped it.
-///
-///               press with Net (StartNet)            release (EndNet)
-///     no net ------------------------> dragging ---------------------> net lies
-///       ^                               | ^  ^                            |  |
-///       |              each move (DragNet)+  |   press with Net (StartNet)|  |
-///       |                                    +----------------------------+  |
-///       +--------------------------------------------------------------------+
-///                Draw, Magnify or Pan chosen (ClearNet, called by the main window)
-///
-/// Paste turns the shape into the frame of its block: see frmSnapshot_clipboard.cpp.
+// The selection net. The rectangle shpNet alone is the selection: every command that works on the net reads
+// its four numbers. iNetX, iNetY, iNetWidth and iNetHeight are the drag that shaped it.
+//
+//               press with Net (StartNet)            release (EndNet)
+//     no net ------------------------> dragging ---------------------> net lies
+//       ^                               | ^  ^                            |  |
+//       |              each move (DragNet)+  |   press with Net (StartNet)|  |
+//       |                                    +----------------------------+  |
+//       +--------------------------------------------------------------------+
+//                Draw, Magnify or Pan chosen (ClearNet, called by the main window)
+//
+// Paste turns the shape into the frame of its block: see frmSnapshot_clipboard.cpp.
 #include "snapshot/frmSnapshot.h"
 
 #include "shell/shell.h"
@@ -30,21 +30,13 @@ QRect Rectangle(const NetRect& net) {
 } // namespace
 
 void frmSnapshot::SetNetPosition() {
-    Shape shape = shpNet;
-    static_cast<NetRect&>(shape) = NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight);
-    SetShape(shape);
+    SetShape(shpNet.At(NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight)));
 }
 
 void frmSnapshot::ClearNet() {
     Shape shape = shpNet;
     shape.Visible = false;
     SetShape(shape);
-}
-
-void frmSnapshot::EnableNetCommands(bool bEnable) {
-    for (const FunctionGroup group : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
-        EnableFunction(group, bEnable);
-    }
 }
 
 /// A press leaves a net of one screen pixel, whatever lay there before. A block that another tool has left hanging
@@ -56,10 +48,7 @@ void frmSnapshot::StartNet(const MouseArgs& args) {
     iNetWidth = iNetHeight = 1;
     iNetX = SnapToPixel(args.X, view.iZoomFactor);
     iNetY = SnapToPixel(args.Y, view.iZoomFactor);
-    Shape shape;
-    static_cast<NetRect&>(shape) = NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight);
-    shape.Visible = true;
-    SetShape(shape);
+    SetShape({NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight), true});
 }
 
 void frmSnapshot::DragNet(const MouseArgs& args) {
@@ -86,15 +75,14 @@ void frmSnapshot::EndNet() {
 }
 
 void frmSnapshot::ScaleNet(std::int32_t iOldFactor) {
-    Shape shape = shpNet;
-    static_cast<NetRect&>(shape) = ScaledNet(shpNet, iOldFactor, view.iZoomFactor);
+    NetRect net = ScaledNet(shpNet, iOldFactor, view.iZoomFactor);
     if (!imgClip->isHidden()) {
-        const NetRect place = ScaledNet(ClipPlace(), iOldFactor, view.iZoomFactor);
+        const NetRect block = ScaledNet(ClipPlace(), iOldFactor, view.iZoomFactor);
         imgClip->SetFactor(view.iZoomFactor);
-        imgClip->setGeometry(Rectangle(place));
-        static_cast<NetRect&>(shape) = FrameOf(place);
+        imgClip->setGeometry(Rectangle(block));
+        net = FrameOf(block);
     }
-    SetShape(shape);
+    SetShape(shpNet.At(net));
 }
 
 void frmSnapshot::SetShape(const Shape& shape) {

@@ -1,5 +1,5 @@
-/// The mouse over the picture. One tool is in force for the whole program; a press, a move and a release are
-/// handed to it. The net is told in frmSnapshot_net.cpp, the block of a paste in frmSnapshot_clipboard.cpp.
+// The mouse over the picture. One tool is in force for the whole program; a press, a move and a release are
+// handed to it. The net is told in frmSnapshot_net.cpp, the block of a paste in frmSnapshot_clipboard.cpp.
 #include "snapshot/frmSnapshot.h"
 
 #include "platform/numbers.h"

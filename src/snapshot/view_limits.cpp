@@ -6,7 +6,6 @@ namespace lumrake {
 
 namespace {
 constexpr std::int32_t kMinWidth = 8, kMaxWidth = 256;
-constexpr std::int32_t kMaxLines = 512, kMaxColumns = 16;
 constexpr std::int16_t kScreenModeWidth = 256, kScreenModeLines = 192;
 } // namespace
 

@@ -2,9 +2,15 @@
 
 #include "platform/text_codec.h"
 
+#include <QByteArrayView>
 #include <QString>
 
 namespace lumrake {
+
+/// A text of the program's own tables and rules, plain ASCII; null and empty give the empty text.
+inline QString Latin(QByteArrayView text) {
+    return QString::fromLatin1(text);
+}
 
 /// `text` without the blanks (0x20 alone) at both ends.
 inline QString TrimBlanks(const QString& text) {
