@@ -96,12 +96,11 @@ void frmAbout::CreateAboutPage() {
     lblVersion = Placed(MakeLabel(Frame1, QString()), "lblVersion", 1425, 645, 2700, 240);
     Label2 = Placed(MakeLabel(Frame1, QStringLiteral("By the makers of Lumrake, 2026")), "Label2", 1425, 915,
                     2700, 240);
-    const QString about =
-        QStringLiteral("LMK is an editor for the graphics of ZX Spectrum programs. It shows the bytes of any "
-                       "file as pictures, in "
-                       "the five ways in which games keep them. You can page through a snapshot until its "
-                       "sprites, fonts and screens "
-                       "come into view, draw on them, copy and export them, and set them in motion.");
+    const QString about = QStringLiteral(
+        "LMK is an editor for the graphics of ZX Spectrum programs. It shows the bytes of any file as "
+        "pictures, "
+        "in the five ways in which games keep them. You can page through a snapshot until its sprites, fonts "
+        "and screens come into view, draw on them, copy and export them, and set them in motion.");
     Label1 = Placed(MakeLabel(Frame1, about), "Label1", 225, 1425, 3900, 1680);
 }
 

@@ -2,7 +2,6 @@
 
 #include "animation/frmAnimSetup.h"
 #include "animation/frmAnimation.h"
-#include "platform/common_dialog.h"
 #include "platform/numbers.h"
 #include "shell/file_commands.h"
 #include "snapshot/frmSnapshot.h"
@@ -32,13 +31,9 @@ void NewAnimation() {
 }
 
 void OpenAnimationDialog() {
-    comDialog.Flags = kDialogFlags;
-    comDialog.Filter = kFilter;
-    comDialog.DialogTitle = QStringLiteral("Open animation file...");
-    comDialog.FileName.clear();
-    comDialog.Action(CommonDialog::Kind::Open);
-    if (!comDialog.FileName.trimmed().isEmpty()) {
-        OpenWindow(comDialog.FileName);
+    const QString sFile = AskOpenFileName(QStringLiteral("Open animation file..."), kFilter);
+    if (!sFile.isEmpty()) {
+        OpenWindow(sFile);
     }
 }
 
@@ -57,15 +52,12 @@ void SaveAnimationBeforeClosing(frmAnimation& animation) {
     if (sName->isEmpty()) {
         sName = AskName(animation);
     }
-    QString sReason;
-    if (!sName || animation.SaveAnimation(*sName, &sReason)) {
-        return; // a cancelled dialog gives the work up
-    }
-    while (AskForAnotherName(sReason, QStringLiteral("Animation"))) {
-        sName = AskName(animation);
-        if (sName && animation.SaveAnimation(*sName, &sReason)) {
-            return;
-        }
+    if (sName) { // a cancelled dialog gives the work up
+        SaveUntilGivenUp(
+            *sName, QStringLiteral("Animation"), [&animation] { return AskName(animation); },
+            [&animation](const QString& sFile, QString* sReason) {
+                return animation.SaveAnimation(sFile, sReason);
+            });
     }
 }
 

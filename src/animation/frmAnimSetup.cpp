@@ -1,7 +1,6 @@
 #include "animation/frmAnimSetup.h"
 
 #include "animation/snapshot_file.h"
-#include "platform/common_dialog.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
 #include "platform/numbers.h"
@@ -10,6 +9,7 @@
 #include "platform/screen_colour.h"
 #include "platform/tab_strip.h"
 #include "platform/texts.h"
+#include "shell/file_commands.h"
 #include "shell/shell.h"
 #include "snapshot/frmColours.h"
 
@@ -42,7 +42,10 @@ struct SetupRow {
 namespace {
 
 constexpr int kDialogWidth = 388, kDialogHeight = 279;
-constexpr int kNotesRow = 8; ///< index of the notes among the text fields
+
+/// Places in txtAnimSetup.
+enum TextField : std::size_t { kSnapFile, kTitle, kOffset, kWidth, kLines, kFrames, kStep, kPause };
+enum ListField : std::size_t { kRepeat, kMode }; ///< places in cboAnimSetup
 
 // clang-format off
 constexpr SetupRow kRows[] = {
@@ -140,9 +143,10 @@ QWidget* frmAnimSetup::AddControl(const SetupRow& row, QWidget* parent) {
     const int Index = row.index;
     switch (row.kind) {
     case SetupKind::Text: {
-        auto* text = new Watched<QLineEdit>(parent);
+        auto* text = new LimitedEdit(parent);
+        text->SetLimit(row.maxTyped);
         Watch(text, row);
-        connect(text, &QLineEdit::textChanged, this, [this, Index] { txtAnimSetup_Change(Index); });
+        connect(text, &QLineEdit::textChanged, this, [] { bAnimChanged = -1; });
         text->LostFocus = [this, Index] { txtAnimSetup_LostFocus(Index); };
         return txtAnimSetup[place] = text;
     }
@@ -197,9 +201,9 @@ template <class Control> void frmAnimSetup::Watch(Control* control, const SetupR
 
 void frmAnimSetup::Form_Load() {
     CentreOnScreen(*this);
-    cboAnimSetup[0]->addItems(
+    cboAnimSetup[kRepeat]->addItems(
         {QStringLiteral("Once only"), QStringLiteral("Continuous"), QStringLiteral("Ping-Pong")});
-    cboAnimSetup[1]->addItems(
+    cboAnimSetup[kMode]->addItems(
         {QStringLiteral("Graphics"), QStringLiteral("Line mask"), QStringLiteral("Byte mask")});
     bActivated = false;
 }
@@ -222,7 +226,7 @@ void frmAnimSetup::Form_Activate() {
     SSTab1->SetTab(0);
     if (!bActivated) {
         // The window's first focus comes with the window and would not be told otherwise.
-        txtAnimSetup[0]->setFocus();
+        txtAnimSetup[kSnapFile]->setFocus();
         Control_GotFocus(TextRow(0));
         bAnimChanged = 0;
         bActivated = true;
@@ -230,46 +234,46 @@ void frmAnimSetup::Form_Activate() {
 }
 
 void frmAnimSetup::GlobalToScreen() {
-    SetText(0, QString::fromStdString(GlobalAnim.sSnapFile.Trimmed()));
-    SetText(1, QString::fromStdString(GlobalAnim.sTitle.Trimmed()));
+    txtAnimSetup[kSnapFile]->ShowWhole(QString::fromStdString(GlobalAnim.sSnapFile.Trimmed()));
+    txtAnimSetup[kTitle]->ShowWhole(QString::fromStdString(GlobalAnim.sTitle.Trimmed()));
     txtNotes->setPlainText(QString::fromStdString(NotesOnScreen(GlobalAnim.sNotes.Trimmed())));
-    sShownSnapFile = txtAnimSetup[0]->text();
-    sShownTitle = txtAnimSetup[1]->text();
+    sShownSnapFile = txtAnimSetup[kSnapFile]->text();
+    sShownTitle = txtAnimSetup[kTitle]->text();
     sShownNotes = txtNotes->toPlainText();
-    cboAnimSetup[0]->setCurrentIndex(GlobalAnim.iRepeat);
-    SetText(2, Number(GlobalAnim.lOffset));
-    SetText(3, Number(GlobalAnim.iWidth));
-    SetText(4, Number(GlobalAnim.iLines));
-    SetText(5, Number(GlobalAnim.iFrames));
-    SetText(6, Number(GlobalAnim.lStep));
-    SetText(7, Number(GlobalAnim.iPause));
+    cboAnimSetup[kRepeat]->setCurrentIndex(GlobalAnim.iRepeat);
+    txtAnimSetup[kOffset]->ShowWhole(Number(GlobalAnim.lOffset));
+    txtAnimSetup[kWidth]->ShowWhole(Number(GlobalAnim.iWidth));
+    txtAnimSetup[kLines]->ShowWhole(Number(GlobalAnim.iLines));
+    txtAnimSetup[kFrames]->ShowWhole(Number(GlobalAnim.iFrames));
+    txtAnimSetup[kStep]->ShowWhole(Number(GlobalAnim.lStep));
+    txtAnimSetup[kPause]->ShowWhole(Number(GlobalAnim.iPause));
     ShowSwatches(GlobalAnim.byAttribute);
     chkAnimSetup->setChecked(GlobalAnim.iUpsideDown != 0);
-    cboAnimSetup[1]->setCurrentIndex(ModeIndex(GlobalAnim.iMode));
+    cboAnimSetup[kMode]->setCurrentIndex(ModeIndex(GlobalAnim.iMode));
     bOkay = false;
 }
 
 void frmAnimSetup::ScreenToGlobal() {
     const auto text = [this](std::size_t index) { return txtAnimSetup[index]->text().toStdString(); };
-    if (txtAnimSetup[0]->text() != sShownSnapFile) {
-        GlobalAnim.sSnapFile.Set(TrimBlanks(text(0)));
+    if (txtAnimSetup[kSnapFile]->text() != sShownSnapFile) {
+        GlobalAnim.sSnapFile.Set(TrimBlanks(text(kSnapFile)));
     }
-    if (txtAnimSetup[1]->text() != sShownTitle) {
-        GlobalAnim.sTitle.Set(text(1));
+    if (txtAnimSetup[kTitle]->text() != sShownTitle) {
+        GlobalAnim.sTitle.Set(text(kTitle));
     }
     if (txtNotes->toPlainText() != sShownNotes) {
         GlobalAnim.sNotes.Set(NotesInRecord(txtNotes->toPlainText().toStdString()));
     }
-    GlobalAnim.iRepeat = static_cast<std::int16_t>(cboAnimSetup[0]->currentIndex());
-    GlobalAnim.lOffset = WholeNumberFromText<std::int32_t>(text(2));
-    GlobalAnim.iWidth = WholeNumberFromText<std::int16_t>(text(3));
-    GlobalAnim.iLines = WholeNumberFromText<std::int16_t>(text(4));
-    GlobalAnim.iFrames = WholeNumberFromText<std::int16_t>(text(5));
-    GlobalAnim.lStep = WholeNumberFromText<std::int32_t>(text(6));
-    GlobalAnim.iPause = WholeNumberFromText<std::int16_t>(text(7));
+    GlobalAnim.iRepeat = static_cast<std::int16_t>(cboAnimSetup[kRepeat]->currentIndex());
+    GlobalAnim.lOffset = WholeNumberFromText<std::int32_t>(text(kOffset));
+    GlobalAnim.iWidth = WholeNumberFromText<std::int16_t>(text(kWidth));
+    GlobalAnim.iLines = WholeNumberFromText<std::int16_t>(text(kLines));
+    GlobalAnim.iFrames = WholeNumberFromText<std::int16_t>(text(kFrames));
+    GlobalAnim.lStep = WholeNumberFromText<std::int32_t>(text(kStep));
+    GlobalAnim.iPause = WholeNumberFromText<std::int16_t>(text(kPause));
     GlobalAnim.byAttribute = static_cast<std::uint8_t>(iAttribute);
     GlobalAnim.iUpsideDown = chkAnimSetup->isChecked() ? std::int16_t{1} : std::int16_t{0};
-    if (const int mode = cboAnimSetup[1]->currentIndex(); mode >= 0) {
+    if (const int mode = cboAnimSetup[kMode]->currentIndex(); mode >= 0) {
         GlobalAnim.iMode = kListedModes[static_cast<std::size_t>(mode)];
     }
 }
@@ -282,24 +286,6 @@ void frmAnimSetup::ShowSwatches(std::int16_t iNewAttribute) {
         colours.setColor(QPalette::Window, ScreenColour(AttributeColour(iAttribute, kSides[i])));
         lblColour[i]->setPalette(colours);
     }
-}
-
-/// The limit binds the user's typing; what the program writes is shown whole, and may be shortened by hand.
-void frmAnimSetup::SetText(int Index, const QString& sText) {
-    Watched<QLineEdit>* text = txtAnimSetup[static_cast<std::size_t>(Index)];
-    text->setMaxLength(std::max(TextRow(Index).maxTyped, static_cast<int>(sText.size())));
-    text->setText(sText);
-}
-
-void frmAnimSetup::txtAnimSetup_Change(int Index) {
-    Watched<QLineEdit>* text = txtAnimSetup[static_cast<std::size_t>(Index)];
-    const int limit = std::max(TextRow(Index).maxTyped, static_cast<int>(text->text().size()));
-    if (limit < text->maxLength()) {
-        const int caret = text->cursorPosition();
-        text->setMaxLength(limit);
-        text->setCursorPosition(caret);
-    }
-    bAnimChanged = -1;
 }
 
 /// What was typed or pasted last ends at the caret: as much of it goes as the field cannot take.
@@ -321,10 +307,10 @@ void frmAnimSetup::LimitNotes() {
 void frmAnimSetup::txtAnimSetup_LostFocus(int Index) {
     const std::string_view tag = TextRow(Index).tag;
     if (tag == "WIDTH" || tag == "LINES") {
-        const int mode = std::max(0, cboAnimSetup[1]->currentIndex());
-        SetText(6, QString::fromStdString(ProposedStep(txtAnimSetup[3]->text().toStdString(),
-                                                       txtAnimSetup[4]->text().toStdString(),
-                                                       kListedModes[static_cast<std::size_t>(mode)])));
+        const int mode = std::max(0, cboAnimSetup[kMode]->currentIndex());
+        txtAnimSetup[kStep]->ShowWhole(QString::fromStdString(ProposedStep(
+            txtAnimSetup[kWidth]->text().toStdString(), txtAnimSetup[kLines]->text().toStdString(),
+            kListedModes[static_cast<std::size_t>(mode)])));
     }
 }
 
@@ -334,7 +320,7 @@ void frmAnimSetup::Control_GotFocus(const SetupRow& row) {
     }
     ShowPrompt(row.helpKey);
     if (row.kind == SetupKind::Text) {
-        Watched<QLineEdit>* text = txtAnimSetup[static_cast<std::size_t>(row.index)];
+        LimitedEdit* text = txtAnimSetup[static_cast<std::size_t>(row.index)];
         text->setSelection(0, static_cast<int>(TrimBlanks(text->text()).size()));
     } else if (row.kind == SetupKind::Notes) {
         QTextCursor caret = txtNotes->textCursor();
@@ -346,15 +332,15 @@ void frmAnimSetup::Control_GotFocus(const SetupRow& row) {
 bool frmAnimSetup::ValidateSettings() {
     const auto text = [this](std::size_t index) { return txtAnimSetup[index]->text().toStdString(); };
     SetupTexts texts;
-    texts.sSnapFile = text(0);
-    texts.sOffset = text(2);
-    texts.sWidth = text(3);
-    texts.sLines = text(4);
-    texts.sFrames = text(5);
-    texts.sStep = text(6);
-    texts.sPause = text(7);
-    texts.iRepeatIndex = cboAnimSetup[0]->currentIndex();
-    const std::optional<QString> sFound = FindAnimationSnapshot(txtAnimSetup[0]->text(), sAnimFile);
+    texts.sSnapFile = text(kSnapFile);
+    texts.sOffset = text(kOffset);
+    texts.sWidth = text(kWidth);
+    texts.sLines = text(kLines);
+    texts.sFrames = text(kFrames);
+    texts.sStep = text(kStep);
+    texts.sPause = text(kPause);
+    texts.iRepeatIndex = cboAnimSetup[kRepeat]->currentIndex();
+    const std::optional<QString> sFound = FindAnimationSnapshot(txtAnimSetup[kSnapFile]->text(), sAnimFile);
     const std::optional<SetupFault> fault =
         lumrake::ValidateSettings(texts, sFound ? FileLength(*sFound) : std::nullopt);
     if (!fault) {
@@ -369,16 +355,16 @@ bool frmAnimSetup::ValidateSettings() {
 
 QWidget* frmAnimSetup::ControlOf(SetupField field) const {
     switch (field) {
-    case SetupField::SnapFile: return txtAnimSetup[0];
-    case SetupField::Offset: return txtAnimSetup[2];
-    case SetupField::Width: return txtAnimSetup[3];
-    case SetupField::Lines: return txtAnimSetup[4];
-    case SetupField::Frames: return txtAnimSetup[5];
-    case SetupField::Step: return txtAnimSetup[6];
-    case SetupField::Repeat: return cboAnimSetup[0];
-    case SetupField::Pause: return txtAnimSetup[7];
+    case SetupField::SnapFile: return txtAnimSetup[kSnapFile];
+    case SetupField::Offset: return txtAnimSetup[kOffset];
+    case SetupField::Width: return txtAnimSetup[kWidth];
+    case SetupField::Lines: return txtAnimSetup[kLines];
+    case SetupField::Frames: return txtAnimSetup[kFrames];
+    case SetupField::Step: return txtAnimSetup[kStep];
+    case SetupField::Repeat: return cboAnimSetup[kRepeat];
+    case SetupField::Pause: return txtAnimSetup[kPause];
     }
-    return txtAnimSetup[0];
+    return txtAnimSetup[kSnapFile];
 }
 
 void frmAnimSetup::cmdSetup_Click(int Index) {
@@ -406,13 +392,10 @@ void frmAnimSetup::cmdSetup_Click(int Index) {
 }
 
 void frmAnimSetup::SelectSnapshotFile() {
-    comDialog.Flags = kDialogFlags;
-    comDialog.Filter = QStringLiteral("Snapshot files (*.SNA)|*.SNA|All files (*.*)|*.*");
-    comDialog.DialogTitle = QStringLiteral("Open snapshot file...");
-    comDialog.FileName.clear();
-    comDialog.Action(CommonDialog::Kind::Open);
-    if (!comDialog.FileName.trimmed().isEmpty()) {
-        SetText(0, comDialog.FileName);
+    const QString sFile = AskOpenFileName(QStringLiteral("Open snapshot file..."),
+                                          QStringLiteral("Snapshot files (*.SNA)|*.SNA|All files (*.*)|*.*"));
+    if (!sFile.isEmpty()) {
+        txtAnimSetup[kSnapFile]->ShowWhole(sFile);
     }
 }
 
@@ -428,7 +411,7 @@ void frmAnimSetup::SelectAttribute() {
 
 void frmAnimSetup::SSTab1_Click(int iPage) {
     if (iPage == 0) {
-        txtAnimSetup[0]->setFocus();
+        txtAnimSetup[kSnapFile]->setFocus();
     } else {
         txtNotes->setFocus();
     }

@@ -2,12 +2,12 @@
 
 #include "animation/animation_record.h"
 #include "animation/setup_rules.h"
+#include "platform/limited_edit.h"
 #include "platform/watched.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -58,16 +58,14 @@ class frmAnimSetup : public QDialog {
 
     void Control_GotFocus(const SetupRow& row);
     void cmdSetup_Click(int Index);
-    void txtAnimSetup_Change(int Index);
     void txtAnimSetup_LostFocus(int Index);
     void SSTab1_Click(int iPage);
     void SSTab1_MouseMove(int X, int Y);
 
-    void SetText(int Index, const QString& sText);
     void LimitNotes();
 
     TabStrip* SSTab1 = nullptr;
-    std::array<Watched<QLineEdit>*, 8> txtAnimSetup{};
+    std::array<LimitedEdit*, 8> txtAnimSetup{};
     Watched<QPlainTextEdit>* txtNotes = nullptr; ///< txtAnimSetup(8)
     std::array<Watched<QComboBox>*, 2> cboAnimSetup{};
     std::array<Watched<QPushButton>*, 5> cmdSetup{}; ///< there is no cmdSetup(3)

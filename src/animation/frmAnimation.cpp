@@ -124,13 +124,8 @@ bool frmAnimation::SaveAnimation(const QString& sFilename, QString* sReason) {
     AnimationRecord saved = record;
     saved.sAnimFile.Set(sFilename.toStdString());
     if (const FileError error = WriteWholeFile(sFilename, EncodeAnimation(saved))) {
-        const QString sDoing =
-            QStringLiteral("The animation %1 could not be saved.").arg(sFilename.toLower());
-        if (sReason != nullptr) {
-            *sReason = sDoing + QLatin1String("\n\n") + *error;
-        } else {
-            TellFileError(sDoing, *error, kTitle);
-        }
+        TellFileError(QStringLiteral("The animation %1 could not be saved.").arg(sFilename.toLower()), *error,
+                      kTitle, sReason);
         return false;
     }
     record = saved;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "animation/animation_record.h"
+#include "snapshot/addressing.h"
 
 #include <array>
 #include <cstdint>
@@ -35,7 +36,7 @@ std::optional<SetupFault> ValidateSettings(const SetupTexts& texts, std::optiona
 std::string ProposedStep(const std::string& sWidth, const std::string& sLines, std::int16_t iMode);
 
 /// Modes in the order of the dialog's list, and the place of a mode in it, -1 for a mode without one.
-inline constexpr std::array<std::int16_t, 3> kListedModes = {0, 3, 4};
+inline constexpr std::array<std::int16_t, 3> kListedModes = {kGraphics, kLineMasks, kByteMasks};
 int ModeIndex(std::int16_t iMode);
 
 /// Notes with the line breaks of the screen (LF) from those of the record (CR LF; a CR or LF alone counts as

@@ -2,33 +2,9 @@
 
 #include <QKeyEvent>
 
-#include <algorithm>
 #include <utility>
 
 namespace lumrake {
-
-DigitBox::DigitBox(QWidget* parent) : Watched<QLineEdit>(parent) {
-    connect(this, &QLineEdit::textChanged, this, [this] { LimitTo(text().size()); });
-}
-
-void DigitBox::SetLimit(int characters) {
-    limit_ = characters;
-    LimitTo(text().size());
-}
-
-void DigitBox::ShowWhole(const QString& text) {
-    LimitTo(text.size());
-    setText(text);
-}
-
-void DigitBox::LimitTo(qsizetype length) {
-    const int most = std::max(limit_, static_cast<int>(length));
-    if (most != maxLength()) {
-        const int caret = cursorPosition();
-        setMaxLength(most); // sends the caret to the end
-        setCursorPosition(caret);
-    }
-}
 
 void DigitBox::keyPressEvent(QKeyEvent* event) {
     const QString typed = event->text();
@@ -38,7 +14,7 @@ void DigitBox::keyPressEvent(QKeyEvent* event) {
         event->ignore();
         return;
     }
-    Watched<QLineEdit>::keyPressEvent(event);
+    LimitedEdit::keyPressEvent(event);
 }
 
 void DigitBox::focusInEvent(QFocusEvent* event) {
@@ -46,11 +22,11 @@ void DigitBox::focusInEvent(QFocusEvent* event) {
         selectAll();
         selectOnRelease_ = event->reason() == Qt::MouseFocusReason;
     }
-    Watched<QLineEdit>::focusInEvent(event);
+    LimitedEdit::focusInEvent(event);
 }
 
 void DigitBox::mouseReleaseEvent(QMouseEvent* event) {
-    Watched<QLineEdit>::mouseReleaseEvent(event);
+    LimitedEdit::mouseReleaseEvent(event);
     if (std::exchange(selectOnRelease_, false) && !hasSelectedText()) {
         selectAll();
     }

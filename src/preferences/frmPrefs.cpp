@@ -7,6 +7,7 @@
 #include "platform/texts.h"
 #include "preferences/digit_box.h"
 #include "shell/shell.h"
+#include "snapshot/addressing.h"
 #include "snapshot/frmColours.h"
 
 #include <QCheckBox>
@@ -91,9 +92,9 @@ void frmPrefs::SettingsToScreen() {
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         txtDefault[i]->ShowWhole(QString::number(numbers[i]));
     }
-    const std::size_t mode = ModeOption(Settings.iDefaultMode);
-    optMode[mode]->setChecked(true);
-    optMode_Click(static_cast<int>(mode)); // an option that was set already raises no event
+    const std::int16_t iMode = KnownMode(Settings.iDefaultMode);
+    optMode[static_cast<std::size_t>(iMode)]->setChecked(true);
+    optMode_Click(iMode); // an option that was set already raises no event
     SetByTag(optSmall, Settings.iSmallChange);
     SetByTag(optLarge, Settings.iLargeChange);
     PaletteToSwatches();
@@ -117,8 +118,7 @@ void frmPrefs::ScreenToSettings() const {
 bool frmPrefs::ValidatePrefs() const {
     const std::string_view fault = FirstFault(Texts());
     if (!fault.empty()) {
-        MsgBox(Latin(fault), BoxButtons::Ok,
-               BoxIcon::Exclamation, QStringLiteral("Preferences"));
+        MsgBox(Latin(fault), BoxButtons::Ok, BoxIcon::Exclamation, QStringLiteral("Preferences"));
     }
     return fault.empty();
 }
@@ -168,7 +168,7 @@ void frmPrefs::optMode_Click(int Index) {
 
 void frmPrefs::txtDefault_LostFocus(int Index) {
     DigitBox* box = txtDefault[static_cast<std::size_t>(Index)];
-    if (TagOf(box) == QLatin1String("LINES") && optMode[kTextMode]->isChecked()) {
+    if (TagOf(box) == QLatin1String("LINES") && optMode[kText]->isChecked()) {
         box->setText(QString::fromStdString(TextModeLines(box->text().toStdString())));
     }
 }

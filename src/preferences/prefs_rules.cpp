@@ -2,6 +2,7 @@
 
 #include "platform/numbers.h"
 #include "platform/text_codec.h"
+#include "snapshot/addressing.h"
 
 #include <algorithm>
 #include <limits>
@@ -57,23 +58,19 @@ std::string_view FirstFault(const DefaultTexts& texts) {
 }
 
 const std::array<SizeFieldRule, 3>& SizeFieldRules(std::int16_t iMode) {
-    static constexpr std::array<SizeFieldRule, 3> kFree{};
-    static constexpr std::array<SizeFieldRule, 3> kScreen{{{"256", false}, {"192", false}, {"1", false}}};
-    static constexpr std::array<SizeFieldRule, 3> kText{{{"", true}, {"", true}, {"1", false}}};
+    static constexpr std::array<SizeFieldRule, 3> kAllFree{};
+    static constexpr std::array<SizeFieldRule, 3> kOneSize{{{"256", false}, {"192", false}, {"1", false}}};
+    static constexpr std::array<SizeFieldRule, 3> kOneColumn{{{"", true}, {"", true}, {"1", false}}};
     switch (iMode) {
-    case 1: return kScreen;
-    case kTextMode: return kText;
-    default: return kFree;
+    case kScreen: return kOneSize;
+    case kText: return kOneColumn;
+    default: return kAllFree;
     }
 }
 
 std::string TextModeLines(std::string_view text) {
     const int lines = WholeNumberFromText<std::int16_t>(text);
     return std::to_string(std::max(lines / 8 * 8, 8));
-}
-
-std::size_t ModeOption(std::int16_t iMode) {
-    return iMode >= 0 && iMode <= 4 ? static_cast<std::size_t>(iMode) : 0;
 }
 
 } // namespace lumrake

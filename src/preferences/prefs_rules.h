@@ -29,12 +29,7 @@ struct SizeFieldRule {
 /// screen, Text has one column, the other modes leave all to the user.
 const std::array<SizeFieldRule, 3>& SizeFieldRules(std::int16_t iMode);
 
-inline constexpr std::int16_t kTextMode = 2;
-
 /// The lines field of Text mode, whose characters are 8 lines high: down to a multiple of 8, at least 8.
 std::string TextModeLines(std::string_view text);
-
-/// The option that shows a mode; an unknown one is shown as Graphics.
-std::size_t ModeOption(std::int16_t iMode);
 
 } // namespace lumrake

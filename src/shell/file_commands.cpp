@@ -25,18 +25,17 @@ QString StoredPath(std::size_t slot) {
     return QString::fromStdString(Settings.sRecentFile[slot].Trimmed());
 }
 
+std::optional<QString> AskName(const frmSnapshot& document) {
+    return AskNewFileName(QStringLiteral("Save snapshot file as..."), kSaveFilter, document.GetFilename());
+}
+
 } // namespace
 
 void OpenSnapshotFile(const QString& sFile) {
     QString sFullName = sFile;
     const bool bFromDialog = sFile.isEmpty();
     if (bFromDialog) {
-        comDialog.Flags = kDialogFlags;
-        comDialog.Filter = kOpenFilter;
-        comDialog.DialogTitle = QStringLiteral("Open snapshot file...");
-        comDialog.FileName.clear();
-        comDialog.Action(CommonDialog::Kind::Open);
-        sFullName = comDialog.FileName;
+        sFullName = AskOpenFileName(QStringLiteral("Open snapshot file..."), kOpenFilter);
     }
     if (sFullName.trimmed().isEmpty()) {
         return;
@@ -85,8 +84,7 @@ bool SaveSnapshot(frmSnapshot& document) {
 }
 
 bool SaveSnapshotAs(frmSnapshot& document) {
-    const std::optional<QString> sNewName =
-        AskNewFileName(QStringLiteral("Save snapshot file as..."), kSaveFilter, document.GetFilename());
+    const std::optional<QString> sNewName = AskName(document);
     if (!sNewName || !document.SaveSnap(*sNewName, FileTitleOf(*sNewName))) {
         return false;
     }
@@ -95,18 +93,26 @@ bool SaveSnapshotAs(frmSnapshot& document) {
 }
 
 void SaveSnapshotBeforeClosing(frmSnapshot& document) {
-    QString sReason;
-    if (document.SaveSnap(document.GetFilename(), FileTitleOf(document.GetFilename()), &sReason)) {
-        return;
+    bool bAsked = false;
+    const auto askName = [&] {
+        bAsked = true;
+        return AskName(document);
+    };
+    const auto save = [&](const QString& sFile, QString* sReason) {
+        return document.SaveSnap(sFile, FileTitleOf(sFile), sReason);
+    };
+    if (SaveUntilGivenUp(document.GetFilename(), QStringLiteral("Save"), askName, save) && bAsked) {
+        AddRecentFile(document.GetFilename());
     }
-    while (AskForAnotherName(sReason, QStringLiteral("Save"))) {
-        const std::optional<QString> sNewName =
-            AskNewFileName(QStringLiteral("Save snapshot file as..."), kSaveFilter, document.GetFilename());
-        if (sNewName && document.SaveSnap(*sNewName, FileTitleOf(*sNewName), &sReason)) {
-            AddRecentFile(*sNewName);
-            return;
-        }
-    }
+}
+
+QString AskOpenFileName(const QString& sDialogTitle, const QString& sFilter) {
+    comDialog.Flags = kDialogFlags;
+    comDialog.Filter = sFilter;
+    comDialog.DialogTitle = sDialogTitle;
+    comDialog.FileName.clear();
+    comDialog.Action(CommonDialog::Kind::Open);
+    return comDialog.FileName.trimmed().isEmpty() ? QString() : comDialog.FileName;
 }
 
 std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString& sFilter,
@@ -130,9 +136,21 @@ std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString
     return target.path;
 }
 
-bool AskForAnotherName(const QString& sReason, const QString& sTitle) {
-    return MsgBox(sReason + QLatin1String("\n\nSave under another name?"), BoxButtons::YesNo,
-                  BoxIcon::Question, sTitle) == BoxAnswer::Yes;
+bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
+                      const std::function<std::optional<QString>()>& askName,
+                      const std::function<bool(const QString&, QString*)>& save) {
+    QString sReason;
+    if (save(sFile, &sReason)) {
+        return true;
+    }
+    while (MsgBox(sReason + QLatin1String("\n\nSave under another name?"), BoxButtons::YesNo,
+                  BoxIcon::Question, sTitle) == BoxAnswer::Yes) {
+        const std::optional<QString> sNewName = askName();
+        if (sNewName && save(*sNewName, &sReason)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace lumrake

@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <array>
+#include <functional>
 #include <optional>
 
 namespace lumrake {
@@ -37,13 +38,20 @@ bool SaveSnapshotAs(frmSnapshot& document);
 /// bytes are written or the user gives up.
 void SaveSnapshotBeforeClosing(frmSnapshot& document);
 
+/// Runs an Open dialog. Gives the path chosen, with its directory, or the empty text when the user cancelled.
+QString AskOpenFileName(const QString& sDialogTitle, const QString& sFilter);
+
 /// Runs a Save dialog and asks before an existing file is overwritten. Gives the path to write, or nothing
 /// when the user cancelled or did not answer Yes.
 std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString& sFilter,
                                       const QString& sProposed);
 
-/// After a failed save on the road of a closing window: tells the reason and asks whether to save under
-/// another name. False means that the work is given up.
-bool AskForAnotherName(const QString& sReason, const QString& sTitle);
+/// Saves on the road of a closing window. After a failure a box, titled `sTitle`, tells the reason and asks
+/// whether to save under another name, until the bytes are on the disk or the user says No; a cancelled
+/// `askName` leads back to the box. `save` hands the reason of its failure to the text. False means that the
+/// work is given up.
+bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
+                      const std::function<std::optional<QString>()>& askName,
+                      const std::function<bool(const QString& sFile, QString* sReason)>& save);
 
 } // namespace lumrake

@@ -145,8 +145,13 @@ void SaveSettings() {
     }
 }
 
-void TellFileError(const QString& doing, const QString& reason, const QString& title) {
-    MsgBox(doing + QLatin1String("\n\n") + reason, BoxButtons::Ok, BoxIcon::Exclamation, title);
+void TellFileError(const QString& doing, const QString& reason, const QString& title, QString* sTold) {
+    const QString sText = doing + QLatin1String("\n\n") + reason;
+    if (sTold != nullptr) {
+        *sTold = sText;
+    } else {
+        MsgBox(sText, BoxButtons::Ok, BoxIcon::Exclamation, title);
+    }
 }
 
 void ShowNotAvailable() {

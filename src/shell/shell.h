@@ -107,8 +107,10 @@ void LoadSettings(const WindowTwips& window);
 /// once.
 void SaveSettings();
 
-/// A message about a failed file operation: what was being done, then the system's reason.
-void TellFileError(const QString& doing, const QString& reason, const QString& title);
+/// A message about a failed file operation: what was being done, then the system's reason. With `sTold` the
+/// text goes there instead, for a question that continues it.
+void TellFileError(const QString& doing, const QString& reason, const QString& title,
+                   QString* sTold = nullptr);
 
 /// The box for a command that is not built.
 void ShowNotAvailable();

@@ -144,12 +144,8 @@ bool frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle, QStr
     stage(20);
     if (const FileError error = WriteWholeFile(sFilename, byMemory.Bytes())) {
         ShowProgress(false);
-        const QString sDoing = sFilename.toLower() + QLatin1String(" could not be saved.");
-        if (sReason != nullptr) {
-            *sReason = sDoing + QLatin1String("\n\n") + *error;
-        } else {
-            TellFileError(sDoing, *error, QStringLiteral("Save"));
-        }
+        TellFileError(sFilename.toLower() + QLatin1String(" could not be saved."), *error,
+                      QStringLiteral("Save"), sReason);
         return false;
     }
     stage(40);

@@ -42,8 +42,7 @@ ViewNumbers DefaultView(const SettingsRecord& settings, std::int32_t lFileLength
     view.iWidth = hold(settings.iDefaultWidth / 8 * 8, kMinWidth, kMaxWidth);
     view.iLines = hold(settings.iDefaultLines, 1, kMaxLines);
     view.iColumns = hold(settings.iDefaultColumns, 1, kMaxColumns);
-    const bool bKnownMode = settings.iDefaultMode >= kGraphics && settings.iDefaultMode <= kByteMasks;
-    view.iMode = bKnownMode ? settings.iDefaultMode : std::int16_t{kGraphics};
+    view.iMode = KnownMode(settings.iDefaultMode);
     return view;
 }
 

@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(view.iLines >= 1 && view.iLines <= 512 && view.iColumns >= 1 && view.iColumns <= 16);
     Require(view.iMode >= kGraphics && view.iMode <= kByteMasks && view.iZoomFactor == 1);
     Require(view.iMode != kText || view.iLines % 8 == 0);
-    Require(ModeOption(settings.iDefaultMode) <= 4);
+    Require(KnownMode(settings.iDefaultMode) <= kByteMasks);
     for (const char* which : {"FORE", "BACK"}) {
         const Colour colour = AttributeColour(settings, settings.iDefaultAttribute, which);
         Require(std::count(settings.lPalette.begin(), settings.lPalette.end(), colour) > 0);
