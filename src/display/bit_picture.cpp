@@ -154,8 +154,8 @@ void BitPicture::SetPixel(int x, int y, bool on) {
 
 void BitPicture::CopyArea(const BitPicture& source, const Rect& area) {
     if (&source == this) {
-        const BitPicture copy =
-            source; // NOLINT(performance-unnecessary-copy-initialization): Resize clears it
+        // Resize clears the original. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
+        const BitPicture copy = source;
         CopyArea(copy, area);
         return;
     }
