@@ -1,5 +1,7 @@
 #include "platform/panel_bar.h"
 
+#include "platform/accessible_role.h"
+
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -20,6 +22,7 @@ constexpr int kTextMargin = 4;
 PanelBar::PanelBar(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    SetAccessibleRole(this, QAccessible::StatusBar);
     setAccessibleName(QStringLiteral("Status bar"));
 }
 

@@ -1,5 +1,7 @@
 #include "platform/picture_box.h"
 
+#include "platform/accessible_role.h"
+
 #include <QImage>
 #include <QMouseEvent>
 #include <QPaintEngine>
@@ -50,6 +52,7 @@ std::uint32_t* Pixels(int width, int rows) {
 BitPictureView::BitPictureView(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent); // every exposed pixel is painted, nothing needs clearing before
     setMouseTracking(true);
+    SetAccessibleRole(this, QAccessible::Graphic);
 }
 
 void BitPictureView::SetBorder(int pixels) {

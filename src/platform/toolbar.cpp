@@ -1,5 +1,6 @@
 #include "platform/toolbar.h"
 
+#include "platform/accessible_role.h"
 #include "platform/pictures.h"
 
 #include <QApplication>
@@ -28,6 +29,7 @@ int WidthOf(ButtonStyle style) {
 Toolbar::Toolbar(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     setFixedHeight(kBarHeight);
+    SetAccessibleRole(this, QAccessible::ToolBar);
 }
 
 void Toolbar::AddButton(const ToolbarButton& button) {

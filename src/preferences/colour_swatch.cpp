@@ -1,11 +1,16 @@
 #include "preferences/colour_swatch.h"
 
+#include "platform/accessible_role.h"
 #include "platform/screen_colour.h"
 
 #include <QMouseEvent>
 #include <QPainter>
 
 namespace lumrake {
+
+ColourSwatch::ColourSwatch(QWidget* parent) : Watched<QWidget>(parent) {
+    SetAccessibleRole(this, QAccessible::Graphic);
+}
 
 void ColourSwatch::SetBackColor(Colour colour) {
     colour_ = colour;

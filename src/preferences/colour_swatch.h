@@ -12,7 +12,7 @@ namespace lumrake {
 /// A square painted in one colour inside a thin line, to be clicked.
 class ColourSwatch : public Watched<QWidget> {
   public:
-    using Watched<QWidget>::Watched;
+    explicit ColourSwatch(QWidget* parent);
 
     /// The colour as it was given, its high byte included; only the lower three are painted.
     Colour BackColor() const { return colour_; }

@@ -163,6 +163,9 @@ constexpr ControlRow kSwatches[] = {
     {kFrame + 4, "", "", "", 98, 62, 138, 16, 16}, {kFrame + 4, "", "", "", 98, 86, 138, 16, 16},
 };
 
+/// What a screen reader calls the swatches.
+constexpr const char* kColours[] = {"black", "blue", "red", "magenta", "green", "cyan", "yellow", "white"};
+
 constexpr const char* kMenu[] = {"Set to &default", "Copy &normal to bright", "Copy &bright to normal",
                                  "S&pread normal",  "Sp&read bright"};
 // clang-format on
@@ -234,6 +237,10 @@ void frmPrefs::CreateControls() {
     shpMarker->setObjectName(QStringLiteral("shpMarker"));
     shpMarker->resize(kMarker);
     CreateArray<ColourSwatch>(lblPalette, "lblPalette", kSwatches, Prompt::OnMove);
+    for (std::size_t i = 0; i < lblPalette.size(); ++i) {
+        lblPalette[i]->setAccessibleName(
+            Latin(i < kBrightStart ? "%1" : "Bright %1").arg(Latin(kColours[i % kBrightStart])));
+    }
     CreateArray<Watched<QSlider>>(scrCol, "scrCol", kSliders, Prompt::OnFocus);
     CreateArray<Watched<QLabel>>(lblCol, "lblCol", kNumbers, Prompt::OnMove);
     CreateArray<Watched<QPushButton>>(cmdPrefs, "cmdPrefs", kButtons, Prompt::OnBoth);

@@ -1,4 +1,5 @@
 // Controls, their places, zoom, status bar, activation.
+#include "platform/accessible_role.h"
 #include "platform/colour_button.h"
 #include "platform/mouse_filter.h"
 #include "platform/panel_bar.h"
@@ -101,6 +102,7 @@ void frmSnapshot::CreateControls() {
     picImage = new PictureBox(picContainer);
     picImage->setFocusPolicy(Qt::StrongFocus);
     picImage->setAccessibleName(QStringLiteral("Picture"));
+    SetAccessibleRole(picContainer, QAccessible::Pane);
     picContainer->setAccessibleName(QStringLiteral("Ground of the picture"));
     picContainer->setFocusPolicy(Qt::ClickFocus);
     picContainer->setFocusProxy(picImage);
