@@ -5,13 +5,37 @@
 #include <QFont>
 #include <QGuiApplication>
 #include <QMainWindow>
+#include <QProxyStyle>
 #include <QScreen>
-#include <QStyleFactory>
+#include <QStyleOptionTitleBar>
 #include <QWidget>
 
 #include <algorithm>
 
 namespace lumrake {
+
+namespace {
+
+/// Fusion, but for the title of the active child: that is white over a shadow in the colour of texts, and on a
+/// dark desktop, where texts are white, title and shadow would run into a blur.
+class Look : public QProxyStyle {
+  public:
+    Look() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        const auto* title = qstyleoption_cast<const QStyleOptionTitleBar*>(option);
+        if (title == nullptr || (title->titleBarState & Qt::WindowActive) == 0) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        QStyleOptionTitleBar shadowed(*title);
+        shadowed.palette.setColor(QPalette::Text, Qt::black);
+        QProxyStyle::drawComplexControl(control, &shadowed, painter, widget);
+    }
+};
+
+} // namespace
 
 HourglassScope::HourglassScope() {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
@@ -51,7 +75,7 @@ void CentreOnScreen(QWidget& window) {
 }
 
 void PinLook() {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new Look);
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(11);
     QApplication::setFont(font);
