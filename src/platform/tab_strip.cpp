@@ -1,8 +1,8 @@
 #include "platform/tab_strip.h"
 
 #include <QApplication>
-#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStyleOptionTab>
 #include <QStyleOptionTabWidgetFrame>
@@ -118,6 +118,15 @@ TabStrip::TabStrip(const std::vector<Tab>& tabs, QWidget* parent)
             Click(index);
         }
     });
+    // Shortcuts, for a list of choices takes every key that has a character, Ctrl+Tab with it.
+    const int count = static_cast<int>(tabs.size());
+    const std::pair<const char*, int> turns[] = {
+        {"Ctrl+Tab", 1}, {"Ctrl+PgDown", 1}, {"Ctrl+Shift+Tab", count - 1}, {"Ctrl+PgUp", count - 1}};
+    for (const auto& [keys, step] : turns) {
+        auto* turn = new QShortcut(QKeySequence(QLatin1String(keys)), this);
+        QObject::connect(turn, &QShortcut::activated, this,
+                         [this, count, by = step] { SetTab((CurrentTab() + by) % count); });
+    }
     QObject::connect(bar_, &QTabBar::tabBarClicked, this, [this](int index) {
         if (Click && index >= 0 && index == bar_->currentIndex()) {
             Click(index);
@@ -160,22 +169,6 @@ void TabStrip::mouseMoveEvent(QMouseEvent* event) {
         const QPoint place = event->position().toPoint();
         MouseMove(place.x(), place.y());
     }
-}
-
-void TabStrip::keyPressEvent(QKeyEvent* event) {
-    const bool control = (event->modifiers() & Qt::ControlModifier) != 0;
-    const int count = bar_->count();
-    int step = 0;
-    if (control && (event->key() == Qt::Key_Tab || event->key() == Qt::Key_PageDown)) {
-        step = 1;
-    } else if (control && (event->key() == Qt::Key_Backtab || event->key() == Qt::Key_PageUp)) {
-        step = count - 1;
-    }
-    if (step == 0 || count == 0) {
-        QWidget::keyPressEvent(event);
-        return;
-    }
-    SetTab((CurrentTab() + step) % count);
 }
 
 } // namespace lumrake

@@ -22,7 +22,8 @@ struct Tab {
 
 /// Pages behind a row of tabs at fixed places, so that what stands for a tab under the mouse can be worked
 /// out from numbers and does not hang on the width of a font. A gap between two tabs belongs to the left one.
-/// A single tab takes no focus.
+/// A single tab takes no focus. Ctrl+Tab, Ctrl+PageDown and their opposites turn the pages from anywhere in the
+/// window.
 class TabStrip : public QWidget {
   public:
     static constexpr int kTabHeight = 21; ///< rows 0 to 20 are tabs, the pages begin below
@@ -45,8 +46,6 @@ class TabStrip : public QWidget {
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    /// Ctrl+Tab, Ctrl+PageDown and their opposites turn the pages from any control on them.
-    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     FixedTabBar* bar_;
