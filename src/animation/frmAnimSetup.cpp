@@ -349,7 +349,12 @@ bool frmAnimSetup::ValidateSettings() {
     MsgBox(QString::fromStdString(fault->sMessage), BoxButtons::Ok, BoxIcon::Exclamation,
            QStringLiteral("Animation Setup"));
     SSTab1->SetTab(0); // all tested fields lie there
-    ControlOf(fault->field)->setFocus();
+    QWidget* const field = ControlOf(fault->field);
+    field->setFocus();
+    const auto edit = std::find(txtAnimSetup.begin(), txtAnimSetup.end(), field);
+    if (edit != txtAnimSetup.end() && !field->hasFocus()) {
+        (*edit)->GotFocus(); // the focus comes with the window, when the box has gone, and is not told then
+    }
     return false;
 }
 
