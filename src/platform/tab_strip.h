@@ -22,8 +22,8 @@ struct Tab {
 
 /// Pages behind a row of tabs at fixed places, so that what stands for a tab under the mouse can be worked
 /// out from numbers and does not hang on the width of a font. A gap between two tabs belongs to the left one.
-/// A single tab takes no focus. Ctrl+Tab, Ctrl+PageDown and their opposites turn the pages from anywhere in the
-/// window.
+/// A single tab takes no focus. Ctrl+Tab, Ctrl+PageDown and their opposites turn the pages from anywhere in
+/// the window.
 class TabStrip : public QWidget {
   public:
     static constexpr int kTabHeight = 21; ///< rows 0 to 20 are tabs, the pages begin below
