@@ -28,16 +28,19 @@ BoxAnswer ShowRealBox(const MessageBox& message) {
     case BoxIcon::Question: box.setIcon(QMessageBox::Question); break;
     }
     BoxAnswer closed = BoxAnswer::Ok;
+    // Desktops arrange the buttons in orders of their own; Enter means the same on all of them.
     switch (message.buttons) {
     case BoxButtons::Ok: box.setStandardButtons(QMessageBox::Ok); break;
     case BoxButtons::YesNo:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setEscapeButton(QMessageBox::No);
+        box.setDefaultButton(QMessageBox::Yes);
         closed = BoxAnswer::No;
         break;
     case BoxButtons::YesNoCancel:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         box.setEscapeButton(QMessageBox::Cancel);
+        box.setDefaultButton(QMessageBox::Yes);
         closed = BoxAnswer::Cancel;
         break;
     }
