@@ -102,7 +102,11 @@ void BitPictureView::paintEvent(QPaintEvent* event) {
     }
     if (border_ > 0) {
         painter.setClipping(false);
-        qDrawShadePanel(&painter, rect(), palette(), true, border_);
+        if (hasFocus()) {
+            qDrawPlainRect(&painter, rect(), palette().color(QPalette::Highlight), border_);
+        } else {
+            qDrawShadePanel(&painter, rect(), palette(), true, border_);
+        }
     }
 }
 

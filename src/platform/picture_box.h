@@ -31,7 +31,8 @@ class BitPictureView : public QWidget {
   public:
     explicit BitPictureView(QWidget* parent = nullptr);
 
-    /// Room around the picture that a sunken frame is drawn in, in logical pixels; 0 at first.
+    /// Room around the picture that a sunken frame is drawn in, in logical pixels; 0 at first. The frame shows
+    /// that the keys go here.
     void SetBorder(int pixels);
     void SetBackground(const QColor& colour);
     /// Repaints these logical pixels: with a fractional device pixel ratio, every device pixel they touch.
