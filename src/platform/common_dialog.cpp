@@ -5,7 +5,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QStringList>
+#include <QTreeView>
 
 #include <utility>
 
@@ -52,6 +54,12 @@ QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
     } else {
         dialog.setDirectory(proposed.absolutePath());
         dialog.selectFile(proposed.fileName());
+    }
+    // Left to itself the dialog cuts sizes and dates, but has room for types, which nobody knows of such files.
+    if (auto* list = dialog.findChild<QTreeView*>()) {
+        list->hideColumn(2);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     }
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
