@@ -181,8 +181,6 @@ class frmSnapshot : public QWidget {
     };
     /// A net lies in this window on which Cut, Copy, Delete and the export can act.
     bool HasNet() const { return shpNet.Visible && !shpNet.Frame && shpNet.Width > 1; }
-    /// Switches the commands of the net by it, if this is the active window.
-    void FollowNet();
     void StartNet(const MouseArgs& args);
     void DragNet(const MouseArgs& args);
     void EndNet();

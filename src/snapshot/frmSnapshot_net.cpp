@@ -65,12 +65,8 @@ void frmSnapshot::EndNet() {
     shape.Dotted = true;
     SetShape(shape);
     ShowCoords(1, 0, 0);
-    FollowNet();
-}
-
-/// A window that opened under the drag has the commands now, and no net of this one. The area may know of no
-/// active window while another program is in front.
-void frmSnapshot::FollowNet() {
+    // A window that opened under the drag has the commands now, and no net of this one. The area may know of no
+    // active window while another program is in front.
     const auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(this));
     const QMdiSubWindow* active = frame == nullptr ? nullptr : frame->mdiArea()->currentSubWindow();
     if (active == nullptr || active == frame) {
@@ -87,7 +83,6 @@ void frmSnapshot::ScaleNet(std::int32_t iOldFactor) {
         net = FrameOf(block);
     }
     SetShape(shpNet.At(net));
-    FollowNet(); // the commands count screen pixels: a net of one grows past it, or shrinks to it
 }
 
 void frmSnapshot::SetShape(const Shape& shape) {

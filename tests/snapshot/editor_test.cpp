@@ -68,9 +68,9 @@ TEST_F(Editor, NetFollowsTheDragAndSwitchesItsCommands) {
     const std::tuple<std::int16_t, float, float, float, float, NetRect, int> cases[] = {
         {3, 10, 10, 21, 10, { 8, 8, 12, 0}, 1}, // wide enough, though without height
         {3, 10, 10,  7,  7, { 4, 4,  4, 4}, 1},
+        {1,  5,  5,  6,  9, { 5, 5,  1, 4}, 0}, // one screen pixel
         {2,  4,  4,  6,  8, { 4, 4,  2, 4}, 1}, // one picture pixel of two screen pixels
         {1,  5,  5, -9,  6, {-9, 5, 14, 1}, 1},
-        {1,  5,  5,  6,  9, { 5, 5,  1, 4}, 0}, // one screen pixel
     };
     // clang-format on
     Window window(stage, Bytes(6144), 256, 192);
@@ -81,9 +81,8 @@ TEST_F(Editor, NetFollowsTheDragAndSwitchesItsCommands) {
         EXPECT_EQ(window.probe.Net(), net);
         EXPECT_EQ(stage.TakeNotices(QStringLiteral("EnableFunction 5 %1").arg(commands)), 1) << toX;
     }
-    window.form->SetZoom(4); // the net stays on its pixels, and is wide enough now
-    EXPECT_EQ(window.probe.Net(), (NetRect{40, 40, 8, 32}));
-    EXPECT_EQ(stage.TakeNotices(QStringLiteral("EnableFunction 5 1")), 1);
+    window.form->SetZoom(4); // the net stays on its pixels
+    EXPECT_EQ(window.probe.Net(), (NetRect{-72, 40, 112, 8}));
 }
 
 /// Where the border crosses the picture its pixels are inverted, the corners of thin nets once too; all others
