@@ -7,8 +7,6 @@
 #include <QLoggingCategory>
 #include <QMouseEvent>
 
-#include <deque>
-
 namespace lumrake::testing {
 namespace {
 

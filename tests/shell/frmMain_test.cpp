@@ -1,153 +1,88 @@
+#include "shell/file_commands.h"
 #include "shell/main_stage.h"
+#include "snapshot/snapshot_probe.h"
 
 #include <QFileInfo>
-
-#include <set>
+#include <QToolButton>
 
 namespace lumrake::testing {
 namespace {
 
-const QString kSnapshotKind = QStringLiteral("SNAPSHOT");
-const QString kAnimationKind = QStringLiteral("ANIMATION");
-
-const std::set<int> kAlways = {2, 18, 19};
-
-std::set<int> EnabledButtons() {
-    std::set<int> enabled;
-    for (int button = 1; button <= 20; ++button) {
-        if (MainStage::Bar().IsButtonEnabled(button)) {
-            enabled.insert(button);
+/// The program with three changed documents a, b and c, of which c is active.
+class ThreeChanged : public MainStage {
+  public:
+    ThreeChanged() {
+        Start();
+        for (const char* name : {"a", "b", "c"}) {
+            OpenSnapshotFile(Snapshot(QLatin1String(name)));
+            SnapshotProbe{*MainWindow()->ActiveSnapshot()}.Changed() = -1;
         }
     }
-    return enabled;
+    /// The documents that were asked about since the last call; e is the end of "Are you sure?".
+    std::string Asked() {
+        std::string letters;
+        for (const QString& box : std::exchange(boxes, {})) {
+            letters += box.at(box.size() - 2).toLatin1();
+        }
+        return letters;
+    }
+};
+
+using enum BoxAnswer;
+
+TEST(MainWindow, ExitStopsAtTheFirstChildThatStays) {
+    ThreeChanged stage;
+    stage.answers = {No, Cancel};
+    stage.Click(Menu::menu_exit);
+    EXPECT_EQ(stage.Asked(), "ab");
+    EXPECT_EQ(iSnapshotCount, 2);
+    EXPECT_EQ(stage.ended, 0);
+    EXPECT_FALSE(QFileInfo::exists(SettingsFile()));
+    stage.answers = {Yes, No};
+    MainWindow()->close();
+    EXPECT_EQ(stage.Asked(), "bc");
+    EXPECT_EQ(stage.ended, 1);
 }
 
-TEST(MainWindow, ButtonsFollowTheKindOfTheActiveChild) {
-    MainStage stage;
-    frmMain& main = stage.Start();
-    EXPECT_EQ(EnabledButtons(), kAlways);
-    iSnapshotCount = 1;
-    main.UpdateToolbars(kSnapshotKind, true);
-    main.UpdateToolbars(kAnimationKind, false);
-    EXPECT_EQ(EnabledButtons(), (std::set{2, 3, 4, 10, 11, 12, 13, 15, 16, 18, 19}));
-    main.UpdateToolbars(kAnimationKind, true);
-    main.UpdateToolbars(kSnapshotKind, false);
-    EXPECT_EQ(EnabledButtons(), (std::set{2, 18, 19, 20}));
-    main.EnableFunction(kGroupCut, true);
-    iSnapshotCount = 0;
-    main.UpdateToolbars(kAnimationKind, false);
-    EXPECT_EQ(EnabledButtons(), kAlways);
-}
-
-TEST(MainWindow, EachGroupSwitchesItsButtonAndEntry) {
-    MainStage stage;
-    frmMain& main = stage.Start();
-    for (std::int16_t group = -1; group <= 7; ++group) {
-        main.EnableFunction(group, true);
-        for (int Index = 1; Index <= 4; ++Index) {
-            EXPECT_EQ(stage.IsOn(Menu::menu_edit, Index), Index == group) << group;
-        }
-        EXPECT_EQ(stage.IsOn(Menu::menu_exportselect), group == 5) << group;
-        std::set<int> buttons = kAlways;
-        if (group >= 1 && group <= 3) {
-            buttons.insert(group + 5);
-        }
-        EXPECT_EQ(EnabledButtons(), buttons) << group;
-        main.EnableFunction(group, false);
+TEST(MainWindow, CloseAllAsksTheActiveChildAgainAsLongAsItStays) {
+    ThreeChanged stage;
+    stage.answers = {Yes, Cancel, Cancel, No, No, Yes, No, No};
+    for (const auto& [asked, left] : {std::pair{"eccc", 2}, {"e", 2}, {"eba", 0}}) {
+        stage.Click(Menu::menu_closeall);
+        EXPECT_EQ(stage.Asked(), asked);
+        EXPECT_EQ(iSnapshotCount, left);
     }
 }
 
 TEST(MainWindow, TheCoordinatesPanelNeverCoversAButton) {
     MainStage stage;
     frmMain& main = stage.Start();
-    for (const int width : {1, 621, 1400}) {
+    for (const int width : {1, 1400}) {
         main.resize(width, 400);
         EXPECT_GE(MainProbe::Coords(main).x(), stage.Bar().FullWidth()) << width;
         EXPECT_EQ(MainProbe::Coords(main).x(), main.frameGeometry().width() - 181);
     }
 }
 
-TEST(MainWindow, ToolsEndTheSelectionButTheNetDoesNot) {
-    MainStage stage;
-    frmMain& main = stage.Start();
-    const std::pair<int, std::int16_t> tools[] = {
-        {11, kToolMagnify}, {12, kToolNet}, {13, kToolPan}, {10, kToolDraw}};
-    main.UpdateToolbars(kSnapshotKind, true);
-    for (const auto& [button, tool] : tools) {
-        for (std::int16_t group = 1; group <= 5; ++group) {
-            main.EnableFunction(group, true);
-        }
-        stage.Bar().ButtonClick(button);
-        EXPECT_EQ(iCurrentTool, tool);
-        for (const int Index : {1, 2, 4}) {
-            EXPECT_EQ(stage.IsOn(Menu::menu_edit, Index), tool == kToolNet) << button;
-        }
-        EXPECT_EQ(stage.IsOn(Menu::menu_exportselect), tool == kToolNet) << button;
-        EXPECT_TRUE(stage.IsOn(Menu::menu_edit, 3));
-    }
-}
-
-TEST(MainWindow, ExitStopsAtTheFirstChildThatStays) {
-    MainStage stage;
-    frmMain& main = stage.Start();
-    for (const char* title : {"a", "b", "c"}) {
-        new AskingChild(QLatin1String(title));
-    }
-    stage.answers = {BoxAnswer::No, BoxAnswer::Cancel};
-    stage.Click(Menu::menu_exit);
-    EXPECT_EQ(stage.boxes, (std::vector<QString>{QStringLiteral("child|a"), QStringLiteral("child|b")}));
-    EXPECT_TRUE(main.isVisible());
-    EXPECT_EQ(iSnapshotCount, 2);
-    EXPECT_EQ(stage.ended, 0);
-    EXPECT_FALSE(QFileInfo::exists(SettingsFile()));
-
-    stage.answers = {BoxAnswer::Yes, BoxAnswer::No};
-    main.close();
-    EXPECT_EQ(iSnapshotCount, 0);
-    EXPECT_EQ(stage.ended, 1);
-    EXPECT_EQ(QFileInfo(SettingsFile()).size(), 526);
-}
-
-TEST(MainWindow, CloseAllAsksTheActiveChildAgainAsLongAsItStays) {
+TEST(MainWindow, OneToolIsPressedAndAClickOnItIsToldAgain) {
     MainStage stage;
     stage.Start();
-    for (const char* title : {"a", "b", "c"}) {
-        new AskingChild(QLatin1String(title));
+    OpenSnapshotFile(stage.Snapshot(QStringLiteral("a.sna")));
+    const std::tuple<const char*, int, std::int16_t> clicks[] = {
+        {"Zoom", 11, kToolMagnify}, {"Select", 12, kToolNet}, {"Pan", 13, kToolPan}, {"Draw", 10, kToolDraw}};
+    for (const auto& [name, button, tool] : clicks) {
+        for (QToolButton* control : stage.Bar().findChildren<QToolButton*>()) {
+            if (control->toolTip().startsWith(QLatin1String(name))) {
+                QTest::mouseClick(control, Qt::LeftButton);
+                iCurrentTool = kToolPlacing;
+                QTest::mouseClick(control, Qt::LeftButton);
+            }
+        }
+        EXPECT_EQ(iCurrentTool, tool);
+        for (int other = 10; other <= 13; ++other) {
+            EXPECT_EQ(stage.Bar().IsButtonPressed(other), other == button);
+        }
     }
-    stage.answers = {BoxAnswer::Yes, BoxAnswer::Cancel, BoxAnswer::Cancel, BoxAnswer::No};
-    stage.Click(Menu::menu_closeall);
-    const QString c = QStringLiteral("child|c");
-    EXPECT_EQ(stage.boxes, (std::vector<QString>{QStringLiteral("Close all|Are you sure?"), c, c, c}));
-    EXPECT_EQ(iSnapshotCount, 2);
-
-    stage.answers = {BoxAnswer::No, BoxAnswer::Yes, BoxAnswer::No, BoxAnswer::No};
-    stage.Click(Menu::menu_closeall);
-    EXPECT_EQ(iSnapshotCount, 2);
-    stage.Click(Menu::menu_closeall);
-    EXPECT_EQ(iSnapshotCount, 0);
-}
-
-TEST(MainWindow, TheWindowListShowsAndChoosesTheActiveChild) {
-    MainStage stage;
-    frmMain& main = stage.Start();
-    auto* first = new AskingChild(QStringLiteral("cut & run.sna"));
-    new AskingChild(QStringLiteral("b"));
-    QMenu* menu = main.Entry(Menu::menu_window)->menu();
-    emit menu->aboutToShow();
-    QList<QAction*> entries = menu->actions();
-    ASSERT_EQ(entries.size(), 4); // Close all, a line, the two
-    EXPECT_EQ(entries[2]->text(), QStringLiteral("&1 cut && run.sna"));
-    EXPECT_FALSE(entries[2]->isChecked());
-    EXPECT_TRUE(entries[3]->isChecked());
-    entries[2]->trigger();
-    EXPECT_EQ(main.ActiveForm(), first);
-
-    stage.answers = {BoxAnswer::No, BoxAnswer::No};
-    ChildFrame(first)->close();
-    ChildFrame(main.ActiveForm())->close();
-    emit menu->aboutToShow();
-    EXPECT_EQ(menu->actions().size(), 1);
-    EXPECT_EQ(main.ActiveForm(), nullptr);
 }
 
 } // namespace

@@ -7,12 +7,8 @@
 #include "support/forms_support.h"
 
 #include <QAction>
-#include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace lumrake {
 
@@ -46,35 +42,11 @@ class MainStage : public Stage {
     static void EndRun() { delete MainWindow(); }
 
     static void Click(Menu name, int Index = 0) { MainWindow()->Entry(name, Index)->trigger(); }
-    static bool IsOn(Menu name, int Index = 0) { return MainWindow()->Entry(name, Index)->isEnabled(); }
     static Toolbar& Bar() { return MainProbe::Bar(*MainWindow()); }
 
     QString Snapshot(const QString& name) const { return MakeFile(name, NoiseBytes(6912)); }
 
     int ended = 0; ///< how often the process would have ended
-};
-
-/// A child that asks on closing, as a document with changes does.
-class AskingChild : public QWidget {
-  public:
-    explicit AskingChild(const QString& title) {
-        setWindowTitle(title);
-        AdoptChild(this);
-        ++iSnapshotCount;
-        ChildFrame(this)->show();
-    }
-
-  protected:
-    void closeEvent(QCloseEvent* event) override {
-        const BoxAnswer answer =
-            MsgBox(windowTitle(), BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("child"));
-        if (answer == BoxAnswer::Cancel) {
-            event->ignore();
-        } else {
-            --iSnapshotCount;
-            event->accept();
-        }
-    }
 };
 
 } // namespace testing

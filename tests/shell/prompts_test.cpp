@@ -10,7 +10,6 @@
 #include "snapshot/snapshot_probe.h"
 
 #include <QCheckBox>
-#include <QFile>
 #include <QLabel>
 
 namespace lumrake::testing {
@@ -27,9 +26,6 @@ struct Array {
     int first, count, onMove, onFocus;
 };
 
-/// A place on a row of tabs, and its help number.
-using OnTabs = std::pair<QPoint, int>;
-
 /// The whole program with the assistant on and the help file that it comes with.
 class Prompts : public ::testing::Test {
   protected:
@@ -41,19 +37,18 @@ class Prompts : public ::testing::Test {
         stage.Click(Menu::menu_fizzlet);
         bubble = Find<QLabel>(main, "lblBubble");
     }
-    void Open(QWidget& form) {
+    void Open(QWidget& form, int number) {
         main.ShowPrompt(kUnknown);
         form.show();
         form.activateWindow();
         EXPECT_TRUE(QTest::qWaitFor([&form] { return form.isActiveWindow(); }));
+        ExpectSaid(number, form, {});
     }
-    void ExpectSaid(int number, const QString& what) const {
-        EXPECT_EQ(bubble->isVisible(), number != 0) << what.toStdString();
-        if (number != 0) {
-            EXPECT_EQ(bubble->text().toStdString(),
-                      FindPrompt(help, number).value_or("Sorry, I can't help you with that one!"))
-                << what.toStdString() << ' ' << number;
-        }
+    void ExpectSaid(int number, const QWidget& control, QPoint place) const {
+        const std::string said = bubble->isVisible() ? bubble->text().toStdString() : std::string();
+        const auto unknown = number == 0 ? "" : "Sorry, I can't help you with that one!";
+        EXPECT_EQ(said, FindPrompt(help, number).value_or(unknown))
+            << number << ": " << control.objectName().toStdString() << ' ' << place.x() << ',' << place.y();
     }
     /// Moves the mouse to a place of a control; what lies on top there gets the move.
     void Hover(QWidget& control, QPoint place, int number) {
@@ -64,16 +59,15 @@ class Prompts : public ::testing::Test {
         QMouseEvent move(QEvent::MouseMove, local, under->mapToGlobal(local), Qt::NoButton, {}, {});
         main.ShowPrompt(kUnknown);
         QCoreApplication::sendEvent(under, &move);
-        ExpectSaid(number,
-                   QStringLiteral("%1 %2,%3").arg(control.objectName()).arg(place.x()).arg(place.y()));
+        ExpectSaid(number, control, place);
     }
     void Focus(QWidget& control, int number) {
         control.window()->setFocus();
         main.ShowPrompt(kUnknown);
         control.setFocus();
-        ExpectSaid(number, QStringLiteral("focus on %1").arg(control.objectName()));
+        ExpectSaid(number, control, {-1, -1});
     }
-    void Try(QWidget& form, std::span<const Array> arrays, std::span<const OnTabs> tabs) {
+    void Try(QWidget& form, std::span<const Array> arrays, std::span<const std::pair<QPoint, int>> tabs) {
         auto* strip = Find<TabStrip>(form, "SSTab1");
         for (const auto& [place, number] : tabs) {
             Hover(*strip, place, number);
@@ -81,8 +75,7 @@ class Prompts : public ::testing::Test {
         for (const Array& array : arrays) {
             strip->SetTab(array.page);
             for (int i = 0; i < array.count; ++i) {
-                const auto name =
-                    QStringLiteral("%1(%2)").arg(QLatin1String(array.name)).arg(array.first + i);
+                const QString name = u"%1(%2)"_qs.arg(QLatin1String(array.name)).arg(array.first + i);
                 QWidget& control = *Find(form, qPrintable(name));
                 Hover(control, {3, 3}, array.onMove > 0 ? array.onMove + i : array.onMove);
                 if (array.onFocus > 0) {
@@ -90,6 +83,7 @@ class Prompts : public ::testing::Test {
                 }
             }
         }
+        Hover(form, {1, 1}, 0);
     }
 
     MainStage stage;
@@ -158,14 +152,11 @@ TEST_F(Prompts, AnimationSetup) {
         {0, "cboAnimSetup", 0, 2, 51, 51}, {0, "txtAnimSetup", 2, 6, 53, 53}, {0, "chkAnimSetup", 0, 1, 59, 59},
         {0, "cmdSetup",     4, 1, 60, 60}, {0, "cmdSetup",     0, 2, 61, 61}, {1, "txtAnimSetup", 8, 1, 63, 63},
     };
-    const OnTabs kTabs[] = {{{1, 3}, 46},  {{51, 18}, 46}, {{52, 9}, 0}, {{56, 3}, 47}, {{94, 18}, 47},
-                                {{95, 9}, 0},  {{30, 2}, 0},   {{30, 19}, 0}, {{12, 36}, 0}, {{12, 225}, 0}};
+    const std::pair<QPoint, int> kTabs[] = {{{51, 18}, 46}, {{52, 9}, 0}, {{56, 3}, 47}, {{94, 9}, 47}, {{95, 9}, 0}};
     // clang-format on
     frmAnimSetup form;
-    Open(form);
-    ExpectSaid(48, QStringLiteral("opened"));
+    Open(form, 48);
     Try(form, kArrays, kTabs);
-    Hover(form, {1, 1}, 0);
     Find<TabStrip>(form, "SSTab1")->SetTab(0);
     Focus(*Find(form, "cboAnimSetup(1)"), 52);
     Focus(*Find(form, "chkAnimSetup(0)"), 59); // this one leaves the status bar alone
@@ -181,15 +172,13 @@ TEST_F(Prompts, Preferences) {
         {3, "frmPrefs", 4, 1, 0,   0}, {1, "lblPrefs",   4, 1,      0,  0}, {3, "imgPrefs",   3,  1,  0,  0},
         {3, "lblPalette", 0, 1, 98, 0}, {3, "lblPalette", 15, 1, 98, 0},
     };
-    const OnTabs kTabs[] = {{{1, 9}, 0},    {{2, 9}, 69},   {{52, 9}, 69},  {{53, 9}, 70},  {{104, 9}, 70},
-                                {{105, 9}, 71}, {{170, 9}, 71}, {{171, 9}, 72}, {{216, 9}, 72}, {{217, 9}, 0},
-                                {{60, 2}, 0},   {{60, 3}, 70},  {{60, 18}, 70}, {{60, 19}, 0}};
+    const std::pair<QPoint, int> kTabs[] = {
+        {{1, 9}, 0},    {{2, 9}, 69},   {{52, 9}, 69},  {{53, 9}, 70},  {{104, 9}, 70}, {{105, 9}, 71}, {{170, 9}, 71},
+        {{171, 9}, 72}, {{216, 9}, 72}, {{217, 9}, 0},  {{60, 2}, 0},   {{60, 3}, 70},  {{60, 18}, 70}, {{60, 19}, 0}};
     // clang-format on
     frmPrefs form;
-    Open(form);
-    ExpectSaid(73, QStringLiteral("opened"));
+    Open(form, 73);
     Try(form, kArrays, kTabs);
-    Hover(form, {1, 1}, 0);
     Find<TabStrip>(form, "SSTab1")->SetTab(1);
     Find<QAbstractButton>(form, "optMode(1)")->click();
     Hover(*Find(form, "txtDefault(1)"), {3, 3}, 0); // disabled
@@ -197,37 +186,38 @@ TEST_F(Prompts, Preferences) {
 
 TEST_F(Prompts, AttributePicker) {
     frmColours form;
-    Open(form);
-    ExpectSaid(66, QStringLiteral("opened"));
+    Open(form, 66);
     Hover(form, {1, 1}, 0);
     const QList<QLabel*> squares = form.findChildren<QLabel*>();
     ASSERT_EQ(squares.size(), 9);
     for (QLabel* square : squares) {
         Hover(*square, {5, 5}, square->text().isEmpty() ? 64 : 65);
     }
-    for (const auto& [caption, number] : {std::pair{"Bright", 66}, {"&Cancel", 67}, {"&Select", 68}}) {
-        for (auto* button : form.findChildren<QAbstractButton*>()) {
-            if (button->text() == QLatin1String(caption)) {
-                Hover(*button, {5, 9}, number);
-                Focus(*button, number);
-            }
+    const std::map<QString, int> captions{{u"Bright"_qs, 66}, {u"&Cancel"_qs, 67}, {u"&Select"_qs, 68}};
+    for (auto* button : form.findChildren<QAbstractButton*>()) {
+        if (!button->text().isEmpty()) { // the row of tabs has two without
+            Hover(*button, {5, 9}, captions.at(button->text()));
+            Focus(*button, captions.at(button->text()));
         }
     }
 }
 
 TEST_F(Prompts, AboutBox) {
     frmAbout form;
-    Open(form);
+    Open(form, kUnknown);
     const std::tuple<bool, const char*, int> cases[] = {
-        {false, "Image1", 12}, {false, "cmdOkay", 13}, {false, "cmdFlip", 14},
-        {false, "Label2", 15}, {false, "Label1", 0},   {false, "Frame1", 0},
-        {true, "cmdFlip", 16}, {true, "cmdOkay", 13},  {true, "lblPeople", 0}};
+        {false, "Image1", 12},  {false, "cmdOkay", 13}, {false, "cmdFlip", 14}, {false, "Label2", 15},
+        {false, "Label1", 0},   {false, "Frame1", 0},   {true, "cmdFlip", 16},  {true, "cmdOkay", 13},
+        {true, "lblPeople", 0}, {false, "cmdFlip", 14}};
     for (const auto& [credits, control, number] : cases) {
         if (Find(form, "Frame2")->isVisible() != credits) {
             Press(form, "cmdFlip");
         }
+        EXPECT_NE(Find(form, "Frame1")->isVisible(), credits);
         Hover(*Find(form, control), {3, 3}, number);
     }
+    Press(form, "cmdOkay");
+    EXPECT_FALSE(form.isVisible());
 }
 
 } // namespace

@@ -1,10 +1,5 @@
 #include "support/forms_support.h"
 
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <random>
 
 namespace lumrake::testing {

@@ -4,10 +4,16 @@
 #include "platform/message_box.h"
 #include "shell/shell.h"
 
-#include <QString>
+#include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <deque>
+#include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <vector>
