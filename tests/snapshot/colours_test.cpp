@@ -5,10 +5,7 @@
 #include <QCheckBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace lumrake {
 
@@ -55,29 +52,24 @@ TEST_F(Colours, SelectGivesBackWhatItStartedFrom) {
     }
 }
 
-TEST_F(Colours, ButtonsOfTheMouseChooseInkAndPaper) {
-    const auto choose = [this] {
-        open.Press(2, Qt::LeftButton);
-        open.Press(6, Qt::RightButton);
-        open.Press(5, Qt::MiddleButton);
-        open.Press(8, Qt::LeftButton); // the sample offers no colour
-        open.Bright().click();
-        ExpectShown(10, 14);
-        open.Bright().click();
-        open.Button(0);
-    };
-    EXPECT_EQ(open.Pick(-1, choose), 50);
-}
-
-TEST_F(Colours, EveryOtherWayOutIsACancelAndKeysAreNone) {
-    const auto change = [this] {
-        open.Press(1, Qt::LeftButton);
-        for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
-            QTest::keyClick(&open.Bright(), key);
-            EXPECT_TRUE(open.form.isVisible()) << key;
-        }
-    };
-    EXPECT_EQ(open.Pick(9, change), -1); // the close box
+TEST_F(Colours, ButtonsOfTheMouseChooseInkAndPaperAndKeysChooseNothing) {
+    for (const bool select : {true, false}) { // else by the close box, which is a Cancel as well
+        const auto choose = [this, select] {
+            open.Press(2, Qt::LeftButton);
+            open.Press(6, Qt::RightButton);
+            open.Press(5, Qt::MiddleButton);
+            open.Press(8, Qt::LeftButton); // the sample offers no colour
+            open.Bright().click();
+            ExpectShown(10, 14);
+            open.Bright().click();
+            for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+                QTest::keyClick(&open.Bright(), key);
+                EXPECT_TRUE(open.form.isVisible()) << key;
+            }
+            select ? open.Button(0) : void();
+        };
+        EXPECT_EQ(open.Pick(-1, choose), select ? 50 : -1);
+    }
     EXPECT_EQ(open.Pick(9, [this] { open.Button(1); }), -1);
 }
 

@@ -39,10 +39,5 @@ TEST(ScrolledOffset, MovesByLinesAndPages) {
     }
 }
 
-TEST(NextAttribute, StepsOneColourAndDropsBit7) {
-    EXPECT_EQ(NextAttribute(199, 0), 64);
-    EXPECT_EQ(NextAttribute(56 + 3, 1), 3);
-}
-
 } // namespace
 } // namespace lumrake

@@ -100,11 +100,6 @@ TEST_F(Placing, AnotherWindowCopiesPastesAndGoes) {
     ExpectOver(window, kToolDraw, start);
 }
 
-TEST_F(Placing, ClosingTheWindowGivesTheToolBack) {
-    window.form->close();
-    ExpectOver(window, kToolDraw, start);
-}
-
 TEST_F(Placing, TheRestOfThePressThatDropsDrawsNothing) {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(window.form.get()));
     window.form->SetZoom(4);

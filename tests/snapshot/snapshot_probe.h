@@ -9,13 +9,6 @@
 
 #include <QApplication>
 #include <QMdiArea>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <memory>
-#include <vector>
 
 namespace lumrake {
 
