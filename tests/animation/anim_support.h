@@ -6,10 +6,6 @@
 #include "support/forms_support.h"
 #include "support/when_open.h"
 
-#include <QTest>
-
-#include <gtest/gtest.h>
-
 namespace lumrake {
 
 struct AnimationProbe {

@@ -2,10 +2,6 @@
 #include "support/forms_support.h"
 
 #include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
@@ -40,16 +36,6 @@ TEST(Files, NewNamesGoToDiskInLowerCaseUnlessAFileIsMeant) {
     stage.MakeFile(QStringLiteral("ScReEn.bmp"), NoiseBytes(1));
     EXPECT_EQ(path().path, stage.Path(QStringLiteral("screen.bmp"))) << "neither is meant";
     EXPECT_TRUE(PathForNewFile(QString()).path.isEmpty());
-}
-
-TEST(Files, AWriteGoesThroughALink) {
-    const Stage stage;
-    const QString sFile = stage.MakeFile(QStringLiteral("out.raw"), NoiseBytes(1000));
-    const QString sLink = stage.Path(QStringLiteral("link.raw"));
-    ASSERT_TRUE(QFile::link(sFile, sLink));
-    ASSERT_EQ(WriteWholeFile(sLink, NoiseBytes(10)), std::nullopt);
-    EXPECT_TRUE(QFileInfo(sLink).isSymLink());
-    EXPECT_EQ(stage.ReadFile(QStringLiteral("out.raw")), NoiseBytes(10));
 }
 
 TEST(Files, AFirstRecordKeepsTheTailBehindIt) {

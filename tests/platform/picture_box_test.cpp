@@ -9,8 +9,6 @@
 #include <QPixmap>
 #include <QScreen>
 
-#include <gtest/gtest.h>
-
 namespace lumrake {
 namespace {
 
