@@ -71,19 +71,16 @@ TEST_P(PictureOnScreen, FollowsThePixelRuleWhereItIsRepainted) {
     const QRect part(40, 30, 33, 27); // reaches under the cover
     box.repaint(part);
     ExpectScreen(box.hDC(), before, part);
-}
 
-TEST_P(PictureOnScreen, IsThereInAnEnlargedPrintToo) {
     QImage print(box.size() * 2, QImage::Format_RGB32);
     QPainter painter(&print);
     painter.scale(2, 2);
     cover.hide();
     box.render(&painter);
     const QRect inner = box.rect().adjusted(border, border, -border, -border);
-    for (int y = inner.top(); y <= inner.bottom(); y += 3) {
-        for (int x = inner.left(); x <= inner.right(); x += 3) {
-            ASSERT_EQ(print.pixel(2 * x, 2 * y), Rule(box.hDC(), {x, y})) << x << ", " << y;
-        }
+    for (int i = 0; i < inner.width() * inner.height(); i += 5) {
+        const QPoint at = inner.topLeft() + QPoint(i % inner.width(), i / inner.width());
+        ASSERT_EQ(print.pixel(2 * at), Rule(box.hDC(), at)) << "in print: " << at.x() << ", " << at.y();
     }
 }
 
@@ -92,21 +89,17 @@ INSTANTIATE_TEST_SUITE_P(ZoomAndBorder, PictureOnScreen,
 
 /// On a dense screen a place inside a logical pixel belongs to that pixel, left of the widget too.
 TEST(MousePlace, IsRoundedDown) {
-    struct Case {
-        double inWindow, given, place; ///< the widget begins at 12; a whole `given` was rounded
+    // in the window, where the widget begins at 12; as given, a whole number being rounded; the place
+    const std::tuple<double, double, double> cases[] = {
+        {20.0, 8.0, 8}, {20.25, 8.0, 8}, {20.5, 9.0, 8},    {20.75, 9.0, 8},
+        {20.5, 8.5, 8}, {11.5, 0.0, -1}, {11.25, -1.0, -1},
     };
-    // clang-format off
-    const Case cases[] = {
-        {20.0,  8.0,  8}, {20.25, 8.0,  8}, {20.5, 9.0,  8}, {20.75, 9.0, 8},
-        {20.5,  8.5,  8}, {11.5,  0.0, -1}, {11.25, -1.0, -1},
-    };
-    // clang-format on
-    for (const Case& c : cases) {
-        const QPointF given(c.given, c.given), inWindow(c.inWindow, c.inWindow);
-        const QMouseEvent event(QEvent::MouseMove, given, inWindow, inWindow, Qt::NoButton, {}, {});
+    for (const auto& [window, given, place] : cases) {
+        const QPointF inWindow(window, window);
+        const QMouseEvent event(QEvent::MouseMove, {given, given}, inWindow, inWindow, Qt::NoButton, {}, {});
         const MouseArgs args = MouseArgsOf(event, 0);
-        EXPECT_EQ(args.X, c.place) << c.inWindow;
-        EXPECT_EQ(args.Y, c.place) << c.inWindow;
+        EXPECT_EQ(args.X, place) << window;
+        EXPECT_EQ(args.Y, place) << window;
     }
 }
 

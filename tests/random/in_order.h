@@ -70,23 +70,13 @@ class Inspector {
     void CheckView(const SnapshotProbe& probe) {
         const ViewNumbers& view = probe.View();
         const bool isScreen = view.iMode == kScreen;
-        const struct {
-            const char* name;
-            int value, least, most;
-        } limits[] = {
-            {"lOffset", view.lOffset, 0, view.lFileLength - 1},
-            {"iWidth", view.iWidth, isScreen ? 256 : 8, 256},
-            {"iWidth mod 8", view.iWidth % 8, 0, 0},
-            {"iLines", view.iLines, isScreen ? 192 : 1, isScreen ? 192 : 512},
-            {"iColumns", view.iColumns, 1, isScreen || view.iMode == kText ? 1 : 16},
-            {"iMode", view.iMode, 0, 4},
-            {"iZoom", view.iZoom, 1, 5},
-            {"iZoomFactor", view.iZoomFactor, 1 << (view.iZoom - 1), 1 << (view.iZoom - 1)},
-            {"iUpsideDown", view.iUpsideDown, 0, 1},
-        };
-        for (const auto& [name, value, least, most] : limits) {
-            Expect(value >= least && value <= most, name + (" is " + std::to_string(value)));
-        }
+        const auto in = [](int value, int least, int most) { return value >= least && value <= most; };
+        Expect(in(view.lOffset, 0, view.lFileLength - 1) && in(view.iWidth, isScreen ? 256 : 8, 256) &&
+                   view.iWidth % 8 == 0 && in(view.iLines, isScreen ? 192 : 1, isScreen ? 192 : 512) &&
+                   in(view.iColumns, 1, isScreen || view.iMode == kText ? 1 : 16) && in(view.iMode, 0, 4) &&
+                   in(view.iZoom, 1, 5) && view.iZoomFactor == 1 << (view.iZoom - 1) &&
+                   in(view.iUpsideDown, 0, 1),
+               "out of limits: " + probe.Texts() + " mode " + std::to_string(view.iMode));
         const std::int32_t numbers[] = {view.lOffset, view.iWidth, view.iLines, view.iColumns};
         for (std::size_t box = 0; box < 4; ++box) {
             const QString text = probe.Box(box).text();

@@ -43,6 +43,7 @@ class Prompts : public ::testing::Test {
         form.activateWindow();
         EXPECT_TRUE(QTest::qWaitFor([&form] { return form.isActiveWindow(); }));
         ExpectSaid(number, form, {});
+        Hover(form, {1, 1}, 0);
     }
     void ExpectSaid(int number, const QWidget& control, QPoint place) const {
         const std::string said = bubble->isVisible() ? bubble->text().toStdString() : std::string();
@@ -83,7 +84,6 @@ class Prompts : public ::testing::Test {
                 }
             }
         }
-        Hover(form, {1, 1}, 0);
     }
 
     MainStage stage;
@@ -105,7 +105,6 @@ TEST_F(Prompts, MainWindow) {
         Hover(stage.Bar(), {left + 9, 14}, 0);
         stage.Click(Menu::menu_toolbar, 2); // the others move up
     }
-    Hover(MainProbe::Coords(main), {2, 12}, 39);
     Hover(MainProbe::Coords(main), {12, 12}, 39);
     Hover(*main.findChild<QMdiArea*>(), {30, 30}, 0);
     Hover(MainProbe::Status(main), {30, 9}, kNever);
@@ -187,10 +186,7 @@ TEST_F(Prompts, Preferences) {
 TEST_F(Prompts, AttributePicker) {
     frmColours form;
     Open(form, 66);
-    Hover(form, {1, 1}, 0);
-    const QList<QLabel*> squares = form.findChildren<QLabel*>();
-    ASSERT_EQ(squares.size(), 9);
-    for (QLabel* square : squares) {
+    for (QLabel* square : form.findChildren<QLabel*>()) {
         Hover(*square, {5, 5}, square->text().isEmpty() ? 64 : 65);
     }
     const std::map<QString, int> captions{{u"Bright"_qs, 66}, {u"&Cancel"_qs, 67}, {u"&Select"_qs, 68}};

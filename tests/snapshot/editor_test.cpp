@@ -7,9 +7,8 @@ namespace lumrake {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-using Window = testing::SnapshotWindow;
 
-struct Editor : testing::EditorTest {};
+using Editor = testing::SnapshotTest;
 
 TEST_F(Editor, DrawSetsWithTheLeftButtonAloneAndClearsWithAllOthers) {
     // clang-format off
@@ -21,13 +20,13 @@ TEST_F(Editor, DrawSetsWithTheLeftButtonAloneAndClearsWithAllOthers) {
     };
     // clang-format on
     for (const auto& [button, X, Y, iFlip, after] : cases) {
-        Window window(stage, {0xf0, 0x00, 0xff, 0xff}, 16, 2);
-        window.form->SetFlip(iFlip);
-        stage.notices.clear();
-        window.probe.Press(button, X, Y);
-        EXPECT_EQ(window.Memory(), after) << "button " << button << " at " << X << "," << Y;
-        EXPECT_EQ(window.probe.Changed(), -1);
-        EXPECT_EQ(stage.TakeNotices(QStringLiteral("ShowCoords 0 %1,%2").arg(X).arg(Y)), 1);
+        const SnapshotProbe window = Open({0xf0, 0x00, 0xff, 0xff}, 16, 2);
+        window.form.SetFlip(iFlip);
+        notices.clear();
+        window.Press(button, X, Y);
+        EXPECT_EQ(window.Bytes(), after) << "button " << button << " at " << X << "," << Y;
+        EXPECT_EQ(window.Changed(), -1);
+        EXPECT_EQ(TakeNotices(QStringLiteral("ShowCoords 0 %1,%2").arg(X).arg(Y)), 1);
     }
 }
 
@@ -40,26 +39,26 @@ TEST_F(Editor, MagnifyKeepsThePointUnderTheMouse) {
         {4, 300, 2, 2, -100},
     };
     // clang-format on
-    Window window(stage, Bytes(6144), 256, 192);
+    const SnapshotProbe window = Open(Bytes(6144), 256, 192);
     iCurrentTool = kToolMagnify;
     for (const auto& [button, X, iZoom, iNewZoom, newLeft] : cases) {
-        window.form->SetZoom(iZoom);
-        window.form->SetPosition(-100, -100);
-        window.probe.Press(button, X, X);
-        EXPECT_EQ(window.form->GetZoom(), iNewZoom) << button << " at " << X;
-        EXPECT_EQ(window.probe.Picture().pos(), QPoint(newLeft, newLeft)) << button << " at " << X;
+        window.form.SetZoom(iZoom);
+        window.form.SetPosition(-100, -100);
+        window.Press(button, X, X);
+        EXPECT_EQ(window.form.GetZoom(), iNewZoom) << button << " at " << X;
+        EXPECT_EQ(window.Picture().pos(), QPoint(newLeft, newLeft)) << button << " at " << X;
     }
 }
 
 TEST_F(Editor, PanHoldsTheGrabbedPoint) {
-    Window window(stage, Bytes(6144), 256, 192);
+    const SnapshotProbe window = Open(Bytes(6144), 256, 192);
     iCurrentTool = kToolPan;
-    window.probe.Press(2, 100, 50);
-    window.probe.Move(2, 90, 70);
-    EXPECT_EQ(window.probe.Picture().pos(), QPoint(-10, 20));
-    window.probe.Press(1, 0, 0); // a second button leaves the anchor
-    window.probe.Move(3, 90, 70);
-    EXPECT_EQ(window.probe.Picture().pos(), QPoint(-20, 40));
+    window.Press(2, 100, 50);
+    window.Move(2, 90, 70);
+    EXPECT_EQ(window.Picture().pos(), QPoint(-10, 20));
+    window.Press(1, 0, 0); // a second button leaves the anchor
+    window.Move(3, 90, 70);
+    EXPECT_EQ(window.Picture().pos(), QPoint(-20, 40));
 }
 
 TEST_F(Editor, NetFollowsTheDragAndSwitchesItsCommands) {
@@ -73,28 +72,28 @@ TEST_F(Editor, NetFollowsTheDragAndSwitchesItsCommands) {
         {1,  5,  5, -9,  6, {-9, 5, 14, 1}, 1},
     };
     // clang-format on
-    Window window(stage, Bytes(6144), 256, 192);
+    const SnapshotProbe window = Open(Bytes(6144), 256, 192);
     for (const auto& [iZoom, fromX, fromY, toX, toY, net, commands] : cases) {
-        window.form->SetZoom(iZoom);
-        stage.notices.clear();
-        window.probe.DrawNet(fromX, fromY, toX, toY);
-        EXPECT_EQ(window.probe.Net(), net);
-        EXPECT_EQ(stage.TakeNotices(QStringLiteral("EnableFunction 5 %1").arg(commands)), 1) << toX;
+        window.form.SetZoom(iZoom);
+        notices.clear();
+        window.DrawNet(fromX, fromY, toX, toY);
+        EXPECT_EQ(window.Net(), net);
+        EXPECT_EQ(TakeNotices(QStringLiteral("EnableFunction 5 %1").arg(commands)), 1) << toX;
     }
-    window.form->SetZoom(4); // the net stays on its pixels
-    EXPECT_EQ(window.probe.Net(), (NetRect{-72, 40, 112, 8}));
+    window.form.SetZoom(4); // the net stays on its pixels
+    EXPECT_EQ(window.Net(), (NetRect{-72, 40, 112, 8}));
 }
 
 /// Where the border crosses the picture its pixels are inverted, the corners of thin nets once too; all others
 /// are as without a net.
 TEST_F(Editor, NetInvertsItsBorder) {
-    Window window(stage, testing::NoiseBytes(64), 32, 16);
-    const QImage plain = window.probe.Picture().grab().toImage();
+    const SnapshotProbe window = Open(testing::NoiseBytes(64), 32, 16);
+    const QImage plain = window.Picture().grab().toImage();
     iCurrentTool = kToolNet;
     for (const QRect net : {QRect(2, -3, 18, 12), QRect(3, 3, 1, 5), QRect(3, 3, 6, 2), QRect(4, 4, 2, 2)}) {
-        window.probe.Press(1, static_cast<float>(net.left()), static_cast<float>(net.top()));
-        window.probe.Move(1, static_cast<float>(net.right() + 1), static_cast<float>(net.bottom() + 1));
-        const QImage withNet = window.probe.Picture().grab().toImage();
+        window.Press(1, static_cast<float>(net.left()), static_cast<float>(net.top()));
+        window.Move(1, static_cast<float>(net.right() + 1), static_cast<float>(net.bottom() + 1));
+        const QImage withNet = window.Picture().grab().toImage();
         for (int y = 0; y < plain.height(); ++y) {
             for (int x = 0; x < plain.width(); ++x) {
                 const bool border = net.contains(x, y) && (x == net.left() || x == net.right() ||
@@ -103,32 +102,33 @@ TEST_F(Editor, NetInvertsItsBorder) {
                     << x << "," << y;
             }
         }
-        window.probe.Release(1, 0, 0);
+        window.Release(1, 0, 0);
     }
 }
 
 /// Parts that are repainted must fit what was painted in one piece, to the device pixel. Run again with a
 /// fractional device pixel ratio.
 TEST_F(Editor, NetAndPixelsLeaveNothingBehind) {
-    Window window(stage, testing::NoiseBytes(6144), 256, 192);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(window.form.get()));
-    const auto shown = [&window] {
+    const SnapshotProbe window = Open(testing::NoiseBytes(6144), 256, 192);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&area));
+    const QWidget& box = window.Container();
+    const auto shown = [&, at = box.mapTo(&area, QPoint())] {
         QCoreApplication::processEvents();
-        return window.form->screen()->grabWindow(window.form->winId()).toImage();
+        return area.screen()->grabWindow(area.winId(), at.x(), at.y(), box.width(), box.height()).toImage();
     };
     const auto at = [](int i) { return static_cast<float>(20 + i * 37 % 150); };
     const QImage plain = shown();
     for (const std::int16_t tool : {kToolNet, kToolDraw}) {
         iCurrentTool = tool;
-        window.probe.Press(1, 50, 50);
+        window.Press(1, 50, 50);
         for (int i = 0; i < 40; ++i) {
-            window.probe.Move(1, at(i), at(i + 1 + tool % 2));
+            window.Move(1, at(i), at(i + 1 + tool % 2));
             const QImage parts = shown();
             ASSERT_NE(parts, plain);
-            window.probe.Picture().update();
+            window.Picture().update();
             ASSERT_EQ(shown(), parts) << tool << " at move " << i;
         }
-        window.form->ClearNet();
+        window.form.ClearNet();
         EXPECT_EQ(shown() == plain, tool == kToolNet);
     }
 }
@@ -137,20 +137,20 @@ TEST_F(Editor, CopyCutAndDelete) {
     const frmClip& clip = frmClip::Instance();
     for (const std::int16_t iZoom : {std::int16_t{1}, std::int16_t{3}}) {
         // the third line lies past the end of the file
-        Window window(stage, {0b00000010, 0b10000000, 0b00000001, 0b10000000}, 16, 3);
-        window.form->SetZoom(iZoom);
-        const auto z = static_cast<float>(window.probe.View().iZoomFactor);
-        window.probe.DrawNet(6 * z, 0, 9 * z, 3 * z);
+        const SnapshotProbe window = Open({0b00000010, 0b10000000, 0b00000001, 0b10000000}, 16, 3);
+        window.form.SetZoom(iZoom);
+        const auto z = static_cast<float>(window.View().iZoomFactor);
+        window.DrawNet(6 * z, 0, 9 * z, 3 * z);
         for (const bool cut : {false, true}) {
-            window.form->Copy(cut);
+            window.form.Copy(cut);
             EXPECT_EQ(clip.GetData(), "101011000");
             EXPECT_TRUE(clip.picClip.PixelAt(2, 0)) << "the picture was taken before the pixels were cleared";
-            EXPECT_EQ(std::exchange(window.probe.Changed(), std::int16_t{0}), cut ? -1 : 0);
-            EXPECT_NE(window.probe.Picture().hDC().Picture().PixelAt(6, 0), cut) << "the view is drawn again";
+            EXPECT_EQ(std::exchange(window.Changed(), std::int16_t{0}), cut ? -1 : 0);
+            EXPECT_NE(window.Picture().hDC().Picture().PixelAt(6, 0), cut) << "the view is drawn again";
         }
-        EXPECT_EQ(window.Memory(), Bytes(4));
-        window.form->Delete();
-        EXPECT_EQ(window.probe.Changed(), -1);
+        EXPECT_EQ(window.Bytes(), Bytes(4));
+        window.form.Delete();
+        EXPECT_EQ(window.Changed(), -1);
         EXPECT_EQ(clip.GetData(), "101011000") << "Delete leaves the clipboard alone";
     }
 }

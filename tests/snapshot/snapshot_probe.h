@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QMdiArea>
+#include <QPushButton>
 
 namespace lumrake {
 
@@ -18,6 +19,7 @@ struct SnapshotProbe {
 
     ViewNumbers& View() const { return form.view; }
     MemoryBlock& Memory() const { return form.byMemory; }
+    std::vector<std::uint8_t> Bytes() const { return {Memory().Bytes().begin(), Memory().Bytes().end()}; }
     std::int16_t& Changed() const { return form.bChanged; }
     PictureBox& Picture() const { return *form.picImage; }
     auto& Net() const { return form.shpNet; }
@@ -35,7 +37,6 @@ struct SnapshotProbe {
     QPushButton& Options() const { return *form.cmdOptions; }
     PanelBar& Status() const { return *form.sbrSnapshot; }
     ColourButton& ColourOf(std::size_t index) const { return *form.cmdColour[index]; }
-    void WritePixel(float X, float Y, std::int16_t iValue) const { form.WritePixel(X, Y, iValue, true); }
 
     std::string Texts() const {
         QStringList texts;
@@ -44,16 +45,6 @@ struct SnapshotProbe {
         }
         return texts.join(QLatin1Char(' ')).toStdString();
     }
-    /// Whether something drew since the last call: the picture is cleared in between. The bytes shown must
-    /// not be all 0.
-    bool Drawn() const {
-        lmk::BitPicture picture = form.picImage->hDC().Picture();
-        form.picImage->hDC().Clear();
-        const std::uint8_t* end = picture.Row(0) + picture.Stride() * picture.Height();
-        return std::any_of(static_cast<const std::uint8_t*>(picture.Row(0)), end,
-                           [](int byte) { return byte != 0; });
-    }
-
     // The mouse over the picture, in screen pixels of the picture: 1 left, 2 right, 4 middle, 0 none.
     void Press(int button, float X, float Y) const { Picture().MouseDown(Args(button, X, Y)); }
     void Move(int buttons, float X, float Y) const { Picture().MouseMove(Args(buttons, X, Y)); }
@@ -77,65 +68,37 @@ struct SnapshotProbe {
 
 namespace testing {
 
-/// Snapshot windows in the area of a main window that is only there to hold them.
-class SnapshotTest : public ::testing::Test {
+/// Snapshot windows in the area of a main window that is only there to hold them; they leave the clipboard empty.
+class SnapshotTest : public ::testing::Test, public Stage {
   protected:
-    class AreaStage : public Stage {
-      public:
-        void AdoptChild(QWidget* child) override { area.addSubWindow(child); }
-        QMdiArea area;
-    };
-
     SnapshotTest() {
-        stage.area.resize(700, 600);
-        stage.area.show();
+        area.resize(700, 600);
+        area.show();
     }
+    ~SnapshotTest() override { frmClip::Instance().SetData({}); }
+    void AdoptChild(QWidget* child) override { area.addSubWindow(child); }
+
     /// Opens a file in the stage's directory; null when it did not open.
     frmSnapshot* Launch(const char* name) {
-        auto* form = new frmSnapshot;
+        auto form = std::make_unique<frmSnapshot>();
         const QString title = QString::fromLatin1(name);
-        if (!form->Launch(stage.Path(title), title)) {
-            delete form;
-            return nullptr;
-        }
-        return form;
+        return form->Launch(Path(title), title) ? form.release() : nullptr;
     }
-    /// Opens a new file "Test.SNA" of random bytes in this view.
-    SnapshotProbe Open(std::size_t bytes, int width = 64, int lines = 40, int columns = 1, int mode = 0) {
-        Settings.iDefaultWidth = static_cast<std::int16_t>(width);
-        Settings.iDefaultLines = static_cast<std::int16_t>(lines);
-        Settings.iDefaultColumns = static_cast<std::int16_t>(columns);
-        Settings.iDefaultMode = static_cast<std::int16_t>(mode);
-        stage.MakeFile(QStringLiteral("Test.SNA"), NoiseBytes(bytes));
-        const SnapshotProbe probe{*Launch("Test.SNA")};
-        probe.Drawn();
-        return probe;
+    /// Opens a new file "Test.SNA" of these bytes, or of random ones, in this view.
+    SnapshotProbe Open(const std::vector<std::uint8_t>& bytes, std::int16_t width = 64,
+                       std::int16_t lines = 40, std::int16_t columns = 1) {
+        Settings.iDefaultWidth = width;
+        Settings.iDefaultLines = lines;
+        Settings.iDefaultColumns = columns;
+        MakeFile(QStringLiteral("Test.SNA"), bytes);
+        return {*Launch("Test.SNA")};
+    }
+    SnapshotProbe Open(std::size_t bytes, std::int16_t width = 64, std::int16_t lines = 40,
+                       std::int16_t columns = 1) {
+        return Open(NoiseBytes(bytes), width, lines, columns);
     }
 
-    AreaStage stage;
-};
-
-/// A window over a file of its own, with a view of one column in Graphics mode.
-struct SnapshotWindow {
-    SnapshotWindow(Stage& stage, const std::vector<std::uint8_t>& bytes, std::int16_t iWidth,
-                   std::int16_t iLines) {
-        Settings.iDefaultWidth = iWidth;
-        Settings.iDefaultLines = iLines;
-        const QString sFile = stage.MakeFile(QStringLiteral("file%1.sna").arg(iSnapshotCount), bytes);
-        EXPECT_TRUE(form->Launch(sFile, QStringLiteral("file.sna")));
-    }
-    std::vector<std::uint8_t> Memory() const {
-        return {probe.Memory().Bytes().begin(), probe.Memory().Bytes().end()};
-    }
-
-    std::unique_ptr<frmSnapshot> form = std::make_unique<frmSnapshot>();
-    SnapshotProbe probe{*form};
-};
-
-/// For tests of the editor: they leave the clipboard empty.
-struct EditorTest : ::testing::Test {
-    ~EditorTest() override { frmClip::Instance().SetData({}); }
-    Stage stage;
+    QMdiArea area;
 };
 
 } // namespace testing

@@ -1,8 +1,6 @@
 #include "platform/colour_button.h"
 #include "snapshot/snapshot_probe.h"
 
-#include <QPushButton>
-
 namespace lumrake {
 namespace {
 
@@ -33,11 +31,10 @@ TEST_F(SnapshotView, TypedNumbersAreHeldWithinTheirLimits) {
     // clang-format on
     const SnapshotProbe probe = Open(1000);
     for (const auto& [box, keys, texts, message] : cases) {
-        stage.boxes.clear();
+        boxes = {QString()};
         Type(probe, box, keys);
         EXPECT_EQ(probe.Texts(), texts) << keys;
-        EXPECT_EQ(QStringList(stage.boxes.begin(), stage.boxes.end()).join(QLatin1Char(' ')).toStdString(),
-                  message);
+        EXPECT_EQ(boxes.back().toStdString(), message);
         EXPECT_EQ(probe.Box(box).cursorPosition(), probe.Box(box).text().size()) << keys;
     }
     EXPECT_EQ(probe.form.GetOffset(), 0);
@@ -56,23 +53,20 @@ TEST_F(SnapshotView, MillionsKeepTheirDigits) {
 
 TEST_F(SnapshotView, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
     const SnapshotProbe probe = Open(20000, 64, 16);
-    const auto paste = [&box = probe.Box(0)](const char* text) {
-        box.selectAll();
-        box.insert(QString::fromUtf8(text));
-    };
     for (const char* pasted : {"12a", "1234567", "-5", "\xd9\xa1"}) {
-        paste(pasted);
+        probe.Box(0).selectAll();
+        probe.Box(0).insert(QString::fromUtf8(pasted));
         EXPECT_EQ(probe.form.GetOffset(), 0) << pasted;
     }
     QKeyEvent copy(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
-    QKeyEvent del(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
     QCoreApplication::sendEvent(&probe.Box(0), &copy);
+    QKeyEvent del(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
     QCoreApplication::sendEvent(&probe.Box(0), &del);
     EXPECT_FALSE(copy.isAccepted()) << "Ctrl belongs to the menu";
     EXPECT_TRUE(del.isAccepted()) << "Del to the box that has the focus";
     probe.form.SetMode(kText, true);
-    Type(probe, 0, "5\b");
-    paste("7");
+    Type(probe, 0, "5");
+    probe.Box(0).insert(u"7"_qs);
     ClickArrow(probe.Spin(2), true);
     EXPECT_EQ(probe.Texts(), "0 64 24 1");
     EXPECT_FALSE(probe.Box(3).isEnabled() || probe.Spin(3).isEnabled()) << "one column";
@@ -111,22 +105,20 @@ TEST_F(SnapshotView, TheAddressBarStepsAndRests) {
 }
 
 TEST_F(SnapshotView, TheThumbIsDraggedPastBothEnds) {
-    for (const std::size_t length : {std::size_t{1}, std::size_t{20}, std::size_t{70000}}) {
+    for (const std::size_t length : {std::size_t{1}, std::size_t{70000}}) {
         const SnapshotProbe probe = Open(length);
-        const auto drag = [&probe](int y) { QTest::mouseMove(&probe.Thumb(), QPoint(8, y)); };
-        const float travel = static_cast<float>(probe.Bar().height() - 48);
+        const int last = static_cast<int>(length) - 1;
         QTest::mousePress(&probe.Thumb(), Qt::LeftButton, {}, QPoint(8, 5));
-        drag(5 + 100);
-        EXPECT_EQ(Place(probe), 100);
-        EXPECT_EQ(probe.form.GetOffset(), 0) << "trails by one event";
-        EXPECT_EQ(probe.Bar().value(), 0) << "the bar rests until the release";
-        drag(6);
-        EXPECT_EQ(probe.form.GetOffset(), static_cast<int>(100 * (static_cast<float>(length) / travel)));
-        drag(-4000);
-        EXPECT_EQ(Place(probe), 0);
-        EXPECT_EQ(probe.form.GetOffset(), 0);
-        drag(4000);
-        EXPECT_EQ(probe.form.GetOffset(), static_cast<int>(length) - 1);
+        // where the mouse goes, where the thumb is then, and the offset, which trails by one event
+        const int travel = probe.Bar().height() - 48;
+        const int half = static_cast<int>(100 * (static_cast<float>(length) / static_cast<float>(travel)));
+        for (const auto& [y, place, offset] :
+             {std::tuple{105, 100, 0}, {6, 101, half}, {-4000, 0, 0}, {4000, travel, last}}) {
+            QTest::mouseMove(&probe.Thumb(), QPoint(8, y));
+            EXPECT_EQ(Place(probe), place);
+            EXPECT_EQ(probe.form.GetOffset(), offset);
+            EXPECT_EQ(probe.Bar().value(), 0) << "the bar rests until the release";
+        }
         QTest::mouseRelease(&probe.Thumb(), Qt::LeftButton, {}, QPoint(8, 5));
         EXPECT_EQ(probe.Bar().value(), travel);
     }
@@ -134,12 +126,12 @@ TEST_F(SnapshotView, TheThumbIsDraggedPastBothEnds) {
 
 TEST_F(SnapshotView, AttributeAndItsButtons) {
     const SnapshotProbe probe = Open(1000);
-    probe.form.SetAttribute(7, false);
+    probe.form.SetAttribute(199, false); // bit 7 falls away
     QTest::mouseClick(&probe.ColourOf(0), Qt::LeftButton);
     QTest::mouseClick(&probe.ColourOf(1), Qt::LeftButton);
-    EXPECT_EQ(probe.form.GetAttribute(), 8);
+    EXPECT_EQ(probe.form.GetAttribute(), 64 + 8);
     EXPECT_EQ(probe.form.focusWidget(), &probe.Bar()) << "the arrow keys go on scrolling";
-    Settings.lPalette[1] = 65536 * 7 + 256 * 8 + 9;
+    Settings.lPalette[9] = 65536 * 7 + 256 * 8 + 9;
     probe.form.ReShow();
     EXPECT_EQ(probe.ColourOf(1).Colour().rgb(), qRgb(9, 8, 7));
 }
@@ -153,7 +145,6 @@ TEST_F(SnapshotView, ZoomByPanelStopsAtItsLimits) {
     for (const auto& [button, text] : clicks) {
         QTest::mouseClick(&probe.Status(), button, {}, QPoint(probe.Status().PanelLeft(3) + 10, 9));
         EXPECT_EQ(probe.Status().PanelAt(3).Text, QLatin1String(text));
-        EXPECT_TRUE(probe.Drawn()) << "at a limit as well";
     }
     EXPECT_EQ(probe.Picture().width(), 65536) << "wider than 16 bits";
 }
