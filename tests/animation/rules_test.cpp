@@ -49,10 +49,7 @@ TEST(AnimationRecord, NumbersOutsideTheirRangesAreHeld) {
 TEST(Stepping, ShowsTheFrames) {
     // F and B are the buttons Forward and Back (a tick of the timer is F), "!" follows a frame at which the
     // animation stops.
-    const struct {
-        std::int16_t iRepeat, iFrames;
-        const char *buttons, *shown;
-    } walks[] = {
+    const std::tuple<std::int16_t, std::int16_t, std::string, const char*> walks[] = {
         // clang-format off
         {kOnceOnly,   4, "FFFFF",   "1230!1"},  {kOnceOnly,   4, "BBFFB",     "3!230!3!"},  {kOnceOnly,   1, "FB",   "0!0!"},
         {kContinuous, 4, "FFFFF",   "12301"},   {kContinuous, 4, "BBFF",      "3230"},      {kContinuous, 1, "FB",   "00"},
@@ -60,18 +57,18 @@ TEST(Stepping, ShowsTheFrames) {
         {kPingPong,   2, "BBFB",    "1010"},    {kPingPong,   1, "FFBB",      "0000"},      {kPingPong,   4, "BBBBBBB", "1232101"},
         // clang-format on
     };
-    for (const auto& walk : walks) {
+    for (const auto& [iRepeat, iFrames, buttons, expected] : walks) {
         AnimationRecord record;
-        record.iRepeat = walk.iRepeat;
-        record.iFrames = walk.iFrames;
+        record.iRepeat = iRepeat;
+        record.iFrames = iFrames;
         PlayState state;
         std::string shown;
-        for (const char* button = walk.buttons; *button != '\0'; ++button) {
-            const bool stops = *button == 'F' ? NextFrame(state, record) : PreviousFrame(state, record);
+        for (const char button : buttons) {
+            const bool stops = button == 'F' ? NextFrame(state, record) : PreviousFrame(state, record);
             shown += std::to_string(state.iCurrentFrame);
             shown.append(stops ? 1 : 0, '!');
         }
-        EXPECT_EQ(shown, walk.shown) << walk.iRepeat << " " << walk.buttons;
+        EXPECT_EQ(shown, expected) << iRepeat << " " << buttons;
     }
 }
 

@@ -64,19 +64,18 @@ TEST_F(Assistant, GoesThroughHisStates) {
 }
 
 TEST_F(Assistant, OnlyWhatIsSeenCatchesTheMouse) {
-    const struct {
-        QPoint place;
-        bool idle, speaking;
-    } cases[] = {{{2, 2}, false, false},    {{100, 8}, false, true},    {{245, 141}, false, true},
-                 {{160, 150}, false, true}, {{206, 180}, false, false}, {{207, 180}, true, true},
-                 {{246, 222}, true, true},  {{247, 180}, false, false}, {{220, 145}, false, false}};
+    const std::tuple<QPoint, bool, bool> cases[] = {
+        // the place, and whether it is his when idle and speaking
+        {{2, 2}, false, false},    {{100, 8}, false, true},    {{245, 141}, false, true},
+        {{160, 150}, false, true}, {{206, 180}, false, false}, {{207, 180}, true, true},
+        {{246, 222}, true, true},  {{247, 180}, false, false}, {{220, 145}, false, false}};
     form.Launch();
     for (const bool speaking : {false, true, false}) {
         form.SetPrompt(speaking ? kUnknown : QString());
-        for (const auto& one : cases) {
-            const QWidget* hit = area.childAt(form.pos() + one.place);
-            EXPECT_EQ(hit == &form || form.isAncestorOf(hit), speaking ? one.speaking : one.idle)
-                << one.place.x() << ',' << one.place.y();
+        for (const auto& [place, idle, talking] : cases) {
+            const QWidget* hit = area.childAt(form.pos() + place);
+            EXPECT_EQ(hit == &form || form.isAncestorOf(hit), speaking ? talking : idle)
+                << place.x() << ',' << place.y();
         }
     }
 }

@@ -9,10 +9,7 @@ namespace lumrake {
 namespace {
 
 TEST(HelpFile, FieldsEndAtCommasLineEndsAndQuotes) {
-    const struct {
-        const char* bytes;
-        std::vector<std::string> fields;
-    } cases[] = {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
         {"", {}},
         {"a,b\nc\r\nd\re", {"a", "b", "c", "d", "e"}},
         {"\n,\r\na", {"", "", "", "a"}},
@@ -22,23 +19,19 @@ TEST(HelpFile, FieldsEndAtCommasLineEndsAndQuotes) {
         {"\"a\"b,c\"d,e\"", {"a", "b", "c\"d", "e\""}},
         {"\"\",a,\"b,c\nd", {"", "a", "b,c\nd"}},
     };
-    for (const auto& one : cases) {
-        HelpFields reader(one.bytes);
+    for (const auto& [bytes, expected] : cases) {
+        HelpFields reader(bytes);
         std::vector<std::string> fields;
         while (!reader.AtEnd()) {
             fields.emplace_back(reader.Next());
         }
-        EXPECT_EQ(fields, one.fields) << one.bytes;
+        EXPECT_EQ(fields, expected) << bytes;
     }
 }
 
 TEST(HelpFile, PromptsAreFoundByTheNumberInThreeCharacters) {
     constexpr const char* kNone = "(none)";
-    const struct {
-        const char* bytes;
-        int number;
-        const char* prompt;
-    } cases[] = {
+    const std::tuple<const char*, int, const char*> cases[] = {
         {"012 Logo,a; b;c\n", 12, "a, b,c"},
         {" 12\r\nHello, you\r\n", 12, "Hello"},
         {"\" 12, the logo\",\"Hello, you\"", 12, "Hello, you"},
@@ -53,8 +46,8 @@ TEST(HelpFile, PromptsAreFoundByTheNumberInThreeCharacters) {
         {"11,\"unterminated\n12,Hello\n", 12, kNone},
         {"about 12\n0,zero\n-1,minus", 0, kNone},
     };
-    for (const auto& one : cases) {
-        EXPECT_EQ(FindPrompt(one.bytes, one.number).value_or(kNone), one.prompt) << one.bytes << one.number;
+    for (const auto& [bytes, number, prompt] : cases) {
+        EXPECT_EQ(FindPrompt(bytes, number).value_or(kNone), prompt) << bytes << number;
     }
 }
 

@@ -1,6 +1,5 @@
 /// Any bytes under any view: whatever the numbers, a picture within the limits is drawn of memory that is only
-/// read, and a clip of one pixel draws the same. 21 bytes say offset, width, lines, columns, options and attribute;
-/// the rest is memory.
+/// read. 21 bytes say offset, width, lines, columns, options and attribute; the rest is memory.
 #include "display/lmk.h"
 #include "fuzz/require.h"
 
@@ -17,23 +16,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::vector<std::uint8_t> memory(data + kHead, data + size); // of its exact size
     static constexpr std::int32_t kPalette[16] = {};
     static lmk::DeviceContext context; // used again and again, as a window does
-    const auto show = [&] {
-        lmk::zxShowMem(&context, memory.data(), numbers[0], static_cast<std::int32_t>(memory.size()),
-                       numbers[1], numbers[2], numbers[3], numbers[4], data[kHead - 1], kPalette);
-    };
-    show();
+    lmk::zxShowMem(&context, memory.data(), numbers[0], static_cast<std::int32_t>(memory.size()), numbers[1],
+                   numbers[2], numbers[3], numbers[4], data[kHead - 1], kPalette);
     const lmk::BitPicture& picture = context.Picture();
     Require(picture.Width() % 8 == 0 && picture.Width() >= 8 && picture.Width() <= 4096);
     Require(picture.Height() >= 1 && picture.Height() <= 512);
     Require(context.Factor() >= 1 && context.Factor() <= 16);
-    const lmk::BitPicture whole = picture;
-    const int x = data[0] * picture.Width() / 256, y = data[1] * picture.Height() / 256;
-    context.SetClip({x, y, 1, 1});
-    show();
-    context.ResetClip();
-    for (int row = 0; row < picture.Height(); ++row) {
-        Require(std::memcmp(picture.Row(row), whole.Row(row), static_cast<std::size_t>(picture.Stride())) ==
-                0);
-    }
     return 0;
 }

@@ -10,11 +10,7 @@ namespace {
 
 TEST(PrefsRules, TheFirstFaultIsTold) {
     // Each case puts one text into a sound set of fields, or leaves the field empty.
-    const struct {
-        DefaultField field;
-        const char* text;
-        const char* message;
-    } cases[] = {
+    const std::tuple<DefaultField, const char*, const char*> cases[] = {
         // clang-format off
         {kOffset, "-0.4", "Invalid default offset"}, {kOffset, "", "Please enter default offset"},
         {kOffset, "123456789", ""},
@@ -28,10 +24,10 @@ TEST(PrefsRules, TheFirstFaultIsTold) {
         {kAttribute, "128", "Attribute must be between 1 and 127"}, {kAttribute, "", "Please enter attribute"},
         // clang-format on
     };
-    for (const auto& one : cases) {
+    for (const auto& [field, text, message] : cases) {
         DefaultTexts texts{"0", "256", "192", "1", "15"};
-        texts[one.field] = one.text;
-        EXPECT_EQ(FirstFault(texts), one.message) << one.field << ": " << one.text;
+        texts[field] = text;
+        EXPECT_EQ(FirstFault(texts), message) << field << ": " << text;
     }
     EXPECT_EQ(FirstFault({"", "3", "0", "0", ""}), "Please enter default offset");
     EXPECT_EQ(FirstFault({"0", "8", "0", "", "999"}), "Lines must be between 1 and 192");

@@ -25,7 +25,7 @@ template <class Form> std::vector<Form*> Forms() {
 }
 
 /// Looks over the whole program between two events: numbers in their limits, pictures that show the bytes, bytes
-/// that only change where a view was, commands that are on when there is something for them.
+/// that do not change unnoticed, commands that are on when there is something for them.
 class Inspector {
   public:
     /// What is out of order; empty when nothing is. `pressed`: a mouse button is held over a picture.
@@ -58,7 +58,6 @@ class Inspector {
     struct Shadow { ///< of a document, at the call before
         QPointer<frmSnapshot> form;
         std::vector<std::uint8_t> bytes;
-        ViewNumbers view;
     };
 
     void Expect(bool holds, const std::string& fault) {
@@ -100,32 +99,14 @@ class Inspector {
         }
     }
 
-    /// Every byte that changed belongs to a pixel of the view as it was before the event or is now.
+    /// Bytes change in documents alone that know of it. Which ones do is held by the rules' own tests.
     void CheckBytes(frmSnapshot& form) {
         const SnapshotProbe probe{form};
         Shadow& shadow = shadows_[&form];
-        const auto now = probe.Memory().Bytes();
-        if (shadow.form != &form) { // one that opened just now, maybe where a closed one lay
-            shadow = {&form, {now.begin(), now.end()}, probe.View()};
-            return;
-        }
-        if (!std::equal(now.begin(), now.end(), shadow.bytes.begin(), shadow.bytes.end())) {
-            Expect(probe.Changed() != 0, "bytes changed and the document did not");
-            for (ViewNumbers view : {shadow.view, probe.View()}) {
-                view.iZoom = view.iZoomFactor = 1;
-                for (int cell = 0; cell < view.PictureWidth() / 8 * view.iLines; ++cell) {
-                    const auto at = LocatePixel(view, static_cast<float>(cell / view.iLines * 8),
-                                                static_cast<float>(cell % view.iLines));
-                    if (at && static_cast<std::size_t>(at->lAddress) < now.size()) {
-                        const auto address = static_cast<std::size_t>(at->lAddress);
-                        shadow.bytes[address] = now[address];
-                    }
-                }
-            }
-            Expect(std::equal(now.begin(), now.end(), shadow.bytes.begin()), "a byte in no view changed");
-            shadow.bytes.assign(now.begin(), now.end());
-        }
-        shadow.view = probe.View();
+        std::vector<std::uint8_t> now = probe.Bytes();
+        Expect(shadow.form != &form || probe.Changed() != 0 || now == shadow.bytes,
+               "bytes changed and the document did not"); // another form: one that opened just now
+        shadow = {&form, std::move(now)};
     }
 
     void CheckCommands(bool pressed) {

@@ -178,12 +178,7 @@ class RandomUser : public MainStage {
         const int reach = Once(4) ? 100000 : 300;
         const QPointF at(Pick(reach) - reach / 10, Pick(reach) - reach / 10);
         held_ ^= button;
-        Note(QStringLiteral("button %1 of %2, tool %3, at %4,%5")
-                 .arg(button)
-                 .arg(held_)
-                 .arg(iCurrentTool)
-                 .arg(at.x())
-                 .arg(at.y()));
+        Note(u"buttons %1, tool %2, at %3,%4"_qs.arg(held_).arg(iCurrentTool).arg(at.x()).arg(at.y()));
         Send(*grabber_, type, button, held_, at);
     }
 

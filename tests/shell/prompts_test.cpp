@@ -9,7 +9,7 @@
 #include "snapshot/frmColours.h"
 #include "snapshot/snapshot_probe.h"
 
-#include <QCheckBox>
+#include <QAccessible>
 #include <QLabel>
 
 namespace lumrake::testing {
@@ -25,6 +25,25 @@ struct Array {
     const char* name;
     int first, count, onMove, onFocus;
 };
+
+/// Counts the controls below `node` that have a name, as a screen reader finds them; one that can have the focus
+/// and no name fails the test.
+int Named(QAccessibleInterface* node) {
+    if (node == nullptr || !node->isValid() || node->state().invisible) {
+        return 0;
+    }
+    int named = node->state().focusable ? 1 : 0;
+    EXPECT_TRUE(named == 0 || !node->text(QAccessible::Name).trimmed().isEmpty())
+        << (node->object() ? node->object()->objectName().toStdString() : "a part");
+    for (int i = 0; i < node->childCount(); ++i) {
+        named += Named(node->child(i));
+    }
+    return named;
+}
+
+void ExpectNames(QWidget& window, int atLeast) {
+    EXPECT_GE(Named(QAccessible::queryAccessibleInterface(&window)), atLeast);
+}
 
 /// The whole program with the assistant on and the help file that it comes with.
 class Prompts : public ::testing::Test {
@@ -43,6 +62,7 @@ class Prompts : public ::testing::Test {
         form.activateWindow();
         EXPECT_TRUE(QTest::qWaitFor([&form] { return form.isActiveWindow(); }));
         ExpectSaid(number, form, {});
+        ExpectNames(form, 2);
         Hover(form, {1, 1}, 0);
     }
     void ExpectSaid(int number, const QWidget& control, QPoint place) const {
@@ -75,6 +95,7 @@ class Prompts : public ::testing::Test {
         }
         for (const Array& array : arrays) {
             strip->SetTab(array.page);
+            ExpectNames(form, 3);
             for (int i = 0; i < array.count; ++i) {
                 const QString name = u"%1(%2)"_qs.arg(QLatin1String(array.name)).arg(array.first + i);
                 QWidget& control = *Find(form, qPrintable(name));
@@ -98,7 +119,9 @@ TEST_F(Prompts, MainWindow) {
         int left = 0;
         for (int button = 1; button <= 20; ++button) {
             if (const int width = stage.Bar().ButtonWidth(button); width > 0) {
-                Hover(stage.Bar(), {left + width / 2, 14}, kButtons[button - 1]);
+                Hover(stage.Bar(), {left, 14}, 0); // the exact boundary belongs to neither
+                Hover(stage.Bar(), {left + 1, 14}, kButtons[button - 1]);
+                Hover(stage.Bar(), {left + width - 1, 14}, kButtons[button - 1]);
                 left += width;
             }
         }
@@ -127,6 +150,7 @@ TEST_F(Prompts, SnapshotWindow) {
     Hover(probe.Bar(), {8, 4}, kNever);
     Hover(probe.Options(), {9, 9}, 7);
     Hover(probe.ColourOf(0), {9, 9}, 11);
+    ExpectNames(main, 12); // four boxes with their buttons, options, picture, scroll bar, thumb, colours
 }
 
 TEST_F(Prompts, AnimationWindow) {
@@ -136,6 +160,7 @@ TEST_F(Prompts, AnimationWindow) {
     const AnimationProbe probe{*form};
     Hover(*form, {1, 1}, 0);
     Hover(probe.Picture(), {4, 4}, 45);
+    ExpectNames(main, 5);
     for (const bool playing : {false, true}) {
         playing ? form->Play() : form->StopPlay();
         for (int i = 0; i < 5; ++i) { // a button that can't be pressed is bare ground
@@ -211,6 +236,10 @@ TEST_F(Prompts, AboutBox) {
         }
         EXPECT_NE(Find(form, "Frame1")->isVisible(), credits);
         Hover(*Find(form, control), {3, 3}, number);
+    }
+    EXPECT_EQ(Find<QLabel>(form, "lblVersion")->text(), QStringLiteral("Version 2.00      "));
+    for (const QLabel* label : form.findChildren<QLabel*>()) {
+        EXPECT_LE(label->heightForWidth(label->width()), label->height());
     }
     Press(form, "cmdOkay");
     EXPECT_FALSE(form.isVisible());

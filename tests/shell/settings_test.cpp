@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <numeric>
-
 namespace lumrake {
 namespace {
 
@@ -22,17 +20,6 @@ TEST(Settings, DefaultsLieWhereTheTableSays) {
     };
     for (const auto& [offset, part] : table) {
         EXPECT_TRUE(std::equal(part.begin(), part.end(), bytes.begin() + offset)) << offset;
-    }
-}
-
-TEST(Settings, AttributesNameTheirColours) {
-    SettingsRecord settings;
-    std::iota(settings.lPalette.begin(), settings.lPalette.end(), 0); // each entry holds its own number
-    const std::tuple<std::int16_t, const char*, int> cases[] = {{15, "FORE", 7},  {15, "BACK", 1},
-                                                                {71, "FORE", 15}, {71, "BACK", 8},
-                                                                {71, "fore", 8},  {-1, "BACK", 15}};
-    for (const auto& [attribute, which, colour] : cases) {
-        EXPECT_EQ(AttributeColour(settings, attribute, which), colour) << attribute << which;
     }
 }
 

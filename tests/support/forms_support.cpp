@@ -60,17 +60,6 @@ std::vector<std::uint8_t> Stage::ReadFile(const QString& name) const {
     return {bytes.begin(), bytes.end()};
 }
 
-void Stage::ShowCoords(std::int16_t index, double x, double y) {
-    notices.push_back(QStringLiteral("ShowCoords %1 %2,%3").arg(index).arg(x).arg(y));
-}
-
-void Stage::Note(const char* notice, int number, int state) {
-    notices.push_back(QStringLiteral("%1 %2").arg(QLatin1String(notice)).arg(number));
-    if (state >= 0) {
-        notices.back() += QStringLiteral(" %1").arg(state);
-    }
-}
-
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed) {
     std::mt19937 random(seed);
     std::vector<std::uint8_t> bytes(count);

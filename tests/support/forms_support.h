@@ -34,7 +34,7 @@ class Stage : public ShellNotices {
     /// What was asked and said: the boxes as "title|text", the dialogs by their titles.
     std::vector<QString> boxes;
     std::vector<QString> dialogs;
-    /// What the windows reported, as "SetStatusText text", "ShowPrompt 3", "UpdateToolbars SNAPSHOT 1" ...
+    /// What the windows reported, as "ShowCoords 0 3,4", "EnableFunction 1 0", "UpdateToolbars SNAPSHOT 1"
     std::vector<QString> notices;
     /// How often a notice came since the last call.
     int TakeNotices(const QString& notice);
@@ -43,21 +43,17 @@ class Stage : public ShellNotices {
     QString MakeFile(const QString& name, std::span<const std::uint8_t> bytes) const;
     std::vector<std::uint8_t> ReadFile(const QString& name) const;
 
-    void SetStatusText(const QString& text) override {
-        notices.push_back(QLatin1String("SetStatusText ") + text);
+    void ShowCoords(std::int16_t index, double x, double y) override {
+        notices.push_back(u"ShowCoords %1 %2,%3"_qs.arg(index).arg(x).arg(y));
     }
-    void ShowCoords(std::int16_t index, double x, double y) override;
-    void EnableFunction(std::int16_t group, bool enable) override { Note("EnableFunction", group, enable); }
+    void EnableFunction(std::int16_t group, bool enable) override {
+        notices.push_back(u"EnableFunction %1 %2"_qs.arg(group).arg(enable ? 1 : 0));
+    }
     void UpdateToolbars(const QString& kind, bool enable) override {
-        notices.push_back(QStringLiteral("UpdateToolbars %1 %2").arg(kind).arg(enable ? 1 : 0));
+        notices.push_back(u"UpdateToolbars %1 %2"_qs.arg(kind).arg(enable ? 1 : 0));
     }
-    void ShowPrompt(std::int32_t number) override { Note("ShowPrompt", number); }
-    void ShowModeTick(std::int16_t mode) override { Note("ShowModeTick", mode); }
-    void ShowFlipTick(bool on) override { Note("ShowFlipTick", on); }
 
   private:
-    void Note(const char* notice, int number, int state = -1);
-
     QTemporaryDir directory_;
     ShellNotices* before_;
 };
