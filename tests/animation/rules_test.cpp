@@ -119,21 +119,12 @@ TEST(SetupRules, TheFirstFaultIsTold) {
         const auto fault = ValidateSettings(texts, kLength);
         EXPECT_EQ(fault ? fault->sMessage : "", each.message) << each.typed;
     }
-    EXPECT_EQ(ValidateSettings(good, std::nullopt)->sMessage, "Cannot find specified file");
     SetupTexts texts = good;
     texts.iRepeatIndex = -1;
     texts.sPause.clear(); // comes after the list
     EXPECT_EQ(ValidateSettings(texts, kLength)->field, SetupField::Repeat);
     texts.sOffset = std::string("9"); // and the offset before everything else
     EXPECT_EQ(ValidateSettings(texts, 9)->field, SetupField::Offset);
-}
-
-TEST(SetupRules, StepsModesAndNotesAreTurnedForTheScreen) {
-    EXPECT_EQ(ProposedStep("16", "8", 3), "32");
-    EXPECT_EQ(ProposedStep("12", "3", 0), "4.5");
-    EXPECT_EQ(ModeIndex(2), -1);
-    EXPECT_EQ(NotesOnScreen("a\r\nb\rc\nd\r\n"), "a\nb\nc\nd\n");
-    EXPECT_EQ(NotesInRecord("a\n\nb"), "a\r\n\r\nb");
 }
 
 } // namespace

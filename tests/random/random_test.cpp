@@ -40,7 +40,7 @@ class RandomUser : public MainStage {
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         const std::string faults = inspector_.Faults(held_ != 0);
-        EXPECT_EQ(faults, "") << "after " << ::testing::PrintToString(recent_);
+        EXPECT_EQ(faults, "");
         return faults.empty();
     }
 
@@ -60,14 +60,6 @@ class RandomUser : public MainStage {
     template <class List> auto& OneOf(List& list) {
         return list[static_cast<std::size_t>(Pick(int(std::size(list))))];
     }
-    /// Keeps the last events for the report, without the directory, which is another one in every run.
-    void Note(const QString& event) {
-        recent_.push_back(QString(event).remove(Path(QString()), Qt::CaseInsensitive).toStdString());
-        if (recent_.size() > 25) {
-            recent_.pop_front();
-        }
-    }
-
     void Begin() {
         iSnapshotCount = iAnimationCount = 0;
         MakeFile(QStringLiteral("One.sna"), NoiseBytes(1));
@@ -81,7 +73,6 @@ class RandomUser : public MainStage {
     }
 
     BoxAnswer Answer(const MessageBox& box) {
-        Note(QLatin1String("box ") + box.text);
         const BoxAnswer some[] = {BoxAnswer::Yes, BoxAnswer::No, BoxAnswer::Yes, BoxAnswer::Cancel};
         return box.buttons == BoxButtons::Ok ? BoxAnswer::Ok
                                              : some[Pick(box.buttons == BoxButtons::YesNo ? 3 : 4)];
@@ -123,7 +114,6 @@ class RandomUser : public MainStage {
             return;
         }
         const QPointer<QWidget> control = OneOf(controls);
-        Note(QLatin1String(control->metaObject()->className()) + control->objectName() + control->toolTip());
         if (auto* pushed = qobject_cast<QAbstractButton*>(control.data())) {
             pushed->click();
         } else if (control->inherits("QLineEdit")) {
@@ -157,7 +147,6 @@ class RandomUser : public MainStage {
         const auto& [first, count] = OneOf(strokes);
         const auto key = QKeyCombination::fromCombined(first + Pick(count));
         QWidget* focus = QApplication::focusWidget();
-        Note(QLatin1String("key ") + QKeySequence(key).toString());
         QTest::keyClick(focus != nullptr ? focus : MainWindow(), key.key(), key.keyboardModifiers());
     }
 
@@ -178,7 +167,6 @@ class RandomUser : public MainStage {
         const int reach = Once(4) ? 100000 : 300;
         const QPointF at(Pick(reach) - reach / 10, Pick(reach) - reach / 10);
         held_ ^= button;
-        Note(u"buttons %1, tool %2, at %3,%4"_qs.arg(held_).arg(iCurrentTool).arg(at.x()).arg(at.y()));
         Send(*grabber_, type, button, held_, at);
     }
 
@@ -197,7 +185,6 @@ class RandomUser : public MainStage {
         commands.removeIf([](const QAction* one) { return one->menu() != nullptr || !one->isVisible(); });
         QAction* command = OneOf(commands);
         if (command != MainWindow()->Entry(Menu::menu_exit) || Once(3)) {
-            Note(QLatin1String("command ") + command->text());
             command->trigger();
         }
     }
@@ -207,7 +194,6 @@ class RandomUser : public MainStage {
         const int windows = iSnapshotCount + iAnimationCount;
         const int n = Pick(100);
         if (windows == 0 || (n < 3 && windows < 5)) {
-            Note(QStringLiteral("open"));
             Click(n % 3 == 0 ? Menu::menu_animation : Menu::menu_open, n % 3 == 0 ? 2 : 0);
         } else if (n < 60 && active != nullptr) {
             n < 48 ? Draw({*active}) : UseOneOf(*active);
@@ -223,7 +209,6 @@ class RandomUser : public MainStage {
     }
 
     std::mt19937 random_;
-    std::deque<std::string> recent_;
     Inspector inspector_;
     Qt::MouseButtons held_; ///< over the picture, by
     QPointer<QWidget> grabber_;

@@ -4,6 +4,7 @@
 #include "snapshot/snapshot_probe.h"
 
 #include <QDir>
+#include <QToolButton>
 
 namespace lumrake::testing {
 namespace {
@@ -66,7 +67,7 @@ TEST_F(FileCommands, SaveAsAsksOnlyBeforeAnExistingFileIsOverwritten) {
     files = {old, Path(QStringLiteral("OLD.SNA")), Path(QStringLiteral("gone/x.sna"))};
     answers = {BoxAnswer::No, BoxAnswer::Yes};
     Click(Menu::menu_saveas);
-    EXPECT_EQ(boxes.back(), QLatin1String("Save|") + old.toLower() + u" already exists, overwrite?"_qs);
+    EXPECT_EQ(boxes, std::vector{u"Save|%1 already exists, overwrite?"_qs.arg(old.toLower())});
     EXPECT_EQ(ReadFile(QStringLiteral("Old.sna")).size(), 9u);
     EXPECT_EQ(main.ActiveSnapshot()->GetFilename(), a);
     // A file that is there in other letters is the one that is meant and written; what fails does not enter the
@@ -118,10 +119,6 @@ TEST_F(FileCommands, ShortcutsWorkWhileAValueBoxHasTheFocus) {
     EXPECT_EQ(dialogs, (std::vector{u"Save snapshot file as..."_qs, u"Open animation file..."_qs}));
     EXPECT_EQ(Settings.bToolbarVisible[3], 0);
     EXPECT_EQ(iSnapshotCount, 1) << "Ctrl+F4 is no Close here";
-    QTest::keyClick(box, Qt::Key_F1);
-    EXPECT_EQ(Settings.bAssistantOn, -1);
-    EXPECT_EQ(main.ActiveForm(), main.ActiveSnapshot()) << "the assistant is no document";
-
     // Del belongs to the box.
     int deleted = 0;
     QObject::connect(main.Entry(Menu::menu_edit, 4), &QAction::triggered, box, [&deleted] { ++deleted; });
@@ -130,10 +127,87 @@ TEST_F(FileCommands, ShortcutsWorkWhileAValueBoxHasTheFocus) {
     box->clearFocus();
     QTest::keyClick(&main, Qt::Key_Delete);
     EXPECT_EQ(deleted, 1);
+}
 
-    answers = {BoxAnswer::Yes, BoxAnswer::No}; // the window counts as changed by now
-    QTest::keyClick(&main, Qt::Key_K, Qt::ControlModifier);
-    EXPECT_EQ(iSnapshotCount, 0);
+/// The program with three changed documents a, b and c, of which c is active.
+class ThreeChanged : public MainStage {
+  public:
+    ThreeChanged() {
+        Start();
+        for (const char* name : {"a", "b", "c"}) {
+            OpenSnapshotFile(Snapshot(QLatin1String(name)));
+            SnapshotProbe{*MainWindow()->ActiveSnapshot()}.Changed() = -1;
+        }
+    }
+    /// The documents that were asked about since the last call; e is the end of "Are you sure?".
+    std::string Asked() {
+        std::string letters;
+        for (const QString& box : std::exchange(boxes, {})) {
+            letters += box.at(box.size() - 2).toLatin1();
+        }
+        return letters;
+    }
+};
+
+using enum BoxAnswer;
+
+TEST(MainWindow, ExitStopsAtTheFirstChildThatStays) {
+    ThreeChanged stage;
+    stage.answers = {No, Cancel};
+    stage.Click(Menu::menu_exit);
+    EXPECT_EQ(stage.Asked(), "ab");
+    EXPECT_EQ(iSnapshotCount, 2);
+    EXPECT_EQ(stage.ended, 0);
+    EXPECT_FALSE(QFile::exists(SettingsFile()));
+    stage.answers = {Yes, No};
+    MainWindow()->close();
+    EXPECT_EQ(stage.Asked(), "bc");
+    EXPECT_EQ(stage.ended, 1);
+}
+
+TEST(MainWindow, CloseAllAsksTheActiveChildAgainAsLongAsItStays) {
+    ThreeChanged stage;
+    stage.answers = {Yes, Cancel, Cancel, No, No, Yes, No, No};
+    for (const auto& [asked, left] : {std::pair{"eccc", 2}, {"e", 2}, {"eba", 0}}) {
+        stage.Click(Menu::menu_closeall);
+        EXPECT_EQ(stage.Asked(), asked);
+        EXPECT_EQ(iSnapshotCount, left);
+    }
+}
+
+TEST(MainWindow, TheCoordinatesPanelNeverCoversAButton) {
+    MainStage stage;
+    frmMain& main = stage.Start();
+    for (const int width : {1, 1400}) {
+        main.resize(width, 400);
+        EXPECT_GE(MainProbe::Coords(main).x(), stage.Bar().FullWidth()) << width;
+        EXPECT_EQ(MainProbe::Coords(main).x(), main.frameGeometry().width() - 181);
+    }
+}
+
+TEST(MainWindow, OneToolIsPressedAndAllButTheNetEndTheSelection) {
+    MainStage stage;
+    stage.Start();
+    OpenSnapshotFile(stage.Snapshot(QStringLiteral("a.sna")));
+    const SnapshotProbe probe{*MainWindow()->ActiveSnapshot()};
+    const std::tuple<const char*, int, std::int16_t> clicks[] = {
+        {"Zoom", 11, kToolMagnify}, {"Select", 12, kToolNet}, {"Pan", 13, kToolPan}, {"Draw", 10, kToolDraw}};
+    for (const auto& [name, button, tool] : clicks) {
+        for (QToolButton* control : stage.Bar().findChildren<QToolButton*>()) {
+            if (control->toolTip().startsWith(QLatin1String(name))) {
+                QTest::mouseClick(control, Qt::LeftButton);
+                probe.DrawNet(0, 0, 9, 9);
+                iCurrentTool = kToolPlacing; // a click on the pressed one is told again
+                QTest::mouseClick(control, Qt::LeftButton);
+            }
+        }
+        EXPECT_EQ(iCurrentTool, tool);
+        EXPECT_EQ(probe.Net().Visible, tool == kToolNet);
+        EXPECT_EQ(MainWindow()->Entry(Menu::menu_exportselect)->isEnabled(), tool == kToolNet);
+        for (int other = 10; other <= 13; ++other) {
+            EXPECT_EQ(stage.Bar().IsButtonPressed(other), other == button);
+        }
+    }
 }
 
 } // namespace

@@ -1,10 +1,14 @@
+/// A snapshot window as a document, and the controls around its picture.
 #include "platform/colour_button.h"
 #include "snapshot/snapshot_probe.h"
+
+#include <QCloseEvent>
+#include <QMdiSubWindow>
 
 namespace lumrake {
 namespace {
 
-class SnapshotView : public testing::SnapshotTest {
+class SnapshotWindow : public testing::SnapshotTest {
   protected:
     static void Type(const SnapshotProbe& probe, std::size_t box, const char* keys) {
         probe.Box(box).selectAll();
@@ -17,7 +21,76 @@ class SnapshotView : public testing::SnapshotTest {
     static int Place(const SnapshotProbe& probe) { return probe.Thumb().y() - probe.Track().y(); }
 };
 
-TEST_F(SnapshotView, TypedNumbersAreHeldWithinTheirLimits) {
+TEST_F(SnapshotWindow, OpensUnderItsLowerCaseName) {
+    Settings.lDefaultOffset = 1000;
+    const QString sFile = MakeFile(QStringLiteral("Mixed Case.SNA"), testing::NoiseBytes(1000));
+    const SnapshotProbe probe{*Launch("MIXED CASE.SNA")};
+    EXPECT_EQ(probe.form.GetFilename(), sFile) << "as the disk spells it";
+    EXPECT_EQ(probe.form.windowTitle(), QStringLiteral("mixed case.sna"));
+    EXPECT_EQ(probe.Status().accessibleDescription(), sFile.toLower() + u"; 1000 bytes; 1x; "_qs);
+    EXPECT_EQ(probe.Texts(), "999 256 192 1") << "an offset at the length is the last byte";
+    EXPECT_EQ(probe.Box(0).selectedText(), QStringLiteral("999")) << "a number can be typed at once";
+}
+
+TEST_F(SnapshotWindow, RefusesWhatIsNone) {
+    MakeFile(QStringLiteral("empty"), {});
+    QFile huge(Path(QStringLiteral("huge")));
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(2147483648LL));
+    const char* const cases[][2] = {{"missing", "Open file|File not found!"},
+                                    {"empty", "The file is empty."},
+                                    {".", "It is a directory."},
+                                    {"huge", "longer than 2147483647 bytes"}};
+    for (const auto& [name, message] : cases) {
+        EXPECT_EQ(Launch(name), nullptr) << name;
+        EXPECT_TRUE(boxes.back().startsWith(QLatin1String("Open file|")));
+        EXPECT_TRUE(boxes.back().contains(QLatin1String(message))) << message;
+    }
+    EXPECT_EQ(boxes.size(), std::size(cases));
+    EXPECT_EQ(iSnapshotCount, 0);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SnapshotWindow, AsksOnClosingAndCountsTheWindowOut) {
+    using enum BoxAnswer;
+    // changed, prompt, what is asked and answered
+    const std::tuple<std::int16_t, std::int16_t, std::deque<BoxAnswer>> cases[] = {
+        {0, 1, {}}, {-1, 0, {}}, {-1, 1, {Cancel}}, {-1, 1, {No}}, {-1, 1, {Yes}}};
+    for (const auto& [changed, prompt, answer] : cases) {
+        const bool closes = answer != std::deque{Cancel};
+        const SnapshotProbe probe = Open(100);
+        iSnapshotCount = 2; // another one is open
+        probe.Memory().data()[0] ^= 255;
+        probe.Changed() = changed;
+        Settings.bPromptSave = prompt;
+        answers = answer;
+        EXPECT_EQ(ChildFrame(&probe.form)->close(), closes);
+        EXPECT_TRUE(answers.empty());
+        EXPECT_EQ(iSnapshotCount, closes ? 1 : 2);
+        EXPECT_EQ(ReadFile(u"Test.SNA"_qs) != testing::NoiseBytes(100), answer == std::deque{Yes});
+        EXPECT_TRUE(closes || probe.Changed() == -1);
+    }
+    EXPECT_EQ(boxes[0], u"Snapshot|Save changes to %1?"_qs.arg(Path(u"Test.SNA"_qs).toLower()));
+}
+
+TEST_F(SnapshotWindow, AsksOnceForEachClosing) {
+    const SnapshotProbe probe = Open(100);
+    Open(100); // the active one
+    probe.Changed() = -1;
+    int questions = 0;
+    SetMessageBoxAnswerer([&](const MessageBox&) {
+        ++questions;
+        EXPECT_TRUE(area.currentSubWindow()->widget() == &probe.form) << "the one that is asked about";
+        QCloseEvent again;
+        QCoreApplication::sendEvent(&probe.form, &again);
+        EXPECT_FALSE(again.isAccepted());
+        return BoxAnswer::No;
+    });
+    EXPECT_TRUE(probe.form.close());
+    EXPECT_EQ(questions, 1);
+    EXPECT_EQ(iSnapshotCount, 1);
+}
+
+TEST_F(SnapshotWindow, TypedNumbersAreHeldWithinTheirLimits) {
     // clang-format off
     const std::tuple<std::size_t, const char*, const char*, const char*> cases[] = { // box, keys, texts, message
         {0, "1000", "999 64 40 1",   "Snapshot|Offset must be between 0 and 999!"},
@@ -41,7 +114,7 @@ TEST_F(SnapshotView, TypedNumbersAreHeldWithinTheirLimits) {
     EXPECT_EQ(probe.Picture().size(), QSize(64, 1)) << "one line, one column";
 }
 
-TEST_F(SnapshotView, MillionsKeepTheirDigits) {
+TEST_F(SnapshotWindow, MillionsKeepTheirDigits) {
     const SnapshotProbe probe = Open(1234568);
     probe.View().lOffset = 1234559;
     probe.form.Form_Activate();
@@ -51,7 +124,7 @@ TEST_F(SnapshotView, MillionsKeepTheirDigits) {
     EXPECT_EQ(probe.form.GetOffset(), 123456);
 }
 
-TEST_F(SnapshotView, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
+TEST_F(SnapshotWindow, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
     const SnapshotProbe probe = Open(20000, 64, 16);
     for (const char* pasted : {"12a", "1234567", "-5", "\xd9\xa1"}) {
         probe.Box(0).selectAll();
@@ -76,7 +149,7 @@ TEST_F(SnapshotView, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
     EXPECT_TRUE(probe.Box(1).isEnabled() && probe.Spin(3).isEnabled());
 }
 
-TEST_F(SnapshotView, TheAddressBarStepsAndRests) {
+TEST_F(SnapshotWindow, TheAddressBarStepsAndRests) {
     Settings.iSmallChange = 2;
     Settings.iLargeChange = 4;
     const SnapshotProbe probe = Open(49179, 256, 192);
@@ -93,7 +166,7 @@ TEST_F(SnapshotView, TheAddressBarStepsAndRests) {
     EXPECT_GT(Place(probe), 100);
 }
 
-TEST_F(SnapshotView, TheThumbIsDraggedPastBothEnds) {
+TEST_F(SnapshotWindow, TheThumbIsDraggedPastBothEnds) {
     for (const std::size_t length : {std::size_t{1}, std::size_t{70000}}) {
         const SnapshotProbe probe = Open(length);
         const int last = static_cast<int>(length) - 1;
@@ -113,11 +186,12 @@ TEST_F(SnapshotView, TheThumbIsDraggedPastBothEnds) {
     }
 }
 
-TEST_F(SnapshotView, AttributeAndItsButtons) {
+TEST_F(SnapshotWindow, AttributeAndItsButtons) {
     const SnapshotProbe probe = Open(1000);
     probe.form.SetAttribute(199, false); // bit 7 falls away
-    QTest::mouseClick(&probe.ColourOf(0), Qt::LeftButton);
     QTest::mouseClick(&probe.ColourOf(1), Qt::LeftButton);
+    EXPECT_EQ(probe.form.GetAttribute(), 64 + 15);
+    QTest::mouseClick(&probe.ColourOf(0), Qt::LeftButton);
     EXPECT_EQ(probe.form.GetAttribute(), 64 + 8);
     EXPECT_EQ(probe.form.focusWidget(), &probe.Bar()) << "the arrow keys go on scrolling";
     Settings.lPalette[8] = 65536 * 7 + 256 * 8 + 9;
@@ -129,7 +203,7 @@ TEST_F(SnapshotView, AttributeAndItsButtons) {
     EXPECT_EQ(probe.Picture().hDC().Picture().backColour, qRgb(4, 5, 6));
 }
 
-TEST_F(SnapshotView, ZoomByPanelStopsAtItsLimits) {
+TEST_F(SnapshotWindow, ZoomByPanelStopsAtItsLimits) {
     const SnapshotProbe probe = Open(2000, 256, 40, 16);
     const auto left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
     const std::pair<Qt::MouseButton, const char*> clicks[] = {{right, "1x"}, {left, "2x"}, {middle, "2x"},
@@ -142,7 +216,7 @@ TEST_F(SnapshotView, ZoomByPanelStopsAtItsLimits) {
     EXPECT_EQ(probe.Picture().width(), 65536) << "wider than 16 bits";
 }
 
-TEST_F(SnapshotView, LayoutHoldsAtEverySize) {
+TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
     const SnapshotProbe probe = Open(1000);
     Type(probe, 0, "700");
     QWidget* frame = ChildFrame(&probe.form);
