@@ -64,8 +64,8 @@ TEST_F(Player, EachWayOutOfAMissingSnapshot) {
     }
     EXPECT_EQ(probe.Bytes(), 100U) << "the record's length, not the new file's";
     EXPECT_EQ(boxes,
-              std::vector<QString>(3, QStringLiteral("Animation|The snapshot associated with this animation "
-                                                     "cannot be found.  Select another?")));
+              std::vector(3, u"Animation|The snapshot associated with this animation cannot be found.  "
+                             u"Select another?"_qs));
 }
 
 TEST_F(Player, WhatIsNoAnimationIsToldAndOpensNothing) {

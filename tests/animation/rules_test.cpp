@@ -127,5 +127,9 @@ TEST(SetupRules, TheFirstFaultIsTold) {
     EXPECT_EQ(ValidateSettings(texts, 9)->field, SetupField::Offset);
 }
 
+TEST(SetupRules, LineBreaksOfAnyKindAreOneOnTheScreen) {
+    EXPECT_EQ(NotesOnScreen("a\r\nb\rc\nd\r\n"), "a\nb\nc\nd\n");
+}
+
 } // namespace
 } // namespace lumrake

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <limits>
 #include <random>
 #include <vector>
 
@@ -126,19 +125,6 @@ TEST(Lmk, RandomViewsFollowTheRuleOfOnePixelAndAClipLeavesAllOtherBits) {
         context.ResetClip();
     }
     EXPECT_EQ(lmk::zxScreenOffset(255, 191), 6143);
-}
-
-TEST(Lmk, NothingIsShownOfNoMemory) {
-    constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
-    const Bytes memory(64, 0xff);
-    DeviceContext context;
-    for (const auto& [bytes, length] :
-         {std::pair{memory.data(), kMin}, {static_cast<const std::uint8_t*>(nullptr), 64}}) {
-        Show(context, {0, 8, 8, 1, 0, false}, memory);
-        lmk::zxShowMem(&context, bytes, 0, length, 8, 8, 1, 16, 7, nullptr);
-        EXPECT_FALSE(context.Picture().PixelAt(0, 0));
-    }
-    EXPECT_EQ(lmk::zxShowMem(nullptr, memory.data(), 0, 64, 8, 8, 1, 16, 7, kPalette), 0);
 }
 
 TEST(BitPicture, ExpandShowsEveryPixelAtEveryScale) {

@@ -16,8 +16,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::vector<std::uint8_t> memory(data + kHead, data + size); // of its exact size
     static constexpr std::int32_t kPalette[16] = {};
     static lmk::DeviceContext context; // used again and again, as a window does
-    lmk::zxShowMem(&context, memory.data(), numbers[0], static_cast<std::int32_t>(memory.size()), numbers[1],
-                   numbers[2], numbers[3], numbers[4], data[kHead - 1], kPalette);
+    // Without memory any length shows nothing.
+    const auto length = memory.empty() ? numbers[2] : static_cast<std::int32_t>(memory.size());
+    const auto show = [&](lmk::DeviceContext* to) {
+        return lmk::zxShowMem(to, memory.data(), numbers[0], length, numbers[1], numbers[2], numbers[3],
+                              numbers[4], data[kHead - 1], kPalette);
+    };
+    Require(show(&context) == 1 && show(nullptr) == 0);
     const lmk::BitPicture& picture = context.Picture();
     Require(picture.Width() % 8 == 0 && picture.Width() >= 8 && picture.Width() <= 4096);
     Require(picture.Height() >= 1 && picture.Height() <= 512);
