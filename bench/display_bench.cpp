@@ -79,30 +79,34 @@ void Expand(benchmark::State& state, int scale) {
     BitPicture picture;
     picture.Resize(4096, 512);
     const auto noise = Noise(512 * 512);
-    for (int row = 0; row < 512; ++row)
+    for (int row = 0; row < 512; ++row) {
         std::memcpy(picture.Row(row), noise.data() + row * 512, 512);
+    }
     // At 1:1 a picture is 512 lines high, so the exposure starts above it for the rows that it lacks.
     const int top = scale == 1 ? 512 - kHeight : 3, left = 5;
     std::vector<std::uint32_t> strip(static_cast<std::size_t>(kWidth * kStrip));
-    for (auto _ : state)
+    for (auto _ : state) {
         for (int y = 0; y < kHeight; y += kStrip) {
             picture.Expand({left, top + y, kWidth, std::min(kStrip, kHeight - y)}, scale, strip.data(),
                            kWidth);
             benchmark::ClobberMemory();
         }
+    }
     state.SetBytesProcessed(state.iterations() * kWidth * kHeight * 4);
 }
 
 /// The same exposure out of a picture of 32-bit colours of that size, into the same strip.
 void CopyExposure(benchmark::State& state) {
     std::vector<std::uint32_t> picture(4096 * 640, 0xff123456), strip(kWidth * kStrip);
-    for (auto _ : state)
+    for (auto _ : state) {
         for (int y = 0; y < kHeight; y += kStrip) {
-            for (int row = 0; row < std::min(kStrip, kHeight - y); ++row)
+            for (int row = 0; row < std::min(kStrip, kHeight - y); ++row) {
                 std::memcpy(strip.data() + row * kWidth, picture.data() + (3 + y + row) * 4096 + 5,
                             kWidth * 4);
+            }
             benchmark::ClobberMemory();
         }
+    }
     state.SetBytesProcessed(state.iterations() * kWidth * kHeight * 4);
 }
 

@@ -53,7 +53,7 @@ class frmHelp : public QWidget {
 
     std::array<QWidget*, 2> imgFizzlet{}; ///< the figure and the tail of the bubble
     QLabel* lblBubble = nullptr;
-    QWidget* shpBubble = nullptr; ///< the bubble and its shadow
+    QWidget* shpBubble = nullptr;        ///< the bubble and its shadow
     std::int32_t lGrabX = 0, lGrabY = 0; ///< where inside the control a drag began
     bool loaded_ = false;                ///< between Launch and Kill
 };

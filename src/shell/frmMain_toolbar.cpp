@@ -104,8 +104,7 @@ constexpr int kLabelLeft[] = {480, 1650}, kLabelTop = 120, kLabelWidth = 855, kL
 
 void frmMain::CreateToolbar() {
     for (const ButtonRow& row : kButtons) {
-        tbrMain->AddButton({Latin(row.Key), row.Style, Latin(row.Picture),
-                            Latin(row.ToolTipText)});
+        tbrMain->AddButton({Latin(row.Key), row.Style, Latin(row.Picture), Latin(row.ToolTipText)});
     }
     tbrMain->PressButton(10);
     tbrMain->ButtonClick = [this](int Button) { tbrMain_ButtonClick(Button); };

@@ -58,9 +58,11 @@ class Random {
     }
     void Fill(BitPicture& picture, int width, int height) {
         picture.Resize(width, height);
-        for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x)
+        for (int y = 0; y < height; ++y) {
+            for (int x = 0; x < width; ++x) {
                 picture.SetPixel(x, y, (*this)(0, 1) == 1);
+            }
+        }
     }
 
   private:
@@ -75,10 +77,12 @@ View RandomView(Random& random, int length) {
            random(0, 4),
            random(0, 1) == 1,
            random(1, 5)};
-    if (v.mode == 1 && random(0, 3) != 0)
+    if (v.mode == 1 && random(0, 3) != 0) {
         v.width = 256, v.lines = 192, v.columns = 1;
-    if (v.mode == 2 && random(0, 3) != 0)
+    }
+    if (v.mode == 2 && random(0, 3) != 0) {
         v.columns = 1;
+    }
     return v;
 }
 
@@ -91,15 +95,20 @@ testing::AssertionResult Follows(const DeviceContext& context, const View& v, co
                                  const Rect& clip = {0, 0, 4096, 512}, const Bytes& before = {}) {
     const BitPicture& picture = context.Picture();
     const auto failure = [&] { return testing::AssertionFailure() << "mode " << v.mode << ": "; };
-    if (picture.Width() != v.width * v.columns || picture.Height() != v.lines)
+    if (picture.Width() != v.width * v.columns || picture.Height() != v.lines) {
         return failure() << "wrong size";
+    }
     for (int y = 0; y < picture.Height(); ++y) {
-        for (int x = 0; x < picture.Width(); ++x)
-            if (picture.PixelAt(x, y) != Expected(v, Holds(clip, x, y) ? memory : before, x, y))
+        for (int x = 0; x < picture.Width(); ++x) {
+            if (picture.PixelAt(x, y) != Expected(v, Holds(clip, x, y) ? memory : before, x, y)) {
                 return failure() << x << ", " << y;
-        for (int b = picture.Width() / 8; b < picture.Stride(); ++b)
-            if (picture.Row(y)[b] != 0)
+            }
+        }
+        for (int b = picture.Width() / 8; b < picture.Stride(); ++b) {
+            if (picture.Row(y)[b] != 0) {
                 return failure() << "bits right of the picture in row " << y;
+            }
+        }
     }
     return testing::AssertionSuccess();
 }
@@ -140,7 +149,7 @@ TEST(BitPicture, ExpandShowsEveryPixelAtEveryScale) {
         constexpr std::uint32_t kUntouched = 0x55555555;
         std::vector<std::uint32_t> target(static_cast<std::size_t>(stride * screen.height), kUntouched);
         picture.Expand(screen, scale, target.data(), stride);
-        for (int y = 0; y < screen.height; ++y)
+        for (int y = 0; y < screen.height; ++y) {
             for (int x = 0; x < stride; ++x) {
                 const int sx = screen.x + x, sy = screen.y + y;
                 const bool set = sx >= 0 && sy >= 0 && picture.PixelAt(sx / scale, sy / scale);
@@ -149,6 +158,7 @@ TEST(BitPicture, ExpandShowsEveryPixelAtEveryScale) {
                           x < screen.width ? colour : kUntouched)
                     << "scale " << scale << " at " << sx << ", " << sy;
             }
+        }
     }
 }
 
@@ -165,11 +175,13 @@ TEST(BitPicture, CopiesAreasOfItselfAndOthers) {
         ASSERT_EQ(copy.Width(), std::max(area.width, 0));
         ASSERT_EQ(copy.Height(), std::max(area.height, 0));
         ASSERT_EQ(copy.foreColour, picture.foreColour);
-        for (int y = 0; y < copy.Height(); ++y)
-            for (int x = 0; x < 8 * copy.Stride(); ++x) // with the bits right of the picture
+        for (int y = 0; y < copy.Height(); ++y) {
+            for (int x = 0; x < 8 * copy.Stride(); ++x) { // with the bits right of the picture
                 ASSERT_EQ((copy.Row(y)[x / 8] >> (7 - x % 8) & 1) != 0,
                           x < area.width && picture.PixelAt(area.x + x, area.y + y))
                     << area.x << ", " << area.y << ": " << x << ", " << y;
+            }
+        }
     }
 }
 
