@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdint>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #elif defined(_WIN32)
 #include <io.h>
@@ -34,6 +35,16 @@ bool SyncFile(int handle) {
     } while (result != 0 && errno == EINTR);
     // Files that cannot be synced by their nature (a pipe, some network shares) are not a failure.
     return result == 0 || errno == EINVAL || errno == ENOTSUP;
+#endif
+}
+
+void GiveToOwnerOf([[maybe_unused]] const char* path, [[maybe_unused]] int handle) {
+#if !defined(_WIN32)
+    struct stat old {};
+    if (stat(path, &old) == 0 && fchown(handle, old.st_uid, old.st_gid) != 0) {
+        constexpr uid_t kAsItIs = static_cast<uid_t>(-1);
+        [[maybe_unused]] const int result = fchown(handle, kAsItIs, old.st_gid); // of one's own groups
+    }
 #endif
 }
 

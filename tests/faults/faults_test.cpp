@@ -81,7 +81,8 @@ struct Writer {
 
 const Writer kWriters[] = {
     {"Save", kSnapshotFile, "Save", false, [](Rig& rig) { SaveSnapshot(*rig.snapshot); }},
-    {"Save as", QStringLiteral("other.sna"), "Save", false, [](Rig& rig) { SaveSnapshotAs(*rig.snapshot); }},
+    {"Save as", QString(255, QLatin1Char('o')), "Save", false,
+     [](Rig& rig) { SaveSnapshotAs(*rig.snapshot); }},
     {"raw data", QStringLiteral("view.raw"), "Save", true, [](Rig& rig) { rig.snapshot->ExportViewToRaw(); }},
     {"view", QStringLiteral("view.bmp"), "Save", true, [](Rig& rig) { rig.snapshot->ExportViewToBMP(); }},
     {"selection", QStringLiteral("net.bmp"), "Save", true,
