@@ -89,14 +89,14 @@ FileError Rename(const QString& standIn, const QString& path) {
 
 /// Writes all bytes. A disk that runs full takes a part without a word and says why it refuses only when it is
 /// asked for the rest.
-bool WriteAll(QIODevice& device, const char* bytes, qint64 size) {
-    while (size > 0) {
-        const qint64 count = device.write(bytes, size);
+bool WriteAll(QIODevice& device, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const qint64 count =
+            device.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
         if (count <= 0) {
             return false;
         }
-        bytes += count;
-        size -= count;
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
     return true;
 }
@@ -230,27 +230,19 @@ FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&
 }
 
 FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
-    return WriteFileWith(path, [bytes](QIODevice& device) {
-        return WriteAll(device, reinterpret_cast<const char*>(bytes.data()),
-                        static_cast<qint64>(bytes.size()));
-    });
+    return WriteFileWith(path, [bytes](QIODevice& device) { return WriteAll(device, bytes); });
 }
 
 FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
-    QByteArray contents(reinterpret_cast<const char*>(record.data()), static_cast<qsizetype>(record.size()));
+    MemoryBlock old;
     if (QFileInfo::exists(path)) {
-        MemoryBlock old;
         if (const FileError error = ReadWholeFile(path, old)) {
             return error;
         }
-        if (old.size() > record.size()) {
-            contents.append(reinterpret_cast<const char*>(old.data() + record.size()),
-                            static_cast<qsizetype>(old.size() - record.size()));
-        }
     }
-    return WriteFileWith(path, [&contents](QIODevice& device) {
-        return WriteAll(device, contents.constData(), contents.size());
-    });
+    const auto tail = old.Bytes().subspan(std::min(record.size(), old.size()));
+    return WriteFileWith(
+        path, [&](QIODevice& device) { return WriteAll(device, record) && WriteAll(device, tail); });
 }
 
 } // namespace lumrake

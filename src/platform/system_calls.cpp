@@ -48,9 +48,12 @@ void GiveToOwnerOf([[maybe_unused]] const char* path, [[maybe_unused]] int handl
 #endif
 }
 
-void HoldFileSizeSignal() {
+void HoldWriteSignals() {
 #if defined(SIGXFSZ)
     std::signal(SIGXFSZ, SIG_IGN);
+#endif
+#if defined(SIGPIPE)
+    std::signal(SIGPIPE, SIG_IGN);
 #endif
 }
 
