@@ -6,12 +6,16 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QUuid>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace lumrake {
 
 namespace {
+
+const QString kNotRegular = QStringLiteral("It is not a regular file.");
 
 /// Entries of `directory` that are `name` when letter case does not count.
 QStringList MatchesWithoutCase(const QString& directory, const QString& name) {
@@ -32,24 +36,67 @@ bool IsTaken(const QString& path) {
     return info.exists() || info.isSymLink();
 }
 
-/// A file nobody may write is left alone even by those whom the system would let through.
-bool WriteProtected(const QString& path) {
+/// Why an existing file must not get new contents, or nothing. The new file would take its place whatever it was.
+FileError WhyNotReplaced(const QString& path) {
     const QFileInfo info(path);
-    // WriteUser is left out: it says what the present user may do, and the administrator may do all.
+    if (!info.exists() || info.isDir()) { // a directory is refused by what writes
+        return std::nullopt;
+    }
+    if (!info.isFile()) { // a pipe or a device would be gone
+        return kNotRegular;
+    }
+    // Left alone even by those whom the system would let through. WriteUser says what the present user may do,
+    // and the administrator may do all.
     const QFile::Permissions anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
-    return info.exists() && (info.permissions() & anyWrite) == QFile::Permissions{};
+    if ((info.permissions() & anyWrite) == QFile::Permissions{}) {
+        return QStringLiteral("The file is write-protected.");
+    }
+    QFile file(path); // only the system knows the reason: a read-only disk, no permission, a running program
+    return file.open(QIODevice::Append | QIODevice::ExistingOnly) ? std::nullopt
+                                                                  : FileError(file.errorString());
+}
+
+/// Where the bytes for the file at `path` go. A temporary file beside it has a dot and six letters more, which a
+/// name near the limit of file systems has no room for: then a shorter name stands in for it, and is renamed.
+QString StandInFor(const QString& path) {
+    constexpr qsizetype kLongest = 255 - 7; // bytes
+    const QFileInfo info(path);
+    QString name = info.fileName();
+    if (QFile::encodeName(name).size() <= kLongest) {
+        return path;
+    }
+    while (QFile::encodeName(name).size() > kLongest - 7) {
+        name.chop(1);
+    }
+    const QString letters = QUuid::createUuid().toString(QUuid::WithoutBraces).left(6);
+    return info.dir().filePath(name + QLatin1Char('.') + letters);
+}
+
+/// Lets `standIn` take the place of the file at `path`, with its mode bits.
+FileError Rename(const QString& standIn, const QString& path) {
+    if (QFileInfo::exists(path)) {
+        QFile::setPermissions(standIn, QFile::permissions(path));
+    }
+    std::error_code failure;
+    std::filesystem::rename(QFileInfo(standIn).filesystemFilePath(), QFileInfo(path).filesystemFilePath(),
+                            failure);
+    if (failure) {
+        QFile::remove(standIn);
+        return QString::fromLocal8Bit(failure.message().c_str());
+    }
+    return std::nullopt;
 }
 
 /// Writes all bytes. A disk that runs full takes a part without a word and says why it refuses only when it is
 /// asked for the rest.
-bool WriteAll(QIODevice& device, const char* bytes, qint64 size) {
-    while (size > 0) {
-        const qint64 count = device.write(bytes, size);
+bool WriteAll(QIODevice& device, std::span<const std::uint8_t> bytes) {
+    while (!bytes.empty()) {
+        const qint64 count =
+            device.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
         if (count <= 0) {
             return false;
         }
-        bytes += count;
-        size -= count;
+        bytes = bytes.subspan(static_cast<std::size_t>(count));
     }
     return true;
 }
@@ -131,7 +178,7 @@ FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t l
         return QStringLiteral("It is a directory.");
     }
     if (info.exists() && !info.isFile()) { // a pipe would be waited for, a device has no length
-        return QStringLiteral("It is not a regular file.");
+        return kNotRegular;
     }
     // Unbuffered: the bytes go from the system straight into their place.
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
@@ -158,13 +205,18 @@ FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t l
 }
 
 FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write) {
-    if (WriteProtected(path)) {
-        return QStringLiteral("The file is write-protected.");
+    if (const FileError error = WhyNotReplaced(path)) {
+        return error;
     }
-    QSaveFile file(path);
+    const QFileInfo info(path);
+    // A link that leads nowhere yet has no such path; it is followed by QSaveFile.
+    const QString target = info.isSymLink() && info.exists() ? info.canonicalFilePath() : path;
+    const QString standIn = StandInFor(target);
+    QSaveFile file(standIn);
     if (!file.open(QIODevice::WriteOnly)) {
         return file.errorString();
     }
+    GiveToOwnerOf(QFile::encodeName(target).constData(), file.handle());
     if (!write(file) || !file.flush()) {
         return WriteErrorOf(file);
     }
@@ -174,31 +226,23 @@ FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&
     if (!file.commit()) {
         return file.errorString();
     }
-    return std::nullopt;
+    return standIn == target ? std::nullopt : Rename(standIn, target);
 }
 
 FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
-    return WriteFileWith(path, [bytes](QIODevice& device) {
-        return WriteAll(device, reinterpret_cast<const char*>(bytes.data()),
-                        static_cast<qint64>(bytes.size()));
-    });
+    return WriteFileWith(path, [bytes](QIODevice& device) { return WriteAll(device, bytes); });
 }
 
 FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
-    QByteArray contents(reinterpret_cast<const char*>(record.data()), static_cast<qsizetype>(record.size()));
+    MemoryBlock old;
     if (QFileInfo::exists(path)) {
-        MemoryBlock old;
         if (const FileError error = ReadWholeFile(path, old)) {
             return error;
         }
-        if (old.size() > record.size()) {
-            contents.append(reinterpret_cast<const char*>(old.data() + record.size()),
-                            static_cast<qsizetype>(old.size() - record.size()));
-        }
     }
-    return WriteFileWith(path, [&contents](QIODevice& device) {
-        return WriteAll(device, contents.constData(), contents.size());
-    });
+    const auto tail = old.Bytes().subspan(std::min(record.size(), old.size()));
+    return WriteFileWith(
+        path, [&](QIODevice& device) { return WriteAll(device, record) && WriteAll(device, tail); });
 }
 
 } // namespace lumrake

@@ -45,7 +45,8 @@ FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t l
 
 /// Makes the file hold exactly `bytes`: they go to a temporary file beside it, are brought to the disk, and
 /// the new file takes the place of the old one in one step, so that whatever fails leaves the old file as it
-/// was. Symbolic links are followed and mode bits kept; a file without any write permission is refused.
+/// was. Symbolic links are followed, mode bits and owner kept; a file without any write permission and what is no
+/// regular file are refused.
 FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes);
 
 /// The same for contents that a function writes into the open device; it says false when it failed.

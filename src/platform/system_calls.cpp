@@ -5,6 +5,7 @@
 #include <csignal>
 #include <cstdint>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #elif defined(_WIN32)
 #include <io.h>
@@ -37,9 +38,22 @@ bool SyncFile(int handle) {
 #endif
 }
 
-void HoldFileSizeSignal() {
+void GiveToOwnerOf([[maybe_unused]] const char* path, [[maybe_unused]] int handle) {
+#if !defined(_WIN32)
+    struct stat old {};
+    if (stat(path, &old) == 0 && fchown(handle, old.st_uid, old.st_gid) != 0) {
+        constexpr uid_t kAsItIs = static_cast<uid_t>(-1);
+        [[maybe_unused]] const int result = fchown(handle, kAsItIs, old.st_gid); // of one's own groups
+    }
+#endif
+}
+
+void HoldWriteSignals() {
 #if defined(SIGXFSZ)
     std::signal(SIGXFSZ, SIG_IGN);
+#endif
+#if defined(SIGPIPE)
+    std::signal(SIGPIPE, SIG_IGN);
 #endif
 }
 

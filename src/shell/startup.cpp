@@ -104,7 +104,7 @@ int RunProgram(int argc, char** argv) {
     for (int word = 1; word < argc; ++word) {
         words << QString::fromLocal8Bit(argv[word]);
     }
-    HoldFileSizeSignal(); // a full quota is told, it does not take the documents away
+    HoldWriteSignals(); // a full quota or a closed terminal does not take the documents away
     // No point of a stroke may be lost.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     QApplication application(argc, argv);

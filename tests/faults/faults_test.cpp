@@ -9,6 +9,7 @@
 #include <QDir>
 
 #include <cerrno>
+#include <csignal>
 #include <cstring>
 #include <functional>
 #include <sys/resource.h>
@@ -81,7 +82,8 @@ struct Writer {
 
 const Writer kWriters[] = {
     {"Save", kSnapshotFile, "Save", false, [](Rig& rig) { SaveSnapshot(*rig.snapshot); }},
-    {"Save as", QStringLiteral("other.sna"), "Save", false, [](Rig& rig) { SaveSnapshotAs(*rig.snapshot); }},
+    {"Save as", QString(255, QLatin1Char('o')), "Save", false,
+     [](Rig& rig) { SaveSnapshotAs(*rig.snapshot); }},
     {"raw data", QStringLiteral("view.raw"), "Save", true, [](Rig& rig) { rig.snapshot->ExportViewToRaw(); }},
     {"view", QStringLiteral("view.bmp"), "Save", true, [](Rig& rig) { rig.snapshot->ExportViewToBMP(); }},
     {"selection", QStringLiteral("net.bmp"), "Save", true,
@@ -219,7 +221,8 @@ TEST(Faults, WhileReadingAreToldAndOpenNothing) {
 }
 
 TEST(Faults, ALimitOfTheFileSizeIsAFailureAndNoEnd) {
-    HoldFileSizeSignal();
+    HoldWriteSignals();
+    raise(SIGPIPE); // the same for a pipe without a reader
     const Bytes old = NoiseBytes(1000, 2);
     Rig rig;
     rig.Reset(kSnapshotFile, old);
