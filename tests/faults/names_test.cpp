@@ -55,6 +55,17 @@ TEST(FileNames, OfAnyKindAreOpenedSavedAndMade) {
     }
 }
 
+TEST(FileNames, TooLongForTheDiskAreTold) {
+    FileStage stage;
+    frmSnapshot* form = OpenChanged(stage, QStringLiteral("a.sna"));
+    stage.files = {stage.Path(QString(300, QLatin1Char('N')))};
+    EXPECT_FALSE(SaveSnapshotAs(*form));
+    ASSERT_EQ(stage.boxes.size(), 1U);
+    EXPECT_TRUE(stage.boxes[0].contains(QLatin1String("File name too long"))) << stage.boxes[0].toStdString();
+    EXPECT_EQ(form->GetFilename(), stage.Path(QStringLiteral("a.sna")));
+    EXPECT_EQ(QDir(stage.Path(QString())).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
 TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
     struct Case {
         const char* what;
