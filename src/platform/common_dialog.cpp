@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHeaderView>
+#include <QSplitter>
 #include <QStringList>
 #include <QTreeView>
 
@@ -16,6 +17,8 @@ namespace lumrake {
 CommonDialog comDialog;
 
 namespace {
+
+constexpr int kPlacesWidth = 96, kFilesWidth = 394; ///< pixels of the two lists of the real dialog
 
 FileDialogAnswerer& Answerer() {
     static FileDialogAnswerer answerer;
@@ -55,7 +58,11 @@ QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
         dialog.setDirectory(proposed.absolutePath());
         dialog.selectFile(proposed.fileName());
     }
-    // Left to itself the dialog cuts sizes and dates, but has room for types, which nobody knows of such files.
+    // Left to itself the dialog cuts the names of places, sizes and dates, but has room for types, which nobody
+    // knows of such files.
+    if (auto* split = dialog.findChild<QSplitter*>()) {
+        split->setSizes({kPlacesWidth, kFilesWidth});
+    }
     if (auto* list = dialog.findChild<QTreeView*>()) {
         list->hideColumn(2);
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
