@@ -25,7 +25,7 @@ template <class Form> std::vector<Form*> Forms() {
 }
 
 /// Looks over the whole program between two events: numbers in their limits, pictures that show the bytes, bytes
-/// that do not change unnoticed, commands that are on when there is something for them.
+/// that only change where a view was, commands that are on when there is something for them.
 class Inspector {
   public:
     /// What is out of order; empty when nothing is. `pressed`: a mouse button is held over a picture.
@@ -58,6 +58,7 @@ class Inspector {
     struct Shadow { ///< of a document, at the call before
         QPointer<frmSnapshot> form;
         std::vector<std::uint8_t> bytes;
+        ViewNumbers view;
     };
 
     void Expect(bool holds, const std::string& fault) {
@@ -99,14 +100,30 @@ class Inspector {
         }
     }
 
-    /// Bytes change in documents alone that know of it. Which ones do is held by the rules' own tests.
+    /// Bytes change in documents alone that know of it, and only those of a pixel in the view as it was before the
+    /// event or is now.
     void CheckBytes(frmSnapshot& form) {
         const SnapshotProbe probe{form};
         Shadow& shadow = shadows_[&form];
         std::vector<std::uint8_t> now = probe.Bytes();
-        Expect(shadow.form != &form || probe.Changed() != 0 || now == shadow.bytes,
-               "bytes changed and the document did not"); // another form: one that opened just now
-        shadow = {&form, std::move(now)};
+        if (shadow.form == &form && now != shadow.bytes) { // not another one that opened where it lay
+            Expect(probe.Changed() != 0, "bytes changed and the document did not");
+            std::vector<bool> shown(now.size());
+            for (ViewNumbers view : {shadow.view, probe.View()}) {
+                view.iZoom = view.iZoomFactor = 1;
+                for (int cell = 0; cell < view.PictureWidth() / 8 * view.iLines; ++cell) {
+                    const auto at = LocatePixel(view, static_cast<float>(cell / view.iLines * 8),
+                                                static_cast<float>(cell % view.iLines));
+                    if (at && static_cast<std::size_t>(at->lAddress) < now.size()) {
+                        shown[static_cast<std::size_t>(at->lAddress)] = true;
+                    }
+                }
+            }
+            for (std::size_t i = 0; i < now.size(); ++i) {
+                Expect(shown[i] || now[i] == shadow.bytes[i], "a byte in no view changed");
+            }
+        }
+        shadow = {&form, std::move(now), probe.View()};
     }
 
     void CheckCommands(bool pressed) {
