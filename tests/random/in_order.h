@@ -159,8 +159,9 @@ class Inspector {
             Expect(MainStage::Bar().IsButtonEnabled(button) == main.Entry(name, Index)->isEnabled(),
                    "button " + std::to_string(button));
         }
-        bool net = false,
-             open = false; // while it is dragged, and when it is one pixel that grew with the zoom
+        bool net = false; // the commands are on
+        bool open =
+            false; // on or off: while a net is dragged, or when it is one pixel that grew with the zoom
         if (snapshot) {
             const SnapshotProbe probe{*form};
             const auto& shape = probe.Net();
