@@ -10,7 +10,6 @@ option(LUMRAKE_TESTS "Build the tests" ON)
 option(LUMRAKE_BENCHMARKS "Build the benchmarks" OFF)
 option(LUMRAKE_SANITIZE "Build with AddressSanitizer and UBSan, stopping at the first fault" OFF)
 option(LUMRAKE_FUZZERS "Build the libFuzzer targets (needs clang)" OFF)
-option(LUMRAKE_TIDY "Run clang-tidy on every file that is compiled" OFF)
 
 # The display library is written for the optimiser: -O3 lets its inner loops use vector registers.
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
@@ -28,11 +27,6 @@ endif()
 if(LUMRAKE_FUZZERS)
     # The fuzzer needs to see which branches of the libraries an input takes.
     add_compile_options(-fsanitize=fuzzer-no-link)
-endif()
-
-if(LUMRAKE_TIDY)
-    find_program(CLANG_TIDY NAMES clang-tidy REQUIRED)
-    set(CMAKE_CXX_CLANG_TIDY ${CLANG_TIDY} --quiet --warnings-as-errors=*)
 endif()
 
 find_program(CCACHE ccache)

@@ -84,7 +84,7 @@ TEST_F(Player, OnceOnlyComesToRestOnFrame0) {
     record.iPause = 1;
     ASSERT_TRUE(Open(form));
     form.Play();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return probe.State().iCurrentFrame > 0; }, 20000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return probe.State().iCurrentFrame > 0; }, 20000)) << "on frame 0";
     EXPECT_TRUE(QTest::qWaitFor([&] { return !probe.Playing(); }, 20000));
     EXPECT_EQ(probe.State().iCurrentFrame, 0);
 }

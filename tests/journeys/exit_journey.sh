@@ -24,7 +24,7 @@ expect_size "$app/LMK.CFG" 526
 
 # The list holds the path in lower case; the file with the capitals is found all the same.
 remembered=$(dd if="$app/LMK.CFG" bs=1 skip=38 count=100 status=none | sed 's/ *$//')
-[ "$remembered" = "$(tr '[:upper:]' '[:lower:]' <<<"$files/My Game.SNA")" ] || fail "remembered $remembered"
+expect "the list" "$(tr '[:upper:]' '[:lower:]' <<<"$files/My Game.SNA")" "$remembered"
 start_program
 menu f 1
 view=$default_view factor=1
@@ -40,8 +40,8 @@ answer_last "Version change" Return
 find_main
 menu f x
 wait_for_end
-[ "$(head -c 4 "$app/LMK.CFG")" = 2.00 ] || fail "the new version is not kept"
-[ "$(value "$app/LMK.CFG" 38 4)" = $((0x20202020)) ] || fail "the old list was kept"
+expect "the version" 2.00 "$(head -c 4 "$app/LMK.CFG")"
+expect "the list, empty again" $((0x20202020)) "$(value "$app/LMK.CFG" 38 4)"
 
 # With the splash, which gives way to the main window.
 launch with splash

@@ -72,10 +72,10 @@ wait_for "silence" shown figure
 
 menu f x
 wait_for_end
-[ "$(value "$app/LMK.CFG" 448 2)" = 64 ] || fail "the default lines are not kept"
-[ "$(od -An -j460 -N32 -tx4 --endian=big "$app/LMK.CFG" | tr -d '\n')" = \
-  " 00000000 0010ff00 d0000000 d000d000 00d00000 00d0d000 d0d00000 d0d0e000" ] || fail "the palette is not kept"
-[ "$(value "$app/LMK.CFG" 524 2)" = -1 ] || fail "the assistant is forgotten"
+expect "the default lines" 64 "$(value "$app/LMK.CFG" 448 2)"
+expect "the palette" " 00000000 0010ff00 d0000000 d000d000 00d00000 00d0d000 d0d00000 d0d0e000" \
+    "$(od -An -j460 -N32 -tx4 --endian=big "$app/LMK.CFG" | tr -d '\n')"
+expect "the assistant's flag" -1 "$(value "$app/LMK.CFG" 524 2)"
 
 start_program
 wait_for "the assistant of the last run" shown alone

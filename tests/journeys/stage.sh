@@ -13,19 +13,36 @@ journey=$(basename "$0" .sh)
 
 fail() {
     echo "FAILED: $*" >&2
+    tell_windows >&2
     cat "$stage/stderr" >&2 2>/dev/null || true
     mkdir -p "$build/journeys"
     import -window root "$build/journeys/$journey.png" 2>/dev/null || true
+    cp "$stage/picture.png" "$build/journeys/$journey-expected.png" 2>/dev/null || true # the last one asked for
     exit 1
 }
 
-# wait_for WHAT COMMAND...: until the command succeeds.
+# expect WHAT WANTED FOUND
+expect() { [ "$2" = "$3" ] || fail "$1: expected $2, found $3"; }
+
+# wait_for WHAT COMMAND...: until the command succeeds. In vain when the program has ended; what the command then says
+# tells what was there instead.
 wait_for() {
-    local what=$1 end=$((SECONDS + 60))
+    local what=$1 end=$((SECONDS + 60)) last=
     shift
     until "$@" >/dev/null 2>&1; do
-        [ $SECONDS -lt $end ] || fail "waited in vain for $what"
+        [ -z "$last" ] || fail "waited in vain for $what. $("$@" 2>&1)"
+        if [ $SECONDS -ge $end ] || lost_program; then last=1; fi
         read -rt 0.05 <> <(:) || true
+    done
+}
+lost_program() { [ -n "${program:-}" ] && program_ended; }
+
+tell_windows() {
+    local window focus
+    ! lost_program || echo "The program has ended."
+    focus=$(xdotool getwindowfocus 2>/dev/null) || return 0
+    for window in $(xdotool search --onlyvisible --class lumrake 2>/dev/null); do
+        echo "There is the window \"$(xdotool getwindowname "$window")\"$([ "$window" != "$focus" ] || echo , active)."
     done
 }
 
@@ -205,7 +222,7 @@ at_rest() { shot "$stage/one.png" "${1:-}" && shot "$stage/two.png" "${1:-}" && 
 pixels() { convert "$1" -depth 8 "rgb:$2"; }
 looks_like() {
     import -window "$main" -crop "$2" +repage -depth 8 "rgb:$stage/seen"
-    cmp -s "$1" "$stage/seen"
+    cmp "$1" "$stage/seen"
 }
 
 # expect_picture [FILE]: waits until the active child shows its view of the file, pixel for pixel in these colours,
@@ -223,12 +240,12 @@ expect_picture() {
 expect_bitmap() {
     wait_for "$1" test -s "$files/$1"
     paint "$files/sample.sna" "$3" -crop "$2" +repage "$stage/picture.png"
-    [ "$(compare -metric AE "$files/$1" "$stage/picture.png" null: 2>&1)" = 0 ] || fail "$1 shows something else"
-    [ "$(identify -format '%z %[colors]' "$files/$1")" = "1 2" ] || fail "$1 has not one bit a pixel"
+    expect "pixels of $1 that differ" 0 "$(compare -metric AE "$files/$1" "$stage/picture.png" null: 2>&1)"
+    expect "bits a pixel and colours of $1" "1 2" "$(identify -format '%z %[colors]' "$files/$1")"
 }
 
 same_bytes() { cmp "$1" "$2" || fail "$1 and $2 differ"; }
 expect_bytes() { wait_for "$1 to be $2" cmp "$1" "$2"; }
-expect_size() { [ "$(stat -c %s "$1")" = "$2" ] || fail "$1 has not $2 bytes"; }
+expect_size() { expect "bytes of $1" "$2" "$(stat -c %s "$1")"; }
 # value FILE OFFSET WIDTH: a little-endian number of a record
 value() { od -An -j "$2" -N "$3" -t "d$3" --endian=little "$1" | tr -d ' '; }

@@ -20,7 +20,7 @@ class PrefsTest : public ::testing::Test {
     void Open() {
         form = std::make_unique<frmPrefs>();
         form->show();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+        testing::WaitForActive(*form);
     }
     template <class Control = QWidget> Control& Get(const char* name, int index = -1) {
         const QString number = index < 0 ? QString() : u"(%1)"_qs.arg(index);

@@ -35,7 +35,7 @@ class MainStage : public Stage {
 
     frmMain& Start(const QString& sCommandLine = QStringLiteral("REHEARS")) {
         Main(sCommandLine);
-        EXPECT_TRUE(QTest::qWaitForWindowActive(MainWindow()));
+        WaitForActive(*MainWindow());
         return *MainWindow();
     }
     /// Takes the window away as the end of the process does.

@@ -62,7 +62,7 @@ class Prompts : public ::testing::Test {
         main.ShowPrompt(kUnknown);
         form.show();
         form.activateWindow();
-        EXPECT_TRUE(QTest::qWaitFor([&form] { return form.isActiveWindow(); }));
+        WaitForActive(form);
         ExpectSaid(number, form, {});
         ExpectNames(form, 2);
         Hover(form, {1, 1}, 0);

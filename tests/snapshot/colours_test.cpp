@@ -22,7 +22,7 @@ struct ColoursProbe {
     /// Opens the picker, does `work` in it and gives its result. A picker left open is closed by its close box.
     int Pick(std::int16_t iColour, const std::function<void()>& work) {
         QTimer::singleShot(0, &form, [this, &work] {
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&form));
+            testing::WaitForActive(form);
             work();
             form.close();
         });

@@ -1,5 +1,7 @@
 #include "support/forms_support.h"
 
+#include <QApplication>
+
 #include <random>
 
 namespace lumrake::testing {
@@ -58,6 +60,23 @@ std::vector<std::uint8_t> Stage::ReadFile(const QString& name) const {
     EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
     const QByteArray bytes = file.readAll();
     return {bytes.begin(), bytes.end()};
+}
+
+void WaitForActive(QWidget& window) {
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }, 20000))
+        << '"' << window.windowTitle().toStdString() << "\" is not the active one of" << OpenWindows();
+}
+
+std::string OpenWindows() {
+    std::string titles;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
+            titles += " \"" + window->windowTitle().toStdString() + '"';
+            titles += window == QApplication::activeModalWidget() ? " (modal)" : "";
+            titles += window->isActiveWindow() ? " (active)" : "";
+        }
+    }
+    return titles.empty() ? " no window" : titles;
 }
 
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed) {

@@ -58,6 +58,11 @@ class Stage : public ShellNotices {
     ShellNotices* before_;
 };
 
+/// Waits until this is the active window: only then does the focus move.
+void WaitForActive(QWidget& window);
+/// The titles of the windows that are open, for the message of a wait in vain.
+std::string OpenWindows();
+
 /// `count` bytes that look random and are the same in every run.
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed = 1);
 

@@ -1,13 +1,11 @@
 #pragma once
 
+#include "support/forms_support.h"
+
 #include <QApplication>
-#include <QTest>
 #include <QTimer>
-#include <QWidget>
 
-#include <gtest/gtest.h>
-
-#include <functional>
+#include <typeinfo>
 #include <utility>
 
 namespace lumrake::testing {
@@ -21,16 +19,17 @@ template <class Dialog> class WhenOpen {
             auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
             if (dialog != nullptr && !done_) {
                 done_ = true;
-                EXPECT_TRUE(QTest::qWaitForWindowActive(dialog)); // only then does the focus move
+                WaitForActive(*dialog);
                 act(*dialog);
             } else if (++polls_ > 2000 && QApplication::activeModalWidget() != nullptr) {
-                ADD_FAILURE() << "a dialog stayed open";
+                ADD_FAILURE() << typeid(Dialog).name() << (done_ ? " was used" : " did not open")
+                              << " and there stayed open" << OpenWindows();
                 QApplication::activeModalWidget()->close();
             }
         });
         poll_.start(5);
     }
-    ~WhenOpen() { EXPECT_TRUE(done_) << "the dialog did not open"; }
+    ~WhenOpen() { EXPECT_TRUE(done_) << typeid(Dialog).name() << " did not open"; }
 
   private:
     QTimer poll_;
