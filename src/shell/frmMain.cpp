@@ -66,6 +66,7 @@ frmMain::frmMain() {
     setMinimumSize(LeastToolbarWidth(), kMinimumHeight);
     setGeometry(PixelsFromTwips(kClientLeft), PixelsFromTwips(kClientTop), PixelsFromTwips(kClientWidth),
                 PixelsFromTwips(kClientHeight) + menuBar()->sizeHint().height());
+    HoldOnScreen(*this);
     noticesBefore_ = SetShellNotices(this);
     MDIForm_Load();
 }
@@ -114,6 +115,7 @@ void frmMain::MDIForm_Unload() {
 bool frmMain::event(QEvent* event) {
     const bool bHandled = QMainWindow::event(event);
     if (event->type() == QEvent::WindowActivate) {
+        PlaceCoordsPanel(); // its place counts the frame, which is not known before the window shows
         MDIForm_Activate();
     }
     return bHandled;

@@ -1,9 +1,14 @@
 #include "shell/main_stage.h"
 
+#include "animation/frmAnimSetup.h"
+#include "platform/screen.h"
+#include "preferences/frmPrefs.h"
 #include "shell/file_commands.h"
 #include "snapshot/snapshot_probe.h"
+#include "support/when_open.h"
 
 #include <QDir>
+#include <QScreen>
 #include <QToolButton>
 
 namespace lumrake::testing {
@@ -175,14 +180,26 @@ TEST(MainWindow, CloseAllAsksTheActiveChildAgainAsLongAsItStays) {
     }
 }
 
-TEST(MainWindow, TheCoordinatesPanelNeverCoversAButton) {
+TEST(MainWindow, PlacesCountTheFrame) {
     MainStage stage;
     frmMain& main = stage.Start();
+    const QWidget& coords = MainProbe::Coords(main);
     for (const int width : {1, 1400}) {
         main.resize(width, 400);
-        EXPECT_GE(MainProbe::Coords(main).x(), stage.Bar().FullWidth()) << width;
-        EXPECT_EQ(MainProbe::Coords(main).x(), main.frameGeometry().width() - 181);
+        EXPECT_GE(coords.x(), stage.Bar().FullWidth()) << width;
+        EXPECT_EQ(coords.x(), main.frameGeometry().width() - 181);
     }
+    MainProbe::Coords(main).move(0, 0); // as it lay before the frame was known
+    QEvent active(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&main, &active);
+    EXPECT_EQ(coords.x(), main.frameGeometry().width() - 181);
+    main.setGeometry(700, 760, 1400, 300);
+    HoldOnScreen(main);
+    EXPECT_TRUE(main.screen()->geometry().contains(main.frameGeometry()));
+    frmPrefs form(&main);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_LE((main.screen()->geometry().center() - form.frameGeometry().center()).manhattanLength(), 1);
 }
 
 TEST(MainWindow, OneToolIsPressedAndAllButTheNetEndTheSelection) {
