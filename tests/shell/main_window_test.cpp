@@ -158,9 +158,11 @@ using enum BoxAnswer;
 
 TEST(MainWindow, ExitStopsAtTheFirstChildThatStays) {
     ThreeChanged stage;
-    stage.answers = {No, Cancel};
+    QWidget* frame = ChildFrame(MainWindow()->ActiveForm());
+    stage.answers = {Cancel, No, Cancel};
+    QTest::mouseClick(frame, Qt::LeftButton, {}, QPoint(frame->width() - 16, 12)); // its cross
     stage.Click(Menu::menu_exit);
-    EXPECT_EQ(stage.Asked(), "ab");
+    EXPECT_EQ(stage.Asked(), "cab");
     EXPECT_EQ(iSnapshotCount, 2);
     EXPECT_EQ(stage.ended, 0);
     EXPECT_FALSE(QFile::exists(SettingsFile()));
