@@ -67,6 +67,7 @@ void frmMain::AdoptChild(QWidget* child) {
     // That menu belongs to the title bar alone: a second button pressed there while a control holds the mouse is
     // the control's.
     child->setContextMenuPolicy(Qt::PreventContextMenu);
+    connect(child, &QWidget::windowTitleChanged, this, &frmMain::ShowCaption);
 }
 
 QPoint frmMain::FreePlace() const {

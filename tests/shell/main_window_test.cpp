@@ -109,6 +109,30 @@ TEST_F(FileCommands, GoToTheActiveOfTwoWindows) {
     files = {Path(QStringLiteral("copy.sna"))};
     Click(Menu::menu_saveas);
     EXPECT_EQ(ReadFile(QStringLiteral("copy.sna")).size(), 6912u);
+    const QString& status = MainProbe::Status(main).PanelAt(1).Text;
+    EXPECT_EQ(status, u"copy.sna"_qs);
+    const WhenOpen<frmAnimSetup> driver([](frmAnimSetup& setup) { setup.reject(); });
+    Click(Menu::menu_snapshot, 1);
+    EXPECT_EQ(status, u"copy.sna"_qs) << "the dialog's hints are gone";
+    main.ShowCoords(0, 3, 4);
+    main.close();
+    EXPECT_EQ(status + MainProbe::CoordsText(main), u"LMK for Windows0,00,0"_qs);
+}
+
+TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {
+    Open(a);
+    const SnapshotProbe probe{*main.ActiveSnapshot()};
+    QMenu* menu = dynamic_cast<QMdiSubWindow&>(*ChildFrame(&probe.form)).systemMenu();
+    QObject::connect(menu, &QMenu::aboutToShow, menu, &QWidget::close, Qt::QueuedConnection);
+    const auto at = [&](int x, int y) { return probe.Container().mapTo(&main, QPoint(x, y)); };
+    iCurrentTool = kToolPan;
+    QTest::mousePress(main.windowHandle(), Qt::LeftButton, {}, at(50, 50));
+    QTest::mousePress(main.windowHandle(), Qt::RightButton, {}, at(50, -20)); // leaves the anchor
+    QTest::mouseMove(main.windowHandle(), at(40, 70));
+    EXPECT_EQ(probe.Picture().pos(), QPoint(-10, 20));
+    EXPECT_EQ(menu->windowHandle(), nullptr) << "it has never been open";
+    QTest::mouseRelease(main.windowHandle(), Qt::RightButton, {}, at(40, 70));
+    QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, at(40, 70));
 }
 
 TEST_F(FileCommands, ShortcutsWorkWhileAValueBoxHasTheFocus) {
