@@ -155,7 +155,6 @@ void frmSnapshot::CreateValueBoxes() {
         (new MouseFilter(label))->MouseUp = [](const MouseArgs&) { ShowPrompt(0); };
         label->setMouseTracking(false); // only a click on a label counts
     }
-    txtValue[kWidthValue]->setReadOnly(true);
 }
 
 void frmSnapshot::CreateStatusBar() {
