@@ -158,6 +158,10 @@ TEST_F(SnapshotWindow, TheAddressBarStepsAndRests) {
     EXPECT_EQ(probe.Bar().sliderPosition(), Place(probe));
     QTest::keyClick(&probe.Thumb(), Qt::Key_Up); // the thumb hands its keys on
     EXPECT_EQ(probe.form.GetOffset(), 1536);
+    for (QWidget* part : std::initializer_list<QWidget*>{&probe.Bar(), &probe.Track(), &probe.Thumb()}) {
+        testing::TurnWheel(*part, -120);
+    }
+    EXPECT_EQ(probe.form.GetOffset(), 1536 + 3 * 64);
     Type(probe, 0, "49170");
     EXPECT_LT(Place(probe), 10) << "a number typed moves the picture and not the thumb";
     ClickArrow(probe.Bar(), true);
