@@ -104,8 +104,7 @@ void frmSnapshot::CreateControls() {
     picImage->setAccessibleName(QStringLiteral("Picture"));
     SetAccessibleRole(picContainer, QAccessible::Pane);
     picContainer->setAccessibleName(QStringLiteral("Ground of the picture"));
-    picContainer->setFocusPolicy(Qt::ClickFocus);
-    picContainer->setFocusProxy(picImage);
+    picContainer->setFocusPolicy(Qt::StrongFocus);
     imgClip = new ImageBox(picImage);
     imgClip->setGeometry(8, 8, 65, 65);
     imgClip->hide();
@@ -125,10 +124,12 @@ void frmSnapshot::CreateControls() {
     CreateStatusBar();
     ConnectNavigation();
     ConnectTools();
-    // The frame round the picture shows that the keys go to it.
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
-        if (before == picImage || now == picImage) {
-            update();
+    // The frame round the picture shows that the keys go to it or to its ground.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+        for (const QWidget* one : {before, now}) {
+            if (one != nullptr && (one == picImage || one == picContainer)) {
+                update();
+            }
         }
     });
 }
@@ -279,9 +280,10 @@ void frmSnapshot::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void frmSnapshot::paintEvent(QPaintEvent*) {
-    if (picImage != nullptr && picImage->hasFocus()) {
+    if (picImage != nullptr && (picImage->hasFocus() || picContainer->hasFocus())) {
         QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2,
+                            picImage->hasFocus() ? Qt::SolidLine : Qt::DotLine));
         painter.drawRect(picContainer->geometry().adjusted(-2, -2, 2, 2));
     }
 }

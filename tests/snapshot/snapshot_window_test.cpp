@@ -234,6 +234,9 @@ TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
         EXPECT_EQ(probe.ColourOf(0).pos(), QPoint(probe.Status().PanelLeft(4) + 2, inner.height() - 15));
         EXPECT_GT(probe.Options().y(), probe.Box(3).geometry().bottom());
     }
+    probe.Options().setFocus();
+    QTest::keyClick(&probe.Options(), Qt::Key_Tab);
+    EXPECT_EQ(probe.form.focusWidget(), &probe.Container());
 }
 
 } // namespace
