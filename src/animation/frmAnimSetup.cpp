@@ -212,6 +212,7 @@ void frmAnimSetup::GetAnimSettings(bool& bResult, const QString& sOwnFile) {
     sAnimFile = sOwnFile;
     GlobalToScreen();
     exec();
+    ShowCaption();
     bResult = bOkay;
 }
 

@@ -39,6 +39,8 @@ class frmAnimation : public QWidget {
 
     /// The true path of the file; empty for an animation that was never saved.
     QString GetFilename() const { return sFilePath; }
+    /// The title as it stands in the record; the window's own has marks for the toolkit.
+    QString Caption() const { return QString::fromStdString(record.sTitle.Trimmed()); }
     /// -1: the record differs from what is on the disk, or was never saved; 0: it does not.
     void SetChanged(std::int16_t NewStatus) { bChanged = NewStatus; }
 

@@ -132,8 +132,7 @@ QSize frmAnimation::FrameSize() const {
 
 void frmAnimation::SetPositions() {
     // The toolkit reads "[*]" as its own mark; doubled, it is shown as it stands.
-    const QString sTitle = QString::fromStdString(record.sTitle.Trimmed());
-    setWindowTitle(QString(sTitle).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    setWindowTitle(Caption().replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
     Timer1.setInterval(record.iPause);
     StopPlay();
     const std::int32_t factor = lmk::ZoomIndexToFactor(record.iZoom);
@@ -219,7 +218,7 @@ void frmAnimation::SetZoom(std::int16_t NewZoom) {
 }
 
 void frmAnimation::Form_Activate() {
-    SetStatusText(QString::fromStdString(record.sTitle.Trimmed()));
+    SetStatusText(Caption());
     UpdateToolbars(QStringLiteral("ANIMATION"), true);
     UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
     EnableNetCommands(false); // no net lies in an animation

@@ -62,7 +62,11 @@ class BubbleShape : public QWidget {
 
 } // namespace
 
-frmHelp::frmHelp(QWidget* area) : QWidget(area) {
+frmHelp::frmHelp(QWidget* area) : QWidget(area), inside_(area) {
+    if (const auto* scrolled = qobject_cast<QAbstractScrollArea*>(area)) {
+        inside_ = scrolled->viewport();
+    }
+    inside_->installEventFilter(this);
     hide(); // a child made after its parent was shown is hidden anyway, one made before is not
     setObjectName(QStringLiteral("frmHelp"));
     setFixedSize(kForm.size());
@@ -135,12 +139,13 @@ void frmHelp::ShowBubble(bool bShow) {
     }
 }
 
+QPoint frmHelp::CornerOf(const QSize& inner) const {
+    return {PixelsFromTwips(TwipsFromPixels(inner.width() - width()) - kGap),
+            PixelsFromTwips(TwipsFromPixels(inner.height() - height()) - kGap)};
+}
+
 void frmHelp::SetPosition() {
-    // The scroll bars of the area are none of its inside.
-    const auto* scrolled = qobject_cast<QAbstractScrollArea*>(parentWidget());
-    const QSize inner = scrolled == nullptr ? parentWidget()->size() : scrolled->viewport()->size();
-    move(PixelsFromTwips(TwipsFromPixels(inner.width() - width()) - kGap),
-         PixelsFromTwips(TwipsFromPixels(inner.height() - height()) - kGap));
+    move(CornerOf(inside_->size()));
 }
 
 void frmHelp::Form_MouseMove() {
@@ -188,6 +193,12 @@ void frmHelp::Drag(double X, double Y) {
 
 bool frmHelp::eventFilter(QObject* control, QEvent* event) {
     const QEvent::Type type = event->type();
+    if (control == inside_) {
+        if (type == QEvent::Resize && pos() == CornerOf(static_cast<QResizeEvent*>(event)->oldSize())) {
+            SetPosition();
+        }
+        return false;
+    }
     const bool down = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
     if (!down && type != QEvent::MouseMove && type != QEvent::MouseButtonRelease) {
         return QWidget::eventFilter(control, event);

@@ -20,7 +20,7 @@ namespace lumrake {
 ///     Idle, Speaking -- Kill ------> Off
 class frmHelp : public QWidget {
   public:
-    /// `area` is the main window's area, whose inner size is the parent's size. Hidden until Launch.
+    /// `area` is the main window's area; its scroll bars are none of its inside. Hidden until Launch.
     explicit frmHelp(QWidget* area);
 
     /// Shows the assistant without his bubble: in the corner when he was off, else where he stands.
@@ -29,7 +29,8 @@ class frmHelp : public QWidget {
     void Kill();
     /// Shows the text in the bubble, or hides the bubble when it is empty. A text too long for it is cut.
     void SetPrompt(const QString& sText);
-    /// Puts him into the corner, 100 twips from both edges; beyond the upper left edges of a small area.
+    /// Puts him into the corner, 100 twips from both edges; beyond the upper left edges of a small area. There he
+    /// stays when scroll bars come and go.
     void SetPosition();
 
   protected:
@@ -40,6 +41,8 @@ class frmHelp : public QWidget {
 
   private:
     void Form_Load();
+    /// The place in the corner of an area with this inside.
+    QPoint CornerOf(const QSize& inner) const;
     void Form_MouseMove();
     void ShowBubble(bool bShow);
     // Button: of a press the one that was pressed, of a move the mask of those held. X, Y: logical pixels
@@ -51,6 +54,7 @@ class frmHelp : public QWidget {
     void Grab(double X, double Y);
     void Drag(double X, double Y);
 
+    QWidget* inside_;                     ///< the area without its scroll bars
     std::array<QWidget*, 2> imgFizzlet{}; ///< the figure and the tail of the bubble
     QLabel* lblBubble = nullptr;
     QWidget* shpBubble = nullptr;        ///< the bubble and its shadow

@@ -11,8 +11,8 @@ MouseFilter::MouseFilter(QWidget* watched) : QObject(watched) {
 
 bool MouseFilter::eventFilter(QObject*, QEvent* event) {
     const auto hand = [event](const MouseHandler& handler, bool held) {
-        if (handler) {
-            const auto* mouse = static_cast<const QMouseEvent*>(event);
+        const auto* mouse = static_cast<const QMouseEvent*>(event);
+        if (handler && (held || IsKnownButton(*mouse))) {
             handler(MouseArgsOf(*mouse, static_cast<int>(held ? mouse->buttons() : mouse->button())));
         }
     };

@@ -1,6 +1,7 @@
 #include "platform/panel_bar.h"
 
 #include "platform/accessible_role.h"
+#include "platform/picture_box.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -119,13 +120,19 @@ void PanelBar::resizeEvent(QResizeEvent*) {
 }
 
 void PanelBar::mousePressEvent(QMouseEvent* event) {
+    if (!IsKnownButton(*event)) {
+        return;
+    }
     pressed_ = PanelAtX(static_cast<int>(event->position().x()));
     if (MouseDown) {
-        MouseDown(static_cast<int>(event->button()) & 7);
+        MouseDown(static_cast<int>(event->button()));
     }
 }
 
 void PanelBar::mouseReleaseEvent(QMouseEvent* event) {
+    if (!IsKnownButton(*event)) {
+        return;
+    }
     const int released = PanelAtX(static_cast<int>(event->position().x()));
     if (released != 0 && released == pressed_ && rect().contains(event->position().toPoint()) && PanelClick) {
         PanelClick(released);

@@ -193,6 +193,8 @@ void BitPictureView::PaintSampled(QPainter& painter, const QRect& shown) const {
 
 namespace {
 
+constexpr int kKnownButtons = Qt::LeftButton | Qt::RightButton | Qt::MiddleButton;
+
 /// The toolkit hands a place on to a widget rounded to the nearest logical pixel: the right half of a pixel,
 /// which has device pixels of its own on a dense screen, would count as the next one. The place in the window
 /// still has the fraction.
@@ -204,9 +206,13 @@ QPointF ExactPosition(const QMouseEvent& event) {
 
 } // namespace
 
+bool IsKnownButton(const QMouseEvent& event) {
+    return (static_cast<int>(event.button()) & kKnownButtons) != 0;
+}
+
 MouseArgs MouseArgsOf(const QMouseEvent& event, int button) {
     MouseArgs args;
-    args.Button = static_cast<std::int16_t>(button & 7);
+    args.Button = static_cast<std::int16_t>(button & kKnownButtons);
     args.Shift = static_cast<std::int16_t>((event.modifiers() & Qt::ShiftModifier ? 1 : 0) |
                                            (event.modifiers() & Qt::ControlModifier ? 2 : 0) |
                                            (event.modifiers() & Qt::AltModifier ? 4 : 0));
@@ -224,7 +230,23 @@ MouseArgs BitPictureView::ArgsOf(const QMouseEvent& event, int button) const {
     return args;
 }
 
+void BitPictureView::TellReleases(const QMouseEvent& event, Qt::MouseButtons held) {
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        if (pressed_.testFlag(button) && !held.testFlag(button)) {
+            pressed_.setFlag(button, false);
+            if (MouseUp) {
+                MouseUp(ArgsOf(event, button));
+            }
+        }
+    }
+}
+
 void BitPictureView::mousePressEvent(QMouseEvent* event) {
+    if (!IsKnownButton(*event)) {
+        return;
+    }
+    TellReleases(*event, event->buttons() & ~event->button());
+    pressed_.setFlag(event->button());
     if (MouseDown) {
         MouseDown(ArgsOf(*event, event->button()));
     }
@@ -235,15 +257,18 @@ void BitPictureView::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void BitPictureView::mouseMoveEvent(QMouseEvent* event) {
+    TellReleases(*event, event->buttons());
     if (MouseMove) {
         MouseMove(ArgsOf(*event, static_cast<int>(event->buttons())));
     }
 }
 
 void BitPictureView::mouseReleaseEvent(QMouseEvent* event) {
-    if (MouseUp) {
-        MouseUp(ArgsOf(*event, event->button()));
+    if (!IsKnownButton(*event)) {
+        return;
     }
+    pressed_.setFlag(event->button()); // also when the press was not told
+    TellReleases(*event, event->buttons() & ~event->button());
 }
 
 void PictureBox::PaintOver(QPainter& painter, const QRect& exposed) {

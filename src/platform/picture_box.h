@@ -21,6 +21,9 @@ struct MouseArgs {
 
 using MouseHandler = std::function<void(const MouseArgs&)>;
 
+/// Whether a press or release is of the left, right or middle button. A mouse may have more; they do nothing.
+bool IsKnownButton(const QMouseEvent& event);
+
 /// A mouse event with the button or mask `button`; its place in whole pixels, rounded down.
 MouseArgs MouseArgsOf(const QMouseEvent& event, int button);
 
@@ -38,8 +41,9 @@ class BitPictureView : public QWidget {
     /// Repaints these logical pixels: with a fractional device pixel ratio, every device pixel they touch.
     void UpdateArea(const QRegion& area);
 
-    MouseHandler MouseDown, MouseMove,
-        MouseUp; ///< X and Y count from the picture's corner, inside the border
+    /// X and Y count from the picture's corner, inside the border. Every press that was told is followed by its
+    /// release: one that went to a menu or dialog opened meanwhile is told before the next event.
+    MouseHandler MouseDown, MouseMove, MouseUp;
 
   protected:
     /// The picture to show and its factor in logical pixels; null shows the background alone.
@@ -56,6 +60,8 @@ class BitPictureView : public QWidget {
 
   private:
     MouseArgs ArgsOf(const QMouseEvent& event, int button) const;
+    /// Tells the release of every button that was pressed here and is not among those still held.
+    void TellReleases(const QMouseEvent& event, Qt::MouseButtons held);
     bool HasWholeRatio() const;
     void PaintPicture(QPainter& painter, const QRect& exposed) const;
     /// A whole-number ratio goes into the factor: every device pixel is painted as it is.
@@ -64,6 +70,7 @@ class BitPictureView : public QWidget {
     void PaintSampled(QPainter& painter, const QRect& shown) const;
 
     int border_ = 0;
+    Qt::MouseButtons pressed_; ///< those whose release has not been told
     QColor background_{224, 224, 224};
 };
 

@@ -28,8 +28,15 @@ void DoEvents(Events which);
 /// main window. Null before the main window shows.
 QWidget* DialogOwner();
 
-/// Puts a window into the middle of the screen it is on.
+// The frame of a window is not known before it shows. Both of these take the frame of the window that it belongs to
+// for its own until then, and look again when it first becomes active.
+
+/// Puts a window, its frame included, into the middle of the whole screen it is on.
 void CentreOnScreen(QWidget& window);
+
+/// Moves a window, its frame included, into what its screen has free, and makes it as small as it may get where it
+/// does not fit. One that is too large even then loses its right and lower edge.
+void HoldOnScreen(QWidget& window);
 
 /// Fixes the look that the forms are laid out for: the widget style and the font, in logical pixels.
 void PinLook();

@@ -34,8 +34,8 @@ class ValueBox::Limit : public QValidator {
             return Acceptable;
         }
         const bool fits = text.size() <= std::max<qsizetype>(box_->typedDigits_, box_->length_);
-        return box_->takesKeys_ && fits && std::all_of(text.begin(), text.end(), IsDigit) ? Acceptable
-                                                                                          : Invalid;
+        return !box_->isReadOnly() && fits && std::all_of(text.begin(), text.end(), IsDigit) ? Acceptable
+                                                                                             : Invalid;
     }
 
   private:
@@ -110,7 +110,7 @@ void ValueBox::keyPressEvent(QKeyEvent* event) {
     const bool printable =
         !typed.isEmpty() && typed.front().unicode() >= 32 && typed.front().unicode() != 127;
     const bool full = text().size() - selectedText().size() >= typedDigits_;
-    if (!takesKeys_ || (printable && (full || !IsDigit(typed.front())))) {
+    if ((printable && (full || !IsDigit(typed.front())))) {
         return;
     }
     QLineEdit::keyPressEvent(event);

@@ -9,7 +9,8 @@ namespace lumrake {
 /// A text box for a whole number. The user can only type digits, and only so many of them; what the program
 /// writes is taken as it is. A number that is too long for the box is shown in smaller digits.
 ///
-/// Keys with Ctrl are left to the menu, also while the menu's command is disabled.
+/// Keys with Ctrl are left to the menu, also while the menu's command is disabled. While it is read-only nothing
+/// that the user does changes the text, the entries of the box's own menu included.
 class ValueBox : public QLineEdit {
   public:
     /// `typedDigits` is the longest text that can be typed or pasted; a longer one that the program wrote can
@@ -18,9 +19,6 @@ class ValueBox : public QLineEdit {
 
     /// Writes a text for the program. Raises Change when it differs from the present one, at once.
     void Write(const QString& text);
-
-    /// Without keys nothing that the user does changes the text.
-    void SetTakesKeys(bool takesKeys) { takesKeys_ = takesKeys; }
 
     /// The text changed, by the user or the program.
     std::function<void()> Change;
@@ -36,7 +34,6 @@ class ValueBox : public QLineEdit {
     void FitDigits();
 
     int typedDigits_;
-    bool takesKeys_ = true;
     bool writing_ = false;        ///< the program writes: nothing is tested
     bool focusedByPress_ = false; ///< the press under way brought the focus, so the text stays selected
     qsizetype length_ = 0;        ///< of the text before the change under way

@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
+#include <QWheelEvent>
 
 #include <type_traits>
 
@@ -36,6 +37,22 @@ struct ControlRow {
 };
 
 namespace {
+
+/// A slider that the wheel turns only while it has the focus: what it changes is changed for good, and a turn that
+/// was meant for something else must not do that.
+class PaletteSlider : public Watched<QSlider> {
+  public:
+    using Watched<QSlider>::Watched;
+
+  protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus()) {
+            QSlider::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
+    }
+};
 
 constexpr int kForm = -1;
 constexpr int kFrame = 10;
@@ -241,7 +258,7 @@ void frmPrefs::CreateControls() {
         lblPalette[i]->setAccessibleName(
             Latin(i < kBrightStart ? "%1" : "Bright %1").arg(Latin(kColours[i % kBrightStart])));
     }
-    CreateArray<Watched<QSlider>>(scrCol, "scrCol", kSliders, Prompt::OnFocus);
+    CreateArray<PaletteSlider>(scrCol, "scrCol", kSliders, Prompt::OnFocus);
     CreateArray<Watched<QLabel>>(lblCol, "lblCol", kNumbers, Prompt::OnMove);
     CreateArray<Watched<QPushButton>>(cmdPrefs, "cmdPrefs", kButtons, Prompt::OnBoth);
 

@@ -2,12 +2,14 @@
 
 #include "shell/frmMain.h"
 
+#include "animation/frmAnimation.h"
 #include "assistant/frmHelp.h"
 #include "assistant/prompts.h"
 #include "platform/panel_bar.h"
 #include "platform/screen.h"
 #include "platform/toolbar.h"
 #include "shell/startup.h"
+#include "snapshot/frmSnapshot.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -28,6 +30,8 @@ namespace {
 constexpr int kClientWidth = 9315, kClientHeight = 5955;
 constexpr int kClientLeft = 1440, kClientTop = 2295;
 constexpr int kTextPanelWidth = 14323, kDatePanelWidth = 1587;
+
+const QString kNoDocument = QStringLiteral("LMK for Windows"); ///< in the text panel
 
 constexpr int kMinimumHeight = 240; ///< pixels: bars and a strip of the area
 
@@ -52,7 +56,7 @@ frmMain::frmMain() {
     CreateToolbar();
     CreateClient();
     sbrMain->AddPanel({.Key = {},
-                       .Text = QStringLiteral("LMK for Windows"),
+                       .Text = kNoDocument,
                        .ToolTipText = {},
                        .MinWidth = PixelsFromTwips(kTextPanelWidth),
                        .Spring = true});
@@ -66,6 +70,7 @@ frmMain::frmMain() {
     setMinimumSize(LeastToolbarWidth(), kMinimumHeight);
     setGeometry(PixelsFromTwips(kClientLeft), PixelsFromTwips(kClientTop), PixelsFromTwips(kClientWidth),
                 PixelsFromTwips(kClientHeight) + menuBar()->sizeHint().height());
+    HoldOnScreen(*this);
     noticesBefore_ = SetShellNotices(this);
     MDIForm_Load();
 }
@@ -114,6 +119,7 @@ void frmMain::MDIForm_Unload() {
 bool frmMain::event(QEvent* event) {
     const bool bHandled = QMainWindow::event(event);
     if (event->type() == QEvent::WindowActivate) {
+        PlaceCoordsPanel(); // its place counts the frame, which is not known before the window shows
         MDIForm_Activate();
     }
     return bHandled;
@@ -135,6 +141,23 @@ void frmMain::closeEvent(QCloseEvent* event) {
 
 void frmMain::SetStatusText(const QString& sText) {
     sbrMain->SetText(1, sText);
+}
+
+void frmMain::ShowCaption() {
+    if (const frmSnapshot* snapshot = ActiveSnapshot()) {
+        SetStatusText(snapshot->Caption());
+    } else if (const auto* animation = dynamic_cast<const frmAnimation*>(ActiveForm())) {
+        SetStatusText(animation->Caption());
+    } else {
+        SetStatusText(kNoDocument);
+    }
+}
+
+void frmMain::ShowNoDocument() {
+    SetStatusText(kNoDocument);
+    for (const std::int16_t iIndex : {std::int16_t{0}, std::int16_t{1}}) {
+        ShowCoords(iIndex, 0, 0);
+    }
 }
 
 void frmMain::ShowDate() {

@@ -82,6 +82,8 @@ class frmMain : public QMainWindow, public ShellNotices {
     /// Place and size on the screen in twips, with the frame as far as it is known.
     WindowTwips PlaceInTwips() const;
     void SetStatusText(const QString& sText) override;
+    /// With no child the text panel says what it says at the start.
+    void ShowCaption() override;
     void ShowPrompt(std::int32_t lNumber) override;
     void menu_fizzlet_Click(int Index = 0);
 
@@ -131,6 +133,8 @@ class frmMain : public QMainWindow, public ShellNotices {
     frmHelp& Assistant();
     /// Writes today's date into its panel and comes back when the day is over.
     void ShowDate();
+    /// The last child closed, or none is open yet: status text and co-ordinates as at the start.
+    void ShowNoDocument();
 
     // ---- menus ----
     struct MenuRow;

@@ -23,6 +23,19 @@ namespace {
 constexpr std::int32_t kCoordsPrompt = 39; ///< the help number of the co-ordinates panel
 constexpr int kCascadeStep = 26;           ///< pixels: a title bar of a child and a little
 constexpr int kCascadeShare = 6;           ///< the cascade goes down at most this part of the area
+
+/// The frame of a document. A press acts on what lies under it. The toolkit knows that from the last move of the
+/// mouse only, and forgets it when a box opens: the next press on the same button of the title would be lost.
+class DocumentFrame : public QMdiSubWindow {
+  protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        QMouseEvent move(QEvent::MouseMove, event->position(), event->scenePosition(),
+                         event->globalPosition(), Qt::NoButton, Qt::NoButton, event->modifiers());
+        mouseMoveEvent(&move);
+        QMdiSubWindow::mousePressEvent(event);
+    }
+};
+
 } // namespace
 
 void frmMain::CreateClient() {
@@ -36,7 +49,7 @@ void frmMain::CreateClient() {
 }
 
 void frmMain::AdoptChild(QWidget* child) {
-    auto* frame = new QMdiSubWindow;
+    auto* frame = new DocumentFrame;
     frame->setWidget(child);
     frame->setAttribute(Qt::WA_DeleteOnClose);
     if (dynamic_cast<frmAnimation*>(child) != nullptr) {
@@ -51,6 +64,10 @@ void frmMain::AdoptChild(QWidget* child) {
     for (QAction* entry : frame->systemMenu()->actions()) {
         entry->setShortcuts(QList<QKeySequence>());
     }
+    // That menu belongs to the title bar alone: a second button pressed there while a control holds the mouse is
+    // the control's.
+    child->setContextMenuPolicy(Qt::PreventContextMenu);
+    connect(child, &QWidget::windowTitleChanged, this, &frmMain::ShowCaption);
 }
 
 QPoint frmMain::FreePlace() const {

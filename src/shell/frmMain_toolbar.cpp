@@ -184,6 +184,7 @@ void frmMain::UpdateToolbars(const QString& sKind, bool bEnable) {
         for (std::int16_t iGroup = kGroupCut; iGroup <= kGroupExportSelection; ++iGroup) {
             EnableFunction(iGroup, false);
         }
+        ShowNoDocument();
     }
 }
 

@@ -43,6 +43,10 @@ void SetStatusText(const QString& sText) {
     registered->SetStatusText(sText);
 }
 
+void ShowCaption() {
+    registered->ShowCaption();
+}
+
 void ShowCoords(std::int16_t iIndex, double x, double y) {
     registered->ShowCoords(iIndex, x, y);
 }

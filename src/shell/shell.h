@@ -42,6 +42,7 @@ class ShellNotices {
   public:
     virtual ~ShellNotices() = default;
     virtual void SetStatusText(const QString&) {}
+    virtual void ShowCaption() {}
     virtual void ShowCoords(std::int16_t, double, double) {}
     virtual void EnableFunction(std::int16_t, bool) {}
     virtual void UpdateToolbars(const QString&, bool) {}
@@ -58,6 +59,8 @@ ShellNotices* SetShellNotices(ShellNotices* notices);
 
 /// Puts a text into the text panel of the main status bar.
 void SetStatusText(const QString& sText);
+/// Puts the caption of the active child there, after a dialog had its hints in that place.
+void ShowCaption();
 /// Shows two numbers in the co-ordinates panel: iIndex 0 the mouse position, 1 the size of the net, both in
 /// picture pixels.
 void ShowCoords(std::int16_t iIndex, double x, double y);

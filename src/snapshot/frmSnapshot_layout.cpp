@@ -104,8 +104,7 @@ void frmSnapshot::CreateControls() {
     picImage->setAccessibleName(QStringLiteral("Picture"));
     SetAccessibleRole(picContainer, QAccessible::Pane);
     picContainer->setAccessibleName(QStringLiteral("Ground of the picture"));
-    picContainer->setFocusPolicy(Qt::ClickFocus);
-    picContainer->setFocusProxy(picImage);
+    picContainer->setFocusPolicy(Qt::StrongFocus);
     imgClip = new ImageBox(picImage);
     imgClip->setGeometry(8, 8, 65, 65);
     imgClip->hide();
@@ -125,10 +124,12 @@ void frmSnapshot::CreateControls() {
     CreateStatusBar();
     ConnectNavigation();
     ConnectTools();
-    // The frame round the picture shows that the keys go to it.
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget* before, QWidget* now) {
-        if (before == picImage || now == picImage) {
-            update();
+    // The frame round the picture shows that the keys go to it or to its ground.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
+        for (const QWidget* one : {before, now}) {
+            if (one != nullptr && (one == picImage || one == picContainer)) {
+                update();
+            }
         }
     });
 }
@@ -155,7 +156,6 @@ void frmSnapshot::CreateValueBoxes() {
         (new MouseFilter(label))->MouseUp = [](const MouseArgs&) { ShowPrompt(0); };
         label->setMouseTracking(false); // only a click on a label counts
     }
-    txtValue[kWidthValue]->setReadOnly(true);
 }
 
 void frmSnapshot::CreateStatusBar() {
@@ -209,7 +209,7 @@ void frmSnapshot::Form_Load() {
 
 void frmSnapshot::Form_Activate() {
     SetProgress(100);
-    SetStatusText(windowTitle());
+    SetStatusText(Caption());
     FillValueBoxes();
     UpdateToolbars(QStringLiteral("SNAPSHOT"), true);
     UpdateToolbars(QStringLiteral("ANIMATION"), false);
@@ -280,9 +280,10 @@ void frmSnapshot::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void frmSnapshot::paintEvent(QPaintEvent*) {
-    if (picImage != nullptr && picImage->hasFocus()) {
+    if (picImage != nullptr && (picImage->hasFocus() || picContainer->hasFocus())) {
         QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2,
+                            picImage->hasFocus() ? Qt::SolidLine : Qt::DotLine));
         painter.drawRect(picContainer->geometry().adjusted(-2, -2, 2, 2));
     }
 }

@@ -29,7 +29,7 @@ void frmSnapshot::SetMode(std::int16_t iNewMode, bool iRefresh) {
     }
     enable(kColumnsValue, bFree);
     for (ValueBox* box : txtValue) {
-        box->SetTakesKeys(iNewMode != kText);
+        box->setReadOnly(iNewMode == kText || box == txtValue[kWidthValue]); // the width has only steps
     }
     if (iRefresh) {
         ShowMem();

@@ -30,12 +30,17 @@ std::int32_t NumberIn(const ValueBox& box) {
     return WholeNumberFromText<std::int32_t>(box.text().toStdString());
 }
 
-/// Hands the keys of the thumb to the bar under it, which knows what they mean.
-class KeysToBar : public QObject {
+/// Hands the keys and the wheel of what lies over the bar, its thumb and its track, to the bar, which knows what
+/// they mean.
+class ToBar : public QObject {
   public:
-    KeysToBar(QWidget* thumb, QWidget* bar) : QObject(thumb), bar_(bar) { thumb->installEventFilter(this); }
+    ToBar(QWidget* over, QWidget* bar) : QObject(over), bar_(bar) { over->installEventFilter(this); }
 
     bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Wheel) {
+            QCoreApplication::sendEvent(bar_, event);
+            return true;
+        }
         if (event->type() != QEvent::KeyPress) {
             return false;
         }
@@ -65,7 +70,8 @@ void frmSnapshot::ConnectNavigation() {
     filter->MouseDown = [this](const MouseArgs& args) { cmdScroll_MouseDown(args); };
     filter->MouseMove = [this](const MouseArgs& args) { cmdScroll_MouseMove(args); };
     filter->MouseUp = [this](const MouseArgs& args) { cmdScroll_MouseUp(args); };
-    new KeysToBar(cmdScroll, scrAddr);
+    new ToBar(cmdScroll, scrAddr);
+    new ToBar(txtScroll, scrAddr);
 }
 
 void frmSnapshot::PlaceScrollThumb() {

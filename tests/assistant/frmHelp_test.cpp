@@ -53,8 +53,11 @@ TEST_F(Assistant, GoesThroughHisStates) {
     QCoreApplication::sendEvent(&form, &leave);
     EXPECT_TRUE(Says({}));
 
+    area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    EXPECT_EQ(form.y(), area.viewport()->height() - 231) << "on his feet";
     form.SetPrompt(kUnknown);
     form.move(3, 4);
+    area.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     form.Launch(); // the main window became active
     EXPECT_TRUE(Says({}));
     EXPECT_EQ(form.pos(), QPoint(3, 4));

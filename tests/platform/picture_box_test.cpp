@@ -87,6 +87,27 @@ TEST_P(PictureOnScreen, FollowsThePixelRuleWhereItIsRepainted) {
 INSTANTIATE_TEST_SUITE_P(ZoomAndBorder, PictureOnScreen,
                          ::testing::Combine(::testing::Values(1, 3), ::testing::Values(0, 2)));
 
+/// Button of an event (0: a move), buttons held afterwards, what the form is told: d press, u release, m move.
+TEST(PictureMouse, EveryPressHasItsReleaseAndSideButtonsDoNothing) {
+    PictureBox box;
+    std::string told;
+    box.MouseDown = [&told](const MouseArgs& args) { told += "d" + std::to_string(args.Button); };
+    box.MouseMove = [&told](const MouseArgs& args) { told += "m" + std::to_string(args.Button); };
+    box.MouseUp = [&told](const MouseArgs& args) { told += "u" + std::to_string(args.Button); };
+    const std::tuple<int, int, const char*> cases[] = {
+        {1, 1, "d1"}, {2, 3, "d2"},   {0, 3, "m3"},   {2, 1, "u2"},  {8, 9, ""},
+        {0, 9, "m1"}, {8, 1, ""},     {0, 0, "u1m0"}, // a menu had the release
+        {4, 4, "d4"}, {4, 4, "u4d4"}, {16, 20, ""},   {4, 16, "u4"}, {0, 16, "m0"}};
+    for (const auto& [button, held, expected] : cases) {
+        const auto type = button == 0            ? QEvent::MouseMove
+                          : (held & button) != 0 ? QEvent::MouseButtonPress
+                                                 : QEvent::MouseButtonRelease;
+        QMouseEvent event(type, {}, {}, {}, Qt::MouseButton(button), Qt::MouseButtons(held), {});
+        QCoreApplication::sendEvent(&box, &event);
+        EXPECT_EQ(std::exchange(told, {}), expected) << button;
+    }
+}
+
 /// On a dense screen a place inside a logical pixel belongs to that pixel, left of the widget too.
 TEST(MousePlace, IsRoundedDown) {
     // in the window, where the widget begins at 12; as given, a whole number being rounded; the place

@@ -156,7 +156,10 @@ TEST_F(PrefsTest, TheSlidersFollowTheSelectedSwatch) {
     EXPECT_EQ(Get<QLabel>("lblCol", 2).text(), u"255"_qs);
     EXPECT_EQ(Get("shpMarker").geometry(), Get("lblPalette", 9).geometry().adjusted(-1, -1, 1, 1));
     Menu(4); // a grading does not touch the sliders, and the next move starts from them
-    Slide(0, 3);
+    Page(3);
+    Get("scrCol", 0).setFocus();
+    testing::TurnWheel(Get("scrCol", 1), 120); // the focus is elsewhere
+    testing::TurnWheel(Get("scrCol", 0), 120);
     EXPECT_EQ(Settings.lPalette[9], ColourOf({3, 0, 255}));
     Menu(3);
     Menu(1); // of swatches and palette each copies its own

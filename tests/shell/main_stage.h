@@ -7,6 +7,7 @@
 #include "support/forms_support.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
 
@@ -15,6 +16,7 @@ namespace lumrake {
 struct MainProbe {
     static Toolbar& Bar(frmMain& main) { return *main.tbrMain; }
     static QWidget& Coords(frmMain& main) { return *main.picCoords; }
+    static QString CoordsText(frmMain& main) { return main.lblCoords[0]->text() + main.lblCoords[1]->text(); }
     static PanelBar& Status(frmMain& main) { return *main.sbrMain; }
 };
 

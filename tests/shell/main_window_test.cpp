@@ -1,9 +1,14 @@
 #include "shell/main_stage.h"
 
+#include "animation/frmAnimSetup.h"
+#include "platform/screen.h"
+#include "preferences/frmPrefs.h"
 #include "shell/file_commands.h"
 #include "snapshot/snapshot_probe.h"
+#include "support/when_open.h"
 
 #include <QDir>
+#include <QScreen>
 #include <QToolButton>
 
 namespace lumrake::testing {
@@ -104,6 +109,30 @@ TEST_F(FileCommands, GoToTheActiveOfTwoWindows) {
     files = {Path(QStringLiteral("copy.sna"))};
     Click(Menu::menu_saveas);
     EXPECT_EQ(ReadFile(QStringLiteral("copy.sna")).size(), 6912u);
+    const QString& status = MainProbe::Status(main).PanelAt(1).Text;
+    EXPECT_EQ(status, u"copy.sna"_qs);
+    const WhenOpen<frmAnimSetup> driver([](frmAnimSetup& setup) { setup.reject(); });
+    Click(Menu::menu_snapshot, 1);
+    EXPECT_EQ(status, u"copy.sna"_qs) << "the dialog's hints are gone";
+    main.ShowCoords(0, 3, 4);
+    main.close();
+    EXPECT_EQ(status + MainProbe::CoordsText(main), u"LMK for Windows0,00,0"_qs);
+}
+
+TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {
+    Open(a);
+    const SnapshotProbe probe{*main.ActiveSnapshot()};
+    QMenu* menu = dynamic_cast<QMdiSubWindow&>(*ChildFrame(&probe.form)).systemMenu();
+    QObject::connect(menu, &QMenu::aboutToShow, menu, &QWidget::close, Qt::QueuedConnection);
+    const auto at = [&](int x, int y) { return probe.Container().mapTo(&main, QPoint(x, y)); };
+    iCurrentTool = kToolPan;
+    QTest::mousePress(main.windowHandle(), Qt::LeftButton, {}, at(50, 50));
+    QTest::mousePress(main.windowHandle(), Qt::RightButton, {}, at(50, -20)); // leaves the anchor
+    QTest::mouseMove(main.windowHandle(), at(40, 70));
+    EXPECT_EQ(probe.Picture().pos(), QPoint(-10, 20));
+    EXPECT_EQ(menu->windowHandle(), nullptr) << "it has never been open";
+    QTest::mouseRelease(main.windowHandle(), Qt::RightButton, {}, at(40, 70));
+    QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, at(40, 70));
 }
 
 TEST_F(FileCommands, ShortcutsWorkWhileAValueBoxHasTheFocus) {
@@ -153,9 +182,11 @@ using enum BoxAnswer;
 
 TEST(MainWindow, ExitStopsAtTheFirstChildThatStays) {
     ThreeChanged stage;
-    stage.answers = {No, Cancel};
+    QWidget* frame = ChildFrame(MainWindow()->ActiveForm());
+    stage.answers = {Cancel, No, Cancel};
+    QTest::mouseClick(frame, Qt::LeftButton, {}, QPoint(frame->width() - 16, 12)); // its cross
     stage.Click(Menu::menu_exit);
-    EXPECT_EQ(stage.Asked(), "ab");
+    EXPECT_EQ(stage.Asked(), "cab");
     EXPECT_EQ(iSnapshotCount, 2);
     EXPECT_EQ(stage.ended, 0);
     EXPECT_FALSE(QFile::exists(SettingsFile()));
@@ -175,14 +206,26 @@ TEST(MainWindow, CloseAllAsksTheActiveChildAgainAsLongAsItStays) {
     }
 }
 
-TEST(MainWindow, TheCoordinatesPanelNeverCoversAButton) {
+TEST(MainWindow, PlacesCountTheFrame) {
     MainStage stage;
     frmMain& main = stage.Start();
+    const QWidget& coords = MainProbe::Coords(main);
     for (const int width : {1, 1400}) {
         main.resize(width, 400);
-        EXPECT_GE(MainProbe::Coords(main).x(), stage.Bar().FullWidth()) << width;
-        EXPECT_EQ(MainProbe::Coords(main).x(), main.frameGeometry().width() - 181);
+        EXPECT_GE(coords.x(), stage.Bar().FullWidth()) << width;
+        EXPECT_EQ(coords.x(), main.frameGeometry().width() - 181);
     }
+    MainProbe::Coords(main).move(0, 0); // as it lay before the frame was known
+    QEvent active(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&main, &active);
+    EXPECT_EQ(coords.x(), main.frameGeometry().width() - 181);
+    main.setGeometry(700, 760, 1400, 300);
+    HoldOnScreen(main);
+    EXPECT_TRUE(main.screen()->geometry().contains(main.frameGeometry()));
+    frmPrefs form(&main);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    EXPECT_LE((main.screen()->geometry().center() - form.frameGeometry().center()).manhattanLength(), 1);
 }
 
 TEST(MainWindow, OneToolIsPressedAndAllButTheNetEndTheSelection) {

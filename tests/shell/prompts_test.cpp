@@ -10,7 +10,6 @@
 #include "snapshot/snapshot_probe.h"
 
 #include <QAccessible>
-#include <QLabel>
 
 namespace lumrake::testing {
 namespace {

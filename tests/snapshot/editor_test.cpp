@@ -50,17 +50,6 @@ TEST_F(Editor, MagnifyKeepsThePointUnderTheMouse) {
     }
 }
 
-TEST_F(Editor, PanHoldsTheGrabbedPoint) {
-    const SnapshotProbe window = Open(Bytes(6144), 256, 192);
-    iCurrentTool = kToolPan;
-    window.Press(2, 100, 50);
-    window.Move(2, 90, 70);
-    EXPECT_EQ(window.Picture().pos(), QPoint(-10, 20));
-    window.Press(1, 0, 0); // a second button leaves the anchor
-    window.Move(3, 90, 70);
-    EXPECT_EQ(window.Picture().pos(), QPoint(-20, 40));
-}
-
 TEST_F(Editor, NetFollowsTheDragAndSwitchesItsCommands) {
     // clang-format off
     // zoom, place of the press, of the release, the net and whether it has commands
@@ -295,10 +284,7 @@ TEST_F(Placing, TheRestOfThePressThatDropsDrawsNothing) {
     QTest::mousePress(area.windowHandle(), Qt::LeftButton, {}, corner + QPoint(32, 32));
     QTest::mouseMove(area.windowHandle(), corner + QPoint(5, 50));
     window.MoveOverClip(1, 1, 1);
-    iCurrentTool = kToolNet;  // as if Net had been in force before
-    window.Release(1, 5, 50); // the frame is no net that ends here
-    EXPECT_EQ(TakeNotices(QStringLiteral("EnableFunction 1 1")), 0);
-    ExpectOver(window, kToolNet, {0xc0, 0xc0, 0, 0x18, 0x18, 0, 0, 0});
+    ExpectOver(window, kToolDraw, {0xc0, 0xc0, 0, 0x18, 0x18, 0, 0, 0});
     QTest::mouseRelease(area.windowHandle(), Qt::LeftButton, {}, corner);
 }
 

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
@@ -62,6 +63,12 @@ class Stage : public ShellNotices {
 void WaitForActive(QWidget& window);
 /// The titles of the windows that are open, for the message of a wait in vain.
 std::string OpenWindows();
+
+/// Turns the mouse wheel over a control by one notch, upwards when `angle` is 120 and downwards when -120.
+inline void TurnWheel(QWidget& over, int angle) {
+    QWheelEvent turn({4, 4}, {4, 4}, {}, {0, angle}, {}, {}, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&over, &turn);
+}
 
 /// `count` bytes that look random and are the same in every run.
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed = 1);
