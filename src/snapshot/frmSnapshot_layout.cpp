@@ -7,6 +7,7 @@
 #include "platform/texts.h"
 #include "platform/twips.h"
 #include "platform/value_box.h"
+#include "platform/whole_pixels.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
 #include "snapshot/navigation.h"
@@ -282,8 +283,7 @@ void frmSnapshot::mouseMoveEvent(QMouseEvent* event) {
 void frmSnapshot::paintEvent(QPaintEvent*) {
     if (picImage != nullptr && picImage->hasFocus()) {
         QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRect(picContainer->geometry().adjusted(-2, -2, 2, 2));
+        FillFrame(painter, picContainer->geometry().adjusted(-3, -3, 3, 3), 2, palette().highlight());
     }
 }
 
