@@ -2,8 +2,12 @@
 
 #include "platform/whole_pixels.h"
 
+#include <QAction>
 #include <QPainter>
+#include <QScreen>
 #include <QStyleOption>
+
+#include <algorithm>
 
 namespace lumrake {
 
@@ -63,6 +67,17 @@ void Look::drawControl(ControlElement element, const QStyleOption* option, QPain
         FillFrame(*painter, frame->rect, frame->lineWidth, frame->palette.dark(), frame->palette.light());
         return;
     }
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuItem && item != nullptr && widget != nullptr) {
+        QStyleOptionMenuItem shown(*item);
+        const qsizetype tab = item->text.indexOf(QLatin1Char('\t'));
+        shown.text = QFontMetrics(item->font)
+                         .elidedText(item->text.left(tab), Qt::ElideMiddle, MostCaption(*item, *widget),
+                                     Qt::TextShowMnemonic) +
+                     (tab < 0 ? QString() : item->text.mid(tab));
+        QProxyStyle::drawControl(element, &shown, painter, widget);
+        return;
+    }
     QProxyStyle::drawControl(element, option, painter, widget);
 }
 
@@ -92,6 +107,32 @@ void Look::drawComplexControl(ComplexControl control, const QStyleOptionComplex*
         QProxyStyle::drawComplexControl(control, &readable, painter, widget);
         painter->restore();
     }
+}
+
+QSize Look::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                             const QWidget* widget) const {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    QSize held = size;
+    if (type == CT_MenuItem && item != nullptr && widget != nullptr) {
+        held.setWidth(std::min(size.width(), MostCaption(*item, *widget)));
+    }
+    return QProxyStyle::sizeFromContents(type, option, held, widget);
+}
+
+/// What a caption may take in logical pixels: of half the screen that which the ground around the captions and
+/// the shortcuts beside them leave.
+int Look::MostCaption(const QStyleOptionMenuItem& item, const QWidget& menu) const {
+    const int half = menu.screen()->geometry().width() / 2;
+    const QSize wide(half, 0);
+    const int taken =
+        QProxyStyle::sizeFromContents(CT_MenuItem, &item, wide, &menu).width() - half +
+        2 * (pixelMetric(PM_MenuPanelWidth, &item, &menu) + pixelMetric(PM_MenuHMargin, &item, &menu));
+    int keys = 0;
+    for (const QAction* action : menu.actions()) {
+        const QString text = action->shortcut().toString(QKeySequence::NativeText);
+        keys = std::max(keys, menu.fontMetrics().horizontalAdvance(text));
+    }
+    return half - taken - keys;
 }
 
 } // namespace lumrake

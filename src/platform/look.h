@@ -2,11 +2,14 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionMenuItem;
+
 namespace lumrake {
 
 /// Fusion with what it lacks here:
 /// - titles of children that can be read on a dark desktop;
-/// - frames of whole device pixels at every scale.
+/// - frames of whole device pixels at every scale;
+/// - menus that a long path does not make wider than half the screen: its middle is shown as dots.
 class Look : public QProxyStyle {
   public:
     Look();
@@ -17,6 +20,11 @@ class Look : public QProxyStyle {
                      const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override;
+
+  private:
+    int MostCaption(const QStyleOptionMenuItem& item, const QWidget& menu) const;
 };
 
 } // namespace lumrake
