@@ -4,8 +4,10 @@
 #include "platform/spin_bar.h"
 #include "preferences/colour_swatch.h"
 #include "support/forms_support.h"
+#include "support/when_open.h"
 
 #include <QImage>
+#include <QMessageBox>
 #include <QPainter>
 #include <QScreen>
 #include <QTextEdit>
@@ -123,6 +125,14 @@ TEST(Frames, AreWholeAndEquallyThickAtEveryScale) {
             }
         }
     }
+}
+
+TEST(MessageBox, IsWiderThanItsTitle) {
+    const testing::WhenOpen<QMessageBox> close([](QMessageBox& box) {
+        EXPECT_GT(box.width(), 40 * box.fontMetrics().horizontalAdvance(u'W') + 100);
+        box.close();
+    });
+    MsgBox({}, BoxButtons::Ok, BoxIcon::None, QString(40, u'W'));
 }
 
 } // namespace
