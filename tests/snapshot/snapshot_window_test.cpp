@@ -122,6 +122,10 @@ TEST_F(SnapshotWindow, MillionsKeepTheirDigits) {
     EXPECT_EQ(probe.Texts(), "1234567 64 40 1");
     QTest::keyClick(&probe.Box(0), Qt::Key_Backspace);
     EXPECT_EQ(probe.form.GetOffset(), 123456);
+    probe.Box(0).Change = {};
+    probe.Box(0).Write(u"2147483647"_qs);
+    const QFontMetricsF digits(probe.Box(0).font());
+    EXPECT_LE(digits.horizontalAdvance(probe.Box(0).text()), 44) << "what the frame and the caret leave";
 }
 
 TEST_F(SnapshotWindow, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
