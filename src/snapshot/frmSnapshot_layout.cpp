@@ -59,7 +59,7 @@ struct StatusRow {
 };
 constexpr StatusRow kStatusRows[] = {
     // key          tool tip                                              width  least
-    {"FILENAME",  "Full path of snapshot file",                             363,    56},
+    {"FILENAME",  "Full path of snapshot file",                             363,     0},
     {"BYTES",     "Size of snapshot file",                                  141,   118},
     {"ZOOM",      "Current zoom.  Click here to adjust.",                    53,    32},
     {"ATTRIBUTE", "Current attribute settings.  Click here to adjust.",      71,    42},
@@ -151,7 +151,8 @@ void frmSnapshot::CreateValueBoxes() {
         spin->setAccessibleName(Latin(row.steps));
 
         auto* label = lblCaption[i] = new QLabel(Latin(row.caption), this);
-        label->resize(73, 15);
+        label->resize(73, 17);
+        label->lower(); // its lowest row lies under the box
         label->setBuddy(box);
         (new MouseFilter(label))->MouseUp = [](const MouseArgs&) { ShowPrompt(0); };
         label->setMouseTracking(false); // only a click on a label counts

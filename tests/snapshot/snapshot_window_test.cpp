@@ -224,7 +224,7 @@ TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
     const SnapshotProbe probe = Open(1000);
     Type(probe, 0, "700");
     QWidget* frame = ChildFrame(&probe.form);
-    for (const QSize size : {QSize(100, 100), QSize(640, 560)}) {
+    for (const QSize size : {QSize(100, 100), QSize(290, 300), QSize(640, 560)}) {
         frame->resize(size);
         QCoreApplication::sendPostedEvents();
         const QSize inner = probe.form.size();
@@ -234,6 +234,8 @@ TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
         EXPECT_EQ(probe.form.GetOffset(), 700) << "a new limit of the bar is no scroll step";
         EXPECT_EQ(probe.ColourOf(0).pos(), QPoint(probe.Status().PanelLeft(4) + 2, inner.height() - 15));
         EXPECT_GT(probe.Options().y(), probe.Box(3).geometry().bottom());
+        EXPECT_EQ(probe.Status().PanelWidth(1), std::max(0, inner.width() - 141 - 53 - 71));
+        EXPECT_EQ(probe.form.childAt(probe.Box(0).pos()), &probe.Box(0)) << "not its label";
     }
 }
 
