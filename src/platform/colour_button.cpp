@@ -1,5 +1,7 @@
 #include "platform/colour_button.h"
 
+#include "platform/whole_pixels.h"
+
 #include <QPainter>
 
 namespace lumrake {
@@ -16,14 +18,11 @@ void ColourButton::SetColour(const QColor& colour) {
 void ColourButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), colour_);
-    painter.setPen(palette().color(isDown() ? QPalette::Dark : QPalette::Mid));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    FillFrame(painter, rect(), 1, isDown() ? palette().dark() : palette().mid());
     if (hasFocus()) {
-        const QRect mark = rect().adjusted(1, 1, -2, -2);
-        painter.setPen(Qt::white);
-        painter.drawRect(mark);
-        painter.setPen(QPen(Qt::black, 1, Qt::DotLine));
-        painter.drawRect(mark);
+        const QRect mark = rect().adjusted(1, 1, -1, -1);
+        FillFrame(painter, mark, 1, Qt::white);
+        FillFrame(painter, mark, 1, QBrush(Qt::black, Qt::Dense4Pattern));
     }
 }
 

@@ -2,8 +2,12 @@
 
 #include "platform/screen.h"
 
+#include <QFontInfo>
+#include <QFontMetrics>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QSpacerItem>
 
 #include <utility>
 
@@ -14,6 +18,18 @@ namespace {
 MessageBoxAnswerer& Answerer() {
     static MessageBoxAnswerer answerer;
     return answerer;
+}
+
+/// Makes a box wide enough for its title, which the desktop draws: in letters taken to be bold and a little
+/// larger than the box's own, between its buttons and an icon.
+void WidenToTitle(QMessageBox& box) {
+    constexpr int kBesideTitle = 120; // logical pixels
+    QFont letters = box.font();
+    letters.setBold(true);
+    letters.setPixelSize(QFontInfo(letters).pixelSize() * 5 / 4);
+    auto* rows = static_cast<QGridLayout*>(box.layout());
+    const int width = QFontMetrics(letters).horizontalAdvance(box.windowTitle()) + kBesideTitle;
+    rows->addItem(new QSpacerItem(width, 0), rows->rowCount(), 0, 1, -1);
 }
 
 BoxAnswer ShowRealBox(const MessageBox& message) {
@@ -44,6 +60,7 @@ BoxAnswer ShowRealBox(const MessageBox& message) {
         closed = BoxAnswer::Cancel;
         break;
     }
+    WidenToTitle(box);
     // The hourglass of work under way would hide the pointer that the answer needs.
     const bool busy = QGuiApplication::overrideCursor() != nullptr;
     if (busy) {

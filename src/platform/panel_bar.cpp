@@ -2,13 +2,13 @@
 
 #include "platform/accessible_role.h"
 #include "platform/picture_box.h"
+#include "platform/whole_pixels.h"
 
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStringList>
 #include <QToolTip>
-#include <qdrawutil.h>
 
 #include <algorithm>
 #include <numeric>
@@ -107,7 +107,7 @@ void PanelBar::paintEvent(QPaintEvent*) {
         if (panel.width() < 4) {
             continue;
         }
-        qDrawShadePanel(&painter, panel.adjusted(1, 1, -1, 0), palette(), true, 1);
+        FillFrame(painter, panel.adjusted(1, 1, -1, 0), 1, palette().dark(), palette().light());
         const QRect room = panel.adjusted(kTextMargin, 1, -kTextMargin, 0);
         painter.setPen(palette().color(QPalette::WindowText));
         painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

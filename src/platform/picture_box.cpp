@@ -1,6 +1,7 @@
 #include "platform/picture_box.h"
 
 #include "platform/accessible_role.h"
+#include "platform/whole_pixels.h"
 
 #include <QImage>
 #include <QMouseEvent>
@@ -9,7 +10,6 @@
 #include <QPainter>
 #include <QRegion>
 #include <QTransform>
-#include <qdrawutil.h>
 
 #include <algorithm>
 #include <cmath>
@@ -103,9 +103,9 @@ void BitPictureView::paintEvent(QPaintEvent* event) {
     if (border_ > 0) {
         painter.setClipping(false);
         if (hasFocus()) {
-            qDrawPlainRect(&painter, rect(), palette().color(QPalette::Highlight), border_);
+            FillFrame(painter, rect(), border_, palette().highlight());
         } else {
-            qDrawShadePanel(&painter, rect(), palette(), true, border_);
+            FillFrame(painter, rect(), border_, palette().dark(), palette().light());
         }
     }
 }

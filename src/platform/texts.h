@@ -17,4 +17,8 @@ inline QString TrimBlanks(const QString& text) {
     return QString::fromStdString(std::string(TrimBlanks(text.toStdString())));
 }
 
+/// A tool tip that shows `text` as it stands, over as many lines as it takes. A plain one would keep to one line
+/// however wide, and take "<b>" in a file's name for a word of the markup.
+QString WholeTip(const QString& text);
+
 } // namespace lumrake

@@ -14,8 +14,10 @@ namespace lumrake {
 
 namespace {
 
-constexpr int kSmallestDigits = 8; // pixels; smaller ones cannot be read
+constexpr int kSmallestDigits = 9; // pixels; smaller ones are hard to read
+constexpr int kLeastStretch = 90;  // percent; digits are made narrower still only when they are the smallest
 constexpr int kInnerMargin = 2;    // what a line edit keeps free at both ends by itself
+constexpr int kCaret = 1;          // a text that leaves no room for it is scrolled to its end
 
 bool IsDigit(QChar character) {
     return character >= QLatin1Char('0') && character <= QLatin1Char('9');
@@ -72,16 +74,20 @@ void ValueBox::FitDigits() {
     initStyleOption(&option);
     const QMargins margins = textMargins();
     const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() -
-                     margins.left() - margins.right() - 2 * kInnerMargin;
-    int size = standard;
-    for (; size > kSmallestDigits; --size) {
+                     margins.left() - margins.right() - 2 * kInnerMargin - kCaret;
+    const auto width = [this, &digits](int stretch) {
+        digits.setStretch(stretch);
+        return QFontMetricsF(digits).horizontalAdvance(text());
+    };
+    int stretch = 0;
+    for (int size = standard; stretch < kLeastStretch && size >= kSmallestDigits; --size) {
         digits.setPixelSize(size);
-        if (QFontMetrics(digits).horizontalAdvance(text()) <= room) {
-            break;
+        stretch = static_cast<int>(std::clamp(100 * room / width(QFont::Unstretched), 1.0, 100.0));
+        while (width(stretch) > room && stretch > 1) {
+            --stretch; // a stretched face is not as narrow as that to the pixel
         }
     }
-    if (size != present) {
-        digits.setPixelSize(size);
+    if (digits != font()) {
         setFont(digits);
     }
 }

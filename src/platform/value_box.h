@@ -7,7 +7,7 @@
 namespace lumrake {
 
 /// A text box for a whole number. The user can only type digits, and only so many of them; what the program
-/// writes is taken as it is. A number that is too long for the box is shown in smaller digits.
+/// writes is taken as it is. A number that is too long for the box is shown whole, in smaller and narrower digits.
 ///
 /// Keys with Ctrl are left to the menu, also while the menu's command is disabled. While it is read-only nothing
 /// that the user does changes the text, the entries of the box's own menu included.

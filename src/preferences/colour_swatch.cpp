@@ -2,6 +2,7 @@
 
 #include "platform/accessible_role.h"
 #include "platform/screen_colour.h"
+#include "platform/whole_pixels.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -21,8 +22,7 @@ void ColourSwatch::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), ScreenColour(colour_));
     // A line of middle grey keeps white apart from a light ground and black from the marker around it.
-    painter.setPen(QColor(128, 128, 128));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    FillFrame(painter, rect(), 1, QColor(128, 128, 128));
 }
 
 void ColourSwatch::mousePressEvent(QMouseEvent* event) {
@@ -41,8 +41,7 @@ SwatchMarker::SwatchMarker(QWidget* parent) : QWidget(parent) {
 
 void SwatchMarker::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(palette().color(QPalette::WindowText));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    FillFrame(painter, rect(), 1, palette().windowText());
 }
 
 } // namespace lumrake

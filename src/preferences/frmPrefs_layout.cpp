@@ -258,6 +258,7 @@ void frmPrefs::CreateControls() {
         lblPalette[i]->setAccessibleName(
             Latin(i < kBrightStart ? "%1" : "Bright %1").arg(Latin(kColours[i % kBrightStart])));
     }
+    shpMarker->raise(); // its line is whole where it shares a device pixel with the swatch
     CreateArray<PaletteSlider>(scrCol, "scrCol", kSliders, Prompt::OnFocus);
     CreateArray<Watched<QLabel>>(lblCol, "lblCol", kNumbers, Prompt::OnMove);
     CreateArray<Watched<QPushButton>>(cmdPrefs, "cmdPrefs", kButtons, Prompt::OnBoth);

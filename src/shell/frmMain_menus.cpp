@@ -138,6 +138,7 @@ void frmMain::CreateMenus() {
         }
         entries_[{row->name, row->Index}] = entry;
     }
+    Entry(Menu::menu_file)->menu()->setToolTipsVisible(true);
     connect(Entry(Menu::menu_window)->menu(), &QMenu::aboutToShow, this, &frmMain::FillWindowList);
 }
 
@@ -160,6 +161,7 @@ void frmMain::ShowRecentFiles() {
         const bool bUsed = !file.sShown.isEmpty();
         if (bUsed) {
             entry->setText(QStringLiteral("&%1. ").arg(slot) + Displayed(file.sShown));
+            entry->setToolTip(WholeTip(file.sShown)); // the menu may not have room for all of it
         }
         entry->setVisible(bUsed);
         bAny = bAny || bUsed;

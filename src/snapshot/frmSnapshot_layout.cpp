@@ -7,6 +7,7 @@
 #include "platform/texts.h"
 #include "platform/twips.h"
 #include "platform/value_box.h"
+#include "platform/whole_pixels.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
 #include "snapshot/navigation.h"
@@ -58,7 +59,7 @@ struct StatusRow {
 };
 constexpr StatusRow kStatusRows[] = {
     // key          tool tip                                              width  least
-    {"FILENAME",  "Full path of snapshot file",                             363,    56},
+    {"FILENAME",  "Full path of snapshot file",                             363,     0},
     {"BYTES",     "Size of snapshot file",                                  141,   118},
     {"ZOOM",      "Current zoom.  Click here to adjust.",                    53,    32},
     {"ATTRIBUTE", "Current attribute settings.  Click here to adjust.",      71,    42},
@@ -151,7 +152,8 @@ void frmSnapshot::CreateValueBoxes() {
         spin->setAccessibleName(Latin(row.steps));
 
         auto* label = lblCaption[i] = new QLabel(Latin(row.caption), this);
-        label->resize(73, 15);
+        label->resize(73, 17);
+        label->lower(); // its lowest row lies under the box
         label->setBuddy(box);
         (new MouseFilter(label))->MouseUp = [](const MouseArgs&) { ShowPrompt(0); };
         label->setMouseTracking(false); // only a click on a label counts
@@ -282,9 +284,9 @@ void frmSnapshot::mouseMoveEvent(QMouseEvent* event) {
 void frmSnapshot::paintEvent(QPaintEvent*) {
     if (picImage != nullptr && (picImage->hasFocus() || picContainer->hasFocus())) {
         QPainter painter(this);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2,
-                            picImage->hasFocus() ? Qt::SolidLine : Qt::DotLine));
-        painter.drawRect(picContainer->geometry().adjusted(-2, -2, 2, 2));
+        const QBrush brush(palette().color(QPalette::Highlight),
+                           picImage->hasFocus() ? Qt::SolidPattern : Qt::Dense4Pattern);
+        FillFrame(painter, picContainer->geometry().adjusted(-3, -3, 3, 3), 2, brush);
     }
 }
 

@@ -1,13 +1,16 @@
+/// Pictures, frames and texts as they come out on the screen.
+#include "platform/colour_button.h"
 #include "platform/picture_box.h"
-
+#include "platform/spin_bar.h"
+#include "preferences/colour_swatch.h"
 #include "support/forms_support.h"
+#include "support/when_open.h"
 
-#include <QCoreApplication>
 #include <QImage>
-#include <QMouseEvent>
+#include <QMessageBox>
 #include <QPainter>
-#include <QPixmap>
 #include <QScreen>
+#include <QTextEdit>
 
 namespace lumrake {
 namespace {
@@ -122,6 +125,35 @@ TEST(MousePlace, IsRoundedDown) {
         EXPECT_EQ(args.X, place) << window;
         EXPECT_EQ(args.Y, place) << window;
     }
+}
+
+TEST(Frames, AreWholeAndEquallyThickAtEveryScale) {
+    QWidget window;
+    const std::array<QWidget*, 4> boxes = {new ColourSwatch(&window), new ColourButton(&window),
+                                           new SpinBar(Qt::Horizontal, &window), new QTextEdit(&window)};
+    for (std::size_t i = 0; i < 12; ++i) {
+        const double scale = std::array{1.0, 1.5, 2.0}[i / 4];
+        const int edge = qRound(scale), line = i % 4 == 3 ? static_cast<int>(scale) : edge;
+        boxes[i % 4]->setGeometry(7, 5, 25, 19);
+        boxes[i % 4]->raise();
+        QImage image((QSizeF(27, 21) * scale).toSize(), QImage::Format_RGB32); // one pixel around the box
+        image.setDevicePixelRatio(scale);
+        window.render(&image, {}, QRect(6, 4, 27, 21));
+        for (int side = 0; side < 4; ++side, image = image.transformed(QTransform().rotate(90))) {
+            for (int x = 0; x <= edge + line; ++x) {
+                EXPECT_EQ(image.pixel(x, 7 * edge) == image.pixel(edge, edge), x >= edge && x < edge + line)
+                    << "box " << i % 4 << " at " << scale << ", side " << side;
+            }
+        }
+    }
+}
+
+TEST(MessageBox, IsWiderThanItsTitle) {
+    const testing::WhenOpen<QMessageBox> close([](QMessageBox& box) {
+        EXPECT_GT(box.width(), 40 * box.fontMetrics().horizontalAdvance(u'W') + 100);
+        box.close();
+    });
+    MsgBox({}, BoxButtons::Ok, BoxIcon::None, QString(40, u'W'));
 }
 
 } // namespace

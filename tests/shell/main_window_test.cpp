@@ -61,6 +61,8 @@ TEST_F(FileCommands, APathThatTheRecordCutsIsWholeInItsOwnRun) {
     const QString path = Snapshot(folder + QLatin1String("/x.sna"));
     Open(path);
     EXPECT_EQ(RecentCaption(1), "&1. " + path.toLower().toStdString());
+    EXPECT_LE(main.Entry(Menu::menu_file)->menu()->sizeHint().width(), main.screen()->size().width() / 2);
+    EXPECT_TRUE(main.Entry(Menu::menu_recent, 1)->toolTip().contains(QString(80, u'd') + u'\n'));
     EXPECT_EQ(Settings.sRecentFile[0].Text(), path.toLower().left(100).toStdString());
     Click(Menu::menu_recent, 1);
     EXPECT_EQ(iSnapshotCount, 2);

@@ -123,6 +123,10 @@ TEST_F(SnapshotWindow, MillionsKeepTheirDigits) {
     EXPECT_EQ(probe.Texts(), "1234567 64 40 1");
     QTest::keyClick(&probe.Box(0), Qt::Key_Backspace);
     EXPECT_EQ(probe.form.GetOffset(), 123456);
+    probe.Box(0).Change = {};
+    probe.Box(0).Write(u"2147483647"_qs);
+    const QFontMetricsF digits(probe.Box(0).font());
+    EXPECT_LE(digits.horizontalAdvance(probe.Box(0).text()), 44) << "what the frame and the caret leave";
 }
 
 TEST_F(SnapshotWindow, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
@@ -223,7 +227,7 @@ TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
     const SnapshotProbe probe = Open(1000);
     Type(probe, 0, "700");
     QWidget* frame = ChildFrame(&probe.form);
-    for (const QSize size : {QSize(100, 100), QSize(640, 560)}) {
+    for (const QSize size : {QSize(100, 100), QSize(290, 300), QSize(640, 560)}) {
         frame->resize(size);
         QCoreApplication::sendPostedEvents();
         const QSize inner = probe.form.size();
@@ -233,6 +237,8 @@ TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
         EXPECT_EQ(probe.form.GetOffset(), 700) << "a new limit of the bar is no scroll step";
         EXPECT_EQ(probe.ColourOf(0).pos(), QPoint(probe.Status().PanelLeft(4) + 2, inner.height() - 15));
         EXPECT_GT(probe.Options().y(), probe.Box(3).geometry().bottom());
+        EXPECT_EQ(probe.Status().PanelWidth(1), std::max(0, inner.width() - 141 - 53 - 71));
+        EXPECT_EQ(probe.form.childAt(probe.Box(0).pos()), &probe.Box(0)) << "not its label";
     }
     probe.Options().setFocus();
     QTest::keyClick(&probe.Options(), Qt::Key_Tab);
