@@ -1,5 +1,8 @@
 #include "animation/anim_support.h"
+#include "platform/picture_box.h"
+#include "platform/pictures.h"
 #include "platform/texts.h"
+#include "preferences/frmPrefs.h"
 #include "shell/file_commands.h"
 #include "shell/main_stage.h"
 #include "snapshot/frmColours.h"
@@ -7,6 +10,7 @@
 
 #include <QDir>
 #include <QLabel>
+#include <QSlider>
 
 namespace lumrake::testing {
 namespace {
@@ -120,7 +124,7 @@ const Command kCommands[] = {
     {'0', "File/Exit",                        "FX",       "",        "",                 "LMK.CFG 526 50"},
     {'S', "Edit/Cut",                         "ET",       "Ctrl+X",  "Cut",              "bar eee eee eeee ee eed | bytes 0 255 0 | clip 32"},
     {'S', "Edit/Copy",                        "EC",       "Ctrl+C",  "Copy",             "bar eee eee eeee ee eed | clip 32"},
-    {'T', "Edit/Paste",                       "EP",       "Ctrl+V",  "Paste",            "net on | tool 1 Draw"},
+    {'T', "Edit/Paste",                       "EP",       "Ctrl+V",  "Paste",            "cursor 5 16 16 | net on | tool 1 Draw"},
     {'D', "Edit/Delete",                      "ED",       "Del",     "",                 "bytes 0 255 0"},
     {'S', "",                                 "",         "Del",     "",                 ""}, // the box keeps it
     {'T', "View/Zoom/1:1",                    "VZ\n",     "",        "",                 "panels test.sna; 64 bytes; 1x;  | view -20 -30 16 8"},
@@ -152,11 +156,11 @@ const Command kCommands[] = {
     {'S', "Window/Close all",                 "WC",       "Ctrl+K",  "",                 "asked Close all|Are you sure?"},
     {'0', "Help/About Lumrake",               "HA",       "F12",     "",                 "asked About"},
     {'0', "Help/Mr Fizzlet's assistance",     "HM",       "F1",      "",                 "Fizzlet on | Mr Fizzlet's assistance on"},
-    {'S', "",                                 "",         "",        "Draw",             "bar eee ddd eeee ee eed | net off | tool 2 Draw"},
-    {'P', "",                                 "",         "",        "Draw",             "net off | tool 2 Draw"},
-    {'S', "",                                 "",         "",        "Zoom",             "bar eee ddd eeee ee eed | net off | tool 3 Zoom"},
-    {'T', "",                                 "",         "",        "Select",           "tool 4 Select"},
-    {'S', "",                                 "",         "",        "Pan",              "bar eee ddd eeee ee eed | net off | tool 5 Pan"},
+    {'S', "",                                 "",         "",        "Draw",             "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw"},
+    {'P', "",                                 "",         "",        "Draw",             "cursor 2 16 16 | net off | tool 2 Draw"},
+    {'S', "",                                 "",         "",        "Zoom",             "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom"},
+    {'T', "",                                 "",         "",        "Select",           "cursor 4 16 16 | tool 4 Select"},
+    {'S', "",                                 "",         "",        "Pan",              "bar eee ddd eeee ee eed | cursor 5 16 16 | net off | tool 5 Pan"},
 };
 // clang-format on
 
@@ -212,10 +216,10 @@ class Program : public MainStage {
         }
         seen["tool"] = std::to_string(iCurrentTool);
         int right = 0;
-        for (const QToolButton* button : Buttons()) {
+        for (QToolButton* button : Buttons()) {
             if (button->isVisible()) { // a blank for each separator
                 seen["bar"] += right > 0 && button->x() > right ? " " : "";
-                seen["bar"] += button->isEnabled() ? 'e' : 'd';
+                seen["bar"] += IsColourful(button->grab().toImage()) ? 'e' : 'd';
                 right = button->geometry().right() + 1;
             }
             seen["tool"] += button->isChecked() ? ' ' + button->toolTip().toStdString() : "";
@@ -238,10 +242,26 @@ class Program : public MainStage {
     }
 
   private:
+    /// A button that is off is drawn in greys.
+    static bool IsColourful(const QImage& image) {
+        int colourful = 0;
+        for (int at = 0; at < image.width() * image.height(); ++at) {
+            colourful += image.pixelColor(at % image.width(), at / image.width()).saturation() > 90;
+        }
+        return colourful > 50;
+    }
     static void LookAt(const SnapshotProbe& probe, Seen& seen) {
         const auto text = [](const auto&... values) {
             return ((' ' + std::to_string(values)) + ...).substr(1);
         };
+        probe.Move(0, 1, 1); // the cursor follows with the next move
+        const QCursor cursor = probe.Picture().cursor();
+        for (int tool = kToolPlacing; tool <= kToolPan; ++tool) {
+            const QPixmap drawing = LoadPicture(u"cursors/%1.svg"_qs.arg(tool), {32, 32}, 1);
+            if (cursor.pixmap().toImage() == drawing.toImage()) {
+                seen["cursor"] = text(tool, cursor.hotSpot().x(), cursor.hotSpot().y());
+            }
+        }
         const QRect at = probe.Picture().geometry();
         const auto bytes = probe.Memory().Bytes();
         seen["bytes"] = text(bytes[0], bytes[1], bytes[2]);
@@ -297,6 +317,83 @@ TEST(Wires, LeadFromMenuKeyAndButtonToTheSame) {
             }
             EXPECT_EQ(effect, command.effect) << ways[way] << " in " << command.state;
         }
+    }
+}
+
+TEST(Wires, TheToolbarTakesTheKeyboardAtTheToolAndGivesItBack) {
+    Program program('S');
+    const QWidget* before = program.KeysGoTo();
+    for (const Qt::Key back : {Qt::Key_Escape, Qt::Key_F6}) {
+        QTest::keyClick(program.KeysGoTo(), Qt::Key_F6);
+        for (const char* button : {"Select", "Pan", "Create animation"}) {
+            EXPECT_EQ(program.KeysGoTo(), program.Button(button));
+            QTest::keyClick(program.KeysGoTo(), Qt::Key_Right);
+        }
+        QTest::keyClick(program.KeysGoTo(), back);
+        EXPECT_EQ(program.KeysGoTo(), before);
+    }
+}
+
+TEST(Wires, ButtonsShowTheirDrawings) {
+    const Program program('0');
+    const QStringList names = Latin("open save export cut copy paste draw zoom select pan toanim topleft "
+                                    "anim_new anim_open anim_save")
+                                  .split(u' ');
+    for (int i = 0; i < names.size(); ++i) {
+        const QImage drawing = LoadPicture(u"toolbar/%1.svg"_qs.arg(names[i]), {18, 17}, 1).toImage();
+        EXPECT_EQ(Program::Buttons()[i]->icon().pixmap(18, 17).toImage(), drawing) << i;
+    }
+}
+
+TEST(Wires, OptionsOpensTheSnapshotMenu) {
+    const Program program('S');
+    QTimer::singleShot(0, [] { Program::KeyMenu("F"); });
+    QTest::mouseClick(&SnapshotProbe{*MainWindow()->ActiveSnapshot()}.Options(), Qt::LeftButton);
+    EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFlip(), -1);
+}
+
+TEST(Wires, APaletteReachesAllThatIsOpen) {
+    MainStage stage;
+    frmMain& main = stage.Start();
+    const QString sFile = stage.MakeFile(u"a.sna"_qs, std::vector<std::uint8_t>(256, 0));
+    Settings.iDefaultAttribute = 7;
+    OpenSnapshotFile(sFile);
+    OpenSnapshotFile(sFile);
+    AnimationRecord record = SampleRecord(sFile);
+    record.byAttribute = 7;
+    (new frmAnimation)->Launch(stage.MakeFile(u"walk.anm"_qs, EncodeAnimation(record)));
+    const WhenOpen<frmPrefs> driver([](frmPrefs& prefs) {
+        for (int page = 1; page <= 3; ++page) {
+            QTest::keyClick(MainStage::KeysGoTo(), Qt::Key_Tab, Qt::ControlModifier);
+        }
+        auto* red = Find<QSlider>(prefs, "scrCol(0)"); // of the first colour, black
+        EXPECT_TRUE(red->isVisible());
+        red->setValue(200);
+        prefs.close();
+    });
+    stage.Click(Menu::menu_prefs);
+    int pictures = 0;
+    for (QWidget* widget : main.findChildren<QWidget*>()) {
+        const bool picture = dynamic_cast<PictureBox*>(widget) != nullptr;
+        if (picture || widget->accessibleName() == u"Paper"_qs) {
+            pictures += picture ? 1 : 0;
+            EXPECT_EQ(widget->grab().toImage().pixel(5, 5), qRgb(200, 0, 0)) << pictures;
+        }
+    }
+    EXPECT_EQ(pictures, 3);
+}
+
+TEST(MainWindow, AStatusTextTooLongLosesItsMiddle) {
+    MainStage stage;
+    frmMain& main = stage.Start();
+    const auto shown = [&](const QString& text) {
+        main.SetStatusText(text);
+        return MainProbe::Status(main).grab().toImage();
+    };
+    const QString text = QString(400, u'n');
+    const QImage whole = shown(text);
+    for (const int at : {0, 200, 399}) {
+        EXPECT_EQ(shown(QString(text).replace(at, 1, u'I')) == whole, at == 200) << at;
     }
 }
 

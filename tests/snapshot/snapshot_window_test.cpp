@@ -2,6 +2,7 @@
 #include "platform/colour_button.h"
 #include "snapshot/snapshot_probe.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 
@@ -126,17 +127,27 @@ TEST_F(SnapshotWindow, MillionsKeepTheirDigits) {
 
 TEST_F(SnapshotWindow, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
     const SnapshotProbe probe = Open(20000, 64, 16);
-    for (const char* pasted : {"12a", "1234567", "-5", "\xd9\xa1"}) {
+    const std::pair<const char*, int> pastes[] = {{"12a", 0},      {"1234567", 0}, {"-5", 0},
+                                                  {"\xd9\xa1", 0}, {"12", 12},     {"77", 77}};
+    for (const auto& [pasted, offset] : pastes) {
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(pasted));
         probe.Box(0).selectAll();
-        probe.Box(0).insert(QString::fromUtf8(pasted));
-        EXPECT_EQ(probe.form.GetOffset(), 0) << pasted;
+        testing::FromContextMenu(probe.Box(0), "&Paste");
+        EXPECT_EQ(probe.form.GetOffset(), offset) << pasted;
     }
-    QKeyEvent copy(QEvent::ShortcutOverride, Qt::Key_C, Qt::ControlModifier);
-    QCoreApplication::sendEvent(&probe.Box(0), &copy);
-    QKeyEvent del(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
-    QCoreApplication::sendEvent(&probe.Box(0), &del);
-    EXPECT_FALSE(copy.isAccepted()) << "Ctrl belongs to the menu";
-    EXPECT_TRUE(del.isAccepted()) << "Del to the box that has the focus";
+    testing::FromContextMenu(probe.Box(0), "&Undo");
+    EXPECT_EQ(probe.form.GetOffset(), 12);
+    // The click that brings the focus selects the number, the next one sets the caret.
+    probe.Bar().setFocus();
+    for (const char* selected : {"12", ""}) {
+        QTest::mouseClick(&probe.Box(0), Qt::LeftButton);
+        EXPECT_EQ(probe.Box(0).selectedText(), QLatin1String(selected));
+    }
+    QTest::keyClick(&probe.Box(0), Qt::Key_Tab);
+    EXPECT_TRUE(probe.Spin(0).hasFocus());
+    QTest::keyClick(&probe.Spin(0), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(probe.Box(0).selectedText(), u"12"_qs);
+    QTest::keyClick(&probe.Box(0), Qt::Key_0);
     probe.form.SetMode(kText, true);
     Type(probe, 0, "5");
     probe.Box(0).insert(u"7"_qs);
@@ -153,12 +164,45 @@ TEST_F(SnapshotWindow, TheAddressBarStepsAndRests) {
     Settings.iSmallChange = 2;
     Settings.iLargeChange = 4;
     const SnapshotProbe probe = Open(49179, 256, 192);
-    QTest::keyClick(&probe.Bar(), Qt::Key_PageDown);
-    ClickArrow(probe.Bar(), true);
-    EXPECT_EQ(probe.form.GetOffset(), 1536 + 64);
-    EXPECT_EQ(probe.Bar().sliderPosition(), Place(probe));
-    QTest::keyClick(&probe.Thumb(), Qt::Key_Up); // the thumb hands its keys on
-    EXPECT_EQ(probe.form.GetOffset(), 1536);
+    const auto key = [](QWidget& to, Qt::Key code) { return [&to, code] { QTest::keyClick(&to, code); }; };
+    const auto wheel = [](QWidget& over, int angle) {
+        return [&over, angle] {
+            QWheelEvent event({4, 4}, over.mapToGlobal(QPointF(4, 4)), {}, {0, angle}, {}, {},
+                              Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(&over, &event);
+        };
+    };
+    SpinBar &bar = probe.Bar(), &spin = probe.Spin(0);
+    const auto middle = [&bar] { QTest::mouseClick(&bar, Qt::MiddleButton, {}, {8, 90}); };
+    const std::pair<std::function<void()>, int> steps[] = {
+        // and the offset then
+        {key(bar, Qt::Key_PageDown), 1536},
+        {[&] { ClickArrow(bar, true); }, 1600},
+        {key(probe.Thumb(), Qt::Key_Up), 1536}, // the thumb hands its keys on
+        {key(probe.Thumb(), Qt::Key_PageDown), 3072},
+        {key(bar, Qt::Key_PageUp), 1536},
+        {key(bar, Qt::Key_Down), 1600},
+        {key(bar, Qt::Key_End), 1600},
+        {middle, 1600},
+        {wheel(bar, -240), 1728},
+        {wheel(bar, -60), 1728},
+        {wheel(bar, -60), 1792},
+        {wheel(bar, -60), 1792},
+        {wheel(bar, 60), 1792}, // turned back it begins anew
+        {wheel(bar, 60), 1728},
+        {wheel(spin, 120), 1728},
+        {key(spin, Qt::Key_Right), 1729},
+        {key(spin, Qt::Key_Left), 1728},
+        {[&] { ClickArrow(spin, false); }, 1727},
+    };
+    for (const auto& [step, offset] : steps) {
+        step();
+        EXPECT_EQ(probe.form.GetOffset(), offset) << &step - &steps[0].first;
+        EXPECT_EQ(probe.Bar().sliderPosition(), Place(probe));
+    }
+    QTest::mousePress(&bar, Qt::LeftButton, {}, {8, 4}); // held down it goes on
+    EXPECT_TRUE(QTest::qWaitFor([&probe] { return probe.form.GetOffset() < 1727 - 3 * 64; }));
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, {8, 4});
     Type(probe, 0, "49170");
     EXPECT_LT(Place(probe), 10) << "a number typed moves the picture and not the thumb";
     ClickArrow(probe.Bar(), true);
@@ -197,8 +241,8 @@ TEST_F(SnapshotWindow, AttributeAndItsButtons) {
     Settings.lPalette[8] = 65536 * 7 + 256 * 8 + 9;
     Settings.lPalette[9] = 65536 * 6 + 256 * 5 + 4;
     probe.form.ReShow();
-    EXPECT_EQ(probe.ColourOf(0).Colour().rgb(), qRgb(9, 8, 7));
-    EXPECT_EQ(probe.ColourOf(1).Colour().rgb(), qRgb(4, 5, 6));
+    EXPECT_EQ(probe.ColourOf(0).grab().toImage().pixel(9, 7), qRgb(9, 8, 7));
+    EXPECT_EQ(probe.ColourOf(1).grab().toImage().pixel(9, 7), qRgb(4, 5, 6));
     EXPECT_EQ(probe.Picture().hDC().Picture().foreColour, qRgb(9, 8, 7));
     EXPECT_EQ(probe.Picture().hDC().Picture().backColour, qRgb(4, 5, 6));
 }
@@ -206,11 +250,18 @@ TEST_F(SnapshotWindow, AttributeAndItsButtons) {
 TEST_F(SnapshotWindow, ZoomByPanelStopsAtItsLimits) {
     const SnapshotProbe probe = Open(2000, 256, 40, 16);
     const auto left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
-    const std::pair<Qt::MouseButton, const char*> clicks[] = {{right, "1x"}, {left, "2x"}, {middle, "2x"},
-                                                              {left, "4x"},  {left, "8x"}, {left, "16x"},
-                                                              {left, "16x"}};
-    for (const auto& [button, text] : clicks) {
-        QTest::mouseClick(&probe.Status(), button, {}, QPoint(probe.Status().PanelLeft(3) + 10, 9));
+    // pressed, released (0 is below the bar) and the zoom then
+    const std::tuple<Qt::MouseButton, int, int, const char*> clicks[] = {
+        {right, 3, 3, "1x"}, {left, 3, 3, "2x"},  {middle, 3, 3, "2x"}, {left, 3, 2, "2x"},
+        {left, 2, 3, "2x"},  {left, 4, 4, "2x"},  {left, 3, 0, "2x"},   {left, 3, 3, "4x"},
+        {left, 3, 3, "8x"},  {left, 3, 3, "16x"}, {left, 3, 3, "16x"}};
+    const auto place = [&](int panel) {
+        return panel == 0 ? QPoint(probe.Status().PanelLeft(3) + 10, 30)
+                          : QPoint(probe.Status().PanelLeft(panel) + 10, 9);
+    };
+    for (const auto& [button, pressed, released, text] : clicks) {
+        QTest::mousePress(&probe.Status(), button, {}, place(pressed));
+        QTest::mouseRelease(&probe.Status(), button, {}, place(released));
         EXPECT_EQ(probe.Status().PanelAt(3).Text, QLatin1String(text));
     }
     EXPECT_EQ(probe.Picture().width(), 65536) << "wider than 16 bits";
@@ -228,7 +279,10 @@ TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
         EXPECT_EQ(probe.Container().geometry(), QRect(8, 8, inner.width() - 122, inner.height() - 38));
         EXPECT_EQ(Place(probe), 700 * (probe.Bar().height() - 48) / 1000);
         EXPECT_EQ(probe.form.GetOffset(), 700) << "a new limit of the bar is no scroll step";
-        EXPECT_EQ(probe.ColourOf(0).pos(), QPoint(probe.Status().PanelLeft(4) + 2, inner.height() - 15));
+        for (const int colour : {0, 1}) {
+            EXPECT_EQ(probe.ColourOf(colour).pos(),
+                      QPoint(probe.Status().PanelLeft(4) + 2 + 18 * colour, inner.height() - 15));
+        }
         EXPECT_GT(probe.Options().y(), probe.Box(3).geometry().bottom());
     }
 }

@@ -21,7 +21,8 @@ template <class Dialog> class WhenOpen {
             auto* dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
             if (dialog != nullptr && !done_) {
                 done_ = true;
-                EXPECT_TRUE(QTest::qWaitForWindowActive(dialog)); // only then does the focus move
+                // Only then does the focus move; a window counts as active for the toolkit when its parent is.
+                EXPECT_TRUE(QTest::qWaitFor([dialog] { return QApplication::activeWindow() == dialog; }));
                 act(*dialog);
             } else if (++polls_ > 2000 && QApplication::activeModalWidget() != nullptr) {
                 ADD_FAILURE() << "a dialog stayed open";
