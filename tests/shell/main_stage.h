@@ -84,13 +84,13 @@ class MainStage : public Stage {
         const auto buttons = Buttons();
         return *std::ranges::find(buttons, Latin(toolTip), &QWidget::toolTip);
     }
-    /// Brings the keyboard to the toolbar, walks to a button and presses it.
-    static void WalkTo(const char* toolTip) {
-        QTest::keyClick(KeysGoTo(), Qt::Key_F6);
-        for (int step = 0; step < 40 && KeysGoTo() != Button(toolTip); ++step) {
-            QTest::keyClick(KeysGoTo(), step < 20 ? Qt::Key_Left : Qt::Key_Right);
+    /// Up to four, as "Tab, Shift+Tab".
+    static void PressKeys(const char* keys) {
+        const QKeySequence sequence(Latin(keys));
+        for (int i = 0; i < sequence.count(); ++i) {
+            const QKeyCombination key = sequence[static_cast<uint>(i)];
+            QTest::keyClick(KeysGoTo(), key.key(), key.keyboardModifiers());
         }
-        QTest::keyClick(KeysGoTo(), Qt::Key_Space);
     }
     static QWidget* KeysGoTo() {
         QWidget* focus = QApplication::focusWidget();

@@ -5,6 +5,7 @@
 #include "shell/shell.h"
 
 #include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -58,8 +59,8 @@ class Stage : public ShellNotices {
     ShellNotices* before_;
 };
 
-/// Opens the context menu of a control and chooses an entry whose caption begins so.
-void FromContextMenu(QWidget& control, const char* entry);
+/// Chooses the entry of a context menu whose caption begins so.
+void FromContextMenu(QLineEdit& edit, const char* entry);
 
 /// `count` bytes that look random and are the same in every run.
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed = 1);
