@@ -13,6 +13,8 @@
 #include <cstring>
 #include <functional>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace lumrake::testing {
 namespace {
@@ -122,7 +124,16 @@ TEST_P(Writes, LeaveTheOldFileOrTheNewOneAndSaySo) {
     const Bytes old = NoiseBytes(1000, 2);
     Rig rig;
     rig.Reset(writer.target, old);
+    const QByteArray target = QFile::encodeName(rig.Path(writer.target));
+    struct stat before {
+    }, after{};
+    chmod(target.constData(), 0640);
+    [[maybe_unused]] const int given = chown(target.constData(), 1234, 4321); // where we may
+    stat(target.constData(), &before);
     writer.write(rig);
+    stat(target.constData(), &after);
+    EXPECT_TRUE(after.st_mode == before.st_mode && after.st_uid == before.st_uid &&
+                after.st_gid == before.st_gid);
     const Bytes fresh = rig.ReadFile(writer.target);
     ASSERT_NE(fresh, old);
     for (const Fault& fault : kFaults) {

@@ -48,6 +48,9 @@ TEST(FileNames, OfAnyKindAreOpenedSavedAndMade) {
         stage.files = {made};
         EXPECT_TRUE(SaveSnapshotAs(*form));
         EXPECT_EQ(form->GetFilename(), onDisk);
+        EXPECT_EQ(form->windowTitle(), QFileInfo(onDisk).fileName().left(40).trimmed());
+        EXPECT_TRUE(
+            SnapshotProbe{*form}.Status().accessibleDescription().startsWith(onDisk.toLower() + u';'));
         EXPECT_EQ(QDir(QFileInfo(made).path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
         // The list finds it again, in this run by its true path.
         OpenSnapshotFile(RecentFiles()[0].sTruePath);

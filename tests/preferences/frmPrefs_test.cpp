@@ -5,6 +5,7 @@
 #include "support/forms_support.h"
 #include "support/when_open.h"
 
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -105,6 +106,26 @@ TEST_F(PrefsTest, TheModeTiesTheSizeFields) {
     QTest::keyClick(&Field(2), Qt::Key_Return); // Okay without a click must not pass 47 on
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(Settings.iDefaultLines, 40);
+}
+
+TEST_F(PrefsTest, ALongNumberIsShownWholeAndOnlyMadeShorter) {
+    Settings.lDefaultOffset = 1234567;
+    Open();
+    Page(1);
+    Field(1).setFocus();
+    for (const char* selected : {"1234567", ""}) { // by the click that brings the focus
+        QTest::mouseClick(&Field(0), Qt::LeftButton);
+        EXPECT_EQ(Field(0).selectedText(), QLatin1String(selected));
+    }
+    QTest::keyClick(&Field(0), Qt::Key_End);
+    QTest::keyClicks(&Field(0), u"8\b9"_qs);
+    EXPECT_EQ(Field(0).text(), u"123456"_qs);
+    QGuiApplication::clipboard()->setText(u"987654321"_qs);
+    Field(0).clear();
+    testing::FromContextMenu(Field(0), "&Paste");
+    EXPECT_EQ(Field(0).text(), u"98765"_qs);
+    testing::FromContextMenu(Field(0), "&Undo");
+    EXPECT_EQ(Field(0).text(), u""_qs);
 }
 
 TEST_F(PrefsTest, AFaultIsToldOnceAndLeavesAllAsItIs) {

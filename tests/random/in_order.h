@@ -149,16 +149,6 @@ class Inspector {
         if (!any || frmClip::Instance().IsEmpty() == 0) { // a copy of nothing leaves Paste on
             expect(any, Menu::menu_edit, 3, 3);
         }
-        const std::tuple<int, Menu, int> buttons[] = {
-            // and the entry that does the same
-            {3, Menu::menu_save, 0},      {4, Menu::menu_exportviews, 0}, {6, Menu::menu_edit, 1},
-            {7, Menu::menu_edit, 2},      {8, Menu::menu_edit, 3},        {10, Menu::menu_mode, 0},
-            {11, Menu::menu_mode, 0},     {12, Menu::menu_mode, 0},       {13, Menu::menu_mode, 0},
-            {15, Menu::menu_snapshot, 1}, {16, Menu::menu_snapshot, 3},   {20, Menu::menu_animation, 3}};
-        for (const auto& [button, name, Index] : buttons) {
-            Expect(MainStage::Bar().IsButtonEnabled(button) == main.Entry(name, Index)->isEnabled(),
-                   "button " + std::to_string(button));
-        }
         bool net = false; // the commands are on
         bool open =
             false; // on or off: while a net is dragged, or when it is one pixel that grew with the zoom

@@ -1,15 +1,19 @@
 #pragma once
 
 #include "platform/clock.h"
+#include "platform/texts.h"
 #include "platform/toolbar.h"
 #include "shell/frmMain.h"
 #include "shell/startup.h"
 #include "support/forms_support.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMenuBar>
+#include <QToolButton>
 
 namespace lumrake {
 
@@ -44,6 +48,62 @@ class MainStage : public Stage {
     static void EndRun() { delete MainWindow(); }
 
     static void Click(Menu name, int Index = 0) { MainWindow()->Entry(name, Index)->trigger(); }
+    /// Walks the menus by clicks on captions, given without "&": "File/Export view/Raw data".
+    static void ClickMenu(const char* path) {
+        QMenuBar* bar = MainWindow()->menuBar();
+        QWidget* menu = bar;
+        for (const QString& caption : Latin(path).split(u'/')) {
+            const auto entries = menu->actions();
+            const auto entry = std::ranges::find(entries, caption,
+                                                 [](const QAction* one) { return one->text().remove(u'&'); });
+            ASSERT_NE(entry, entries.end()) << path;
+            const QRect place =
+                menu == bar ? bar->actionGeometry(*entry) : static_cast<QMenu*>(menu)->actionGeometry(*entry);
+            QTest::mouseClick(menu, Qt::LeftButton, {}, place.center());
+            menu = (*entry)->menu();
+            EXPECT_TRUE(menu == nullptr || QTest::qWaitFor([menu] { return menu->isVisible(); })) << path;
+        }
+    }
+    /// The same by keys: Alt and a letter, then letters in the menu that is open; v stands for the key Down and a
+    /// line feed for Enter.
+    static void KeyMenu(const char* letters) {
+        for (; *letters != '\0'; ++letters) {
+            QWidget* menu = QApplication::activePopupWidget();
+            const auto key = *letters == 'v'    ? Qt::Key_Down
+                             : *letters == '\n' ? Qt::Key_Return
+                                                : Qt::Key(*letters);
+            menu == nullptr ? QTest::keyClick(MainWindow(), key, Qt::AltModifier)
+                            : QTest::keyClick(menu, key);
+        }
+    }
+    /// The buttons of the toolbar from left to right, hidden ones too.
+    static QList<QToolButton*> Buttons() {
+        auto buttons = Bar().findChildren<QToolButton*>();
+        std::ranges::stable_sort(buttons, {}, &QWidget::x);
+        return buttons;
+    }
+    static QToolButton* Button(const char* toolTip) {
+        const auto buttons = Buttons();
+        return *std::ranges::find(buttons, Latin(toolTip), &QWidget::toolTip);
+    }
+    /// Up to four, as "Tab, Shift+Tab".
+    static void PressKeys(const char* keys) {
+        const QKeySequence sequence(Latin(keys));
+        for (int i = 0; i < sequence.count(); ++i) {
+            const QKeyCombination key = sequence[static_cast<uint>(i)];
+            QTest::keyClick(KeysGoTo(), key.key(), key.keyboardModifiers());
+        }
+    }
+    static QWidget* KeysGoTo() {
+        QWidget* focus = QApplication::focusWidget();
+        return focus == nullptr ? MainWindow() : focus;
+    }
+    /// The open windows as the Window menu lists them; the active one is ticked.
+    static QList<QAction*> WindowList() {
+        QMenu* menu = MainWindow()->Entry(Menu::menu_window)->menu();
+        emit menu->aboutToShow();
+        return menu->actions().mid(2); // behind "Close all" and a line
+    }
     static Toolbar& Bar() { return MainProbe::Bar(*MainWindow()); }
 
     QString Snapshot(const QString& name) const { return MakeFile(name, NoiseBytes(6912)); }

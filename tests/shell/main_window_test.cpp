@@ -1,14 +1,20 @@
-#include "shell/main_stage.h"
-
+#include "animation/anim_support.h"
 #include "animation/frmAnimSetup.h"
+#include "platform/picture_box.h"
+#include "platform/pictures.h"
 #include "platform/screen.h"
+#include "platform/texts.h"
 #include "preferences/frmPrefs.h"
 #include "shell/file_commands.h"
+#include "shell/main_stage.h"
+#include "snapshot/frmColours.h"
 #include "snapshot/snapshot_probe.h"
 #include "support/when_open.h"
 
 #include <QDir>
+#include <QLabel>
 #include <QScreen>
+#include <QSlider>
 #include <QToolButton>
 
 namespace lumrake::testing {
@@ -31,7 +37,6 @@ class FileCommands : public ::testing::Test, public MainStage {
 };
 
 TEST_F(FileCommands, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
-    const QString b = Snapshot(QStringLiteral("b.sna"));
     const std::string shownA = a.toLower().replace(u"&"_qs, u"&&"_qs).toStdString();
     for (const QString& file : {QString(), a, a}) { // the first is a cancel
         EXPECT_EQ(main.Entry(Menu::menu_bar1)->isVisible(), iSnapshotCount > 0);
@@ -39,16 +44,19 @@ TEST_F(FileCommands, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
     }
     EXPECT_EQ(RecentCaption(2), "&2. " + shownA);
     EXPECT_EQ(RecentCaption(3), "");
-    for (int i = 0; i < 3; ++i) {
-        Open(b);
+    for (const char* name : {"D.sna", "C.sna", "B.sna"}) {
+        Open(Snapshot(Latin(name)));
     }
-    EXPECT_EQ(RecentCaption(3), "&3. " + b.toLower().toStdString());
+    EXPECT_EQ(RecentCaption(3), "&3. " + Path(u"d.sna"_qs).toLower().toStdString());
     EXPECT_EQ(RecentCaption(4), "&4. " + shownA);
 
     // What is opened from the list keeps its place, and is the file with its true name.
-    Click(Menu::menu_recent, 4);
-    EXPECT_EQ(iSnapshotCount, 6);
-    EXPECT_EQ(main.ActiveSnapshot()->GetFilename(), a);
+    for (const auto& [keys, file] :
+         {std::pair{"F1", u"B.sna"_qs}, {"F2", u"C.sna"_qs}, {"F3", u"D.sna"_qs}, {"F4", u"A & b.SNA"_qs}}) {
+        KeyMenu(keys);
+        EXPECT_EQ(main.ActiveSnapshot()->GetFilename(), Path(file));
+    }
+    EXPECT_EQ(iSnapshotCount, 9);
     EXPECT_EQ(Settings.sRecentFile[3].Trimmed(), a.toLower().toStdString());
     QFile::remove(a);
     Click(Menu::menu_recent, 4);
@@ -91,21 +99,16 @@ TEST_F(FileCommands, GoToTheActiveOfTwoWindows) {
     Open(a);
     frmSnapshot* first = main.ActiveSnapshot();
     Open(MakeFile(QStringLiteral("b.sna"), NoiseBytes(7000, 2)));
-    frmSnapshot* second = main.ActiveSnapshot();
-    Click(Menu::menu_mode, 3);
-    Click(Menu::menu_snapshot, 2);
     Click(Menu::menu_zoom, 4);
-    EXPECT_EQ(second->GetMode(), 3);
-    EXPECT_EQ(second->GetFlip(), -1);
-    EXPECT_EQ(second->GetZoom(), 4);
-
-    QMenu* list = main.Entry(Menu::menu_window)->menu();
-    emit list->aboutToShow();
-    const QList<QAction*> entries = list->actions();
-    ASSERT_EQ(entries.size(), 4); // Close all, a line, the two
-    EXPECT_EQ(entries[2]->text(), QStringLiteral("&1 a && b.sna"));
-    EXPECT_TRUE(entries[3]->isChecked() && !entries[2]->isChecked());
-    entries[2]->trigger();
+    const QList<QAction*> windows = WindowList();
+    ASSERT_EQ(windows.size(), 2);
+    EXPECT_EQ(windows[0]->text(), QStringLiteral("&1 a && b.sna"));
+    EXPECT_TRUE(windows[1]->isChecked() && !windows[0]->isChecked());
+    QTest::keyClick(KeysGoTo(), Qt::Key_Tab, Qt::ControlModifier);
+    ASSERT_EQ(main.ActiveForm(), first);
+    windows[1]->trigger();
+    EXPECT_EQ(main.ActiveSnapshot()->GetZoom(), 4);
+    KeyMenu("W1");
     ASSERT_EQ(main.ActiveForm(), first);
     EXPECT_EQ(first->GetZoom(), 1);
     files = {Path(QStringLiteral("copy.sna"))};
@@ -137,27 +140,271 @@ TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {
     QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, at(40, 70));
 }
 
-TEST_F(FileCommands, ShortcutsWorkWhileAValueBoxHasTheFocus) {
-    Open(a);
-    dialogs.clear();
-    ValueBox* box = &SnapshotProbe{*main.ActiveSnapshot()}.Box(0);
-    box->setFocus();
-    ASSERT_TRUE(box->hasFocus());
-    files = {QString(), QString()};
-    for (const Qt::Key key : {Qt::Key_A, Qt::Key_W, Qt::Key_F4}) {
-        QTest::keyClick(box, key, Qt::ControlModifier);
+/// What the commands are given to (see Program); the ways to them: the menu entry by clicks on its captions and by
+/// letters, its key, the toolbar's button; what the user then sees changed.
+struct Command {
+    char state;
+    const char *entry, *letters, *key, *button, *effect;
+};
+// clang-format off
+const Command kCommands[] = {
+    {'0', "File/Open snapshot",               "FO",       "Ctrl+O",  "Open snapshot",    "asked Open snapshot file..."},
+    {'S', "File/Save",                        "FS",       "Ctrl+S",  "Save snapshot",    "test.sna 6912 127"},
+    {'S', "File/Save As",                     "FA",       "Ctrl+A",  "",                 "1 copy on | asked Save snapshot file as... | copy 6912 127 | panels copy; 6912 bytes; 1x; "},
+    {'S', "File/Export view/Windows Bitmap",  "FEW",      "",        "",                 "asked Save Bitmap file as... | copy 94 66"},
+    {'S', "File/Export view/Raw data",        "FER",      "",        "Export to DAT file", "asked Save Raw file as... | copy 32 127"},
+    {'S', "File/Export selection to BMP",     "FR",       "",        "",                 "asked Save Bitmap file as... | copy 78 66"},
+    {'A', "File/Preferences",                 "FP",       "",        "",                 "asked LMK Preferences | colours c80000 c80000 c80000"},
+    {'0', "File/Exit",                        "FX",       "",        "",                 "LMK.CFG 526 50"},
+    {'S', "Edit/Cut",                         "ET",       "Ctrl+X",  "Cut",              "bar eee eee eeee ee eed | bytes 0 255 0 | clip 32"},
+    {'S', "Edit/Copy",                        "EC",       "Ctrl+C",  "Copy",             "bar eee eee eeee ee eed | clip 32"},
+    {'T', "Edit/Paste",                       "EP",       "Ctrl+V",  "Paste",            "cursor 5 16 16 | net on | tool 1 Draw"},
+    {'D', "Edit/Delete",                      "ED",       "Del",     "",                 "bytes 0 255 0"},
+    {'T', "View/Zoom/1:1",                    "VZ\n",     "",        "",                 "panels test.sna; 6912 bytes; 1x;  | view -20 -30 16 8"},
+    {'S', "View/Zoom/2:1",                    "VZv\n",    "",        "",                 "panels test.sna; 6912 bytes; 2x;  | view 0 0 64 16"},
+    {'S', "View/Zoom/4:1",                    "VZvv\n",   "",        "",                 "panels test.sna; 6912 bytes; 4x;  | view 0 0 128 32"},
+    {'S', "View/Zoom/8:1",                    "VZvvv\n",  "",        "",                 "panels test.sna; 6912 bytes; 8x;  | view 0 0 256 64"},
+    {'A', "View/Zoom/16:1",                   "VZvvvv\n", "",        "",                 "zoom 5"},
+    {'A', "View/File",                        "VF",       "Ctrl+F1", "",                 "File off | bar ddd dddd dd eee"},
+    {'0', "View/Editing",                     "VE",       "Ctrl+F2", "",                 "Editing off | bar edd dddd dd eed"},
+    {'0', "View/Drawing",                     "VD",       "Ctrl+F3", "",                 "Drawing off | bar edd ddd dd eed"},
+    {'S', "View/Snapshot",                    "VS",       "Ctrl+F4", "",                 "Snapshot off | bar eee eed eeee eed"},
+    {'0', "View/Animation",                   "VA",       "Ctrl+F5", "",                 "Animation off | bar edd ddd dddd dd"},
+    {'0', "View/Co-ordinates",                "VC",       "Ctrl+F6", "",                 "Co-ordinates off | panel off"},
+    {'T', "Snapshot/Graphics mode",           "SG",       "",        "",                 "Graphics mode on | Text mode off | mode 0"},
+    {'S', "Snapshot/Screen mode",             "SS",       "",        "",                 "Graphics mode off | Screen mode on | mode 1 | numbers 0 256 192 1 | view 0 0 256 192"},
+    {'S', "Snapshot/Text mode",               "ST",       "",        "",                 "Graphics mode off | Text mode on | mode 2 | numbers 0 16 8 1 | view 0 0 16 8"},
+    {'S', "Snapshot/Line masks",              "SL",       "",        "",                 "Graphics mode off | Line masks on | mode 3"},
+    {'S', "Snapshot/Byte masks",              "SB\n",     "",        "",                 "Byte masks on | Graphics mode off | mode 4"},
+    {'S', "Snapshot/Set attributes",          "SBB\n",    "",        "",                 "asked Colours | attribute 120"},
+    {'S', "Snapshot/Animate...",              "SA",       "",        "Create animation", "asked Animation Setup"},
+    {'S', "Snapshot/Flip upside down",        "SF",       "",        "",                 "Flip upside down on | flip -1"},
+    {'T', "Snapshot/Flip upside down",        "SF",       "",        "",                 "Flip upside down off | flip 0"},
+    {'T', "Snapshot/Position at top left",    "SP",       "",        "Position image at top left", "view 0 0 256 128"},
+    {'0', "Animation/New animation",          "AN",       "Ctrl+Q",  "New animation",    "asked Animation Setup"},
+    {'S', "Animation/Open",                   "AO",       "Ctrl+W",  "Open animation",   "asked Open animation file..."},
+    {'A', "Animation/Save",                   "AS",       "Ctrl+E",  "Save animation",   "walk.anm 759 47"},
+    {'A', "Animation/Save as",                "AA",       "Ctrl+R",  "",                 "asked Save animation file as... | copy 759 47"},
+    {'A', "Animation/Export to animated GIF", "AE",       "Ctrl+G",  "",                 "asked LMK V2.00|Sorry, this option is not available yet."},
+    {'S', "Window/Close all",                 "WC",       "Ctrl+K",  "",                 "asked Close all|Are you sure?"},
+    {'0', "Help/About Lumrake",               "HA",       "F12",     "",                 "asked About"},
+    {'0', "Help/Mr Fizzlet's assistance",     "HM",       "F1",      "",                 "Fizzlet on | Mr Fizzlet's assistance on"},
+    {'S', "",                                 "",         "",        "Draw",             "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw"},
+    {'P', "",                                 "",         "",        "Draw",             "cursor 2 16 16 | net off | tool 2 Draw"},
+    {'S', "",                                 "",         "",        "Zoom",             "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom"},
+    {'T', "",                                 "",         "",        "Select",           "cursor 4 16 16 | tool 4 Select"},
+    {'S', "",                                 "",         "",        "Pan",              "bar eee ddd eeee ee eed | cursor 5 16 16 | net off | tool 5 Pan"},
+    // Keys without an entry, and what has the keyboard afterwards.
+    {'S', "",                                 "",         "Del",              "",        "numbers  16 8 2 | Offset"}, // the box keeps it
+    {'S', "",                                 "",         "Tab",              "",        " | Offset steps"},
+    {'S', "",                                 "",         "Tab, Shift+Tab",   "",        " | Offset"},
+    {'S', "",                                 "",         "Tab, Right",       "",        "numbers 1 16 8 2 | Offset steps"},
+    {'S', "",                                 "",         "Tab, Right, Left", "",        " | Offset steps"},
+    {'S', "",                                 "",         "F6",               "",        " | Select"},
+    {'S', "",                                 "",         "F6, Right, Right", "",        " | Create animation"},
+    {'0', "",                                 "",         "F6, Right, Right, Space", "", "asked Open animation file... | Open animation"},
+    {'0', "",                                 "",         "F6, Right, Left",  "",        " | Open snapshot"},
+    {'S', "",                                 "",         "F6, Right, Esc",   "",        " | Offset"},
+    {'S', "",                                 "",         "F6, F6",           "",        " | Offset"},
+};
+// clang-format on
+
+/// The whole program, fresh. 0: nothing is open. S: a snapshot with a net, not yet saved; the Offset box has the
+/// focus. D: the picture has it. T: all settings of the snapshot are others, and a block is on the clipboard. P: it
+/// is being placed. A: an animation before the snapshot.
+class Program : public MainStage {
+  public:
+    explicit Program(char state) {
+        Settings.iDefaultWidth = 16;
+        Settings.iDefaultLines = 8;
+        Settings.iDefaultColumns = 2;
+        Settings.iDefaultAttribute = 56; // black on white
+        const QString sFile = MakeFile(u"test.sna"_qs, std::vector<std::uint8_t>(6912, 0xff));
+        if (state != '0') {
+            OpenSnapshotFile(sFile);
+            const SnapshotProbe probe{*main.ActiveSnapshot()};
+            probe.Memory().Bytes()[0] = 0x7f;
+            Button("Select")->click();
+            probe.DrawNet(0, 0, 8, 4);
+            if (state == 'D') {
+                probe.Picture().setFocus();
+            } else if (state == 'T' || state == 'P') {
+                probe.form.Copy(false);
+                Button("Draw")->click();
+                Click(Menu::menu_mode, kText);
+                Click(Menu::menu_snapshot, 2);
+                probe.form.SetZoom(5);
+                probe.form.SetPosition(-20, -30);
+            }
+            state == 'P' ? probe.form.Paste() : void();
+        }
+        if (state == 'A') {
+            (new frmAnimation)->Launch(MakeFile(u"walk.anm"_qs, EncodeAnimation(SampleRecord(sFile))));
+        }
+        SetFileDialogAnswerer([this](CommonDialog::Kind kind, const CommonDialog& dialog) {
+            boxes.push_back(dialog.DialogTitle);
+            return kind == CommonDialog::Kind::Save ? Path(u"copy"_qs) : QString();
+        });
+        answers = {BoxAnswer::No};
+        QObject::connect(&modal_, &QTimer::timeout, [this] { AnswerModal(); });
+        modal_.start(1);
     }
-    EXPECT_EQ(dialogs, (std::vector{u"Save snapshot file as..."_qs, u"Open animation file..."_qs}));
-    EXPECT_EQ(Settings.bToolbarVisible[3], 0);
-    EXPECT_EQ(iSnapshotCount, 1) << "Ctrl+F4 is no Close here";
-    // Del belongs to the box.
-    int deleted = 0;
-    QObject::connect(main.Entry(Menu::menu_edit, 4), &QAction::triggered, box, [&deleted] { ++deleted; });
-    main.EnableFunction(kGroupDelete, true);
-    QTest::keyClick(box, Qt::Key_Delete);
-    box->clearFocus();
-    QTest::keyClick(&main, Qt::Key_Delete);
-    EXPECT_EQ(deleted, 1);
+    ~Program() override { frmClip::Instance().SetData({}); }
+
+    using Seen = std::map<std::string, std::string>; ///< what the user sees, by name
+    Seen Look() {
+        Seen seen;
+        for (const QString& box : boxes) {
+            seen["asked"] += box.toStdString();
+        }
+        for (const QString& file : QDir(Path({})).entryList(QDir::Files)) {
+            const auto bytes = ReadFile(file);
+            seen[file.toStdString()] = std::to_string(bytes.size()) + ' ' + std::to_string(bytes[0]);
+        }
+        seen["tool"] = std::to_string(iCurrentTool);
+        int right = 0;
+        for (QToolButton* button : Buttons()) {
+            if (button->isVisible()) { // a blank for each separator
+                seen["bar"] += right > 0 && button->x() > right ? " " : "";
+                seen["bar"] += button->grab().toImage().isGrayscale() ? 'd' : 'e'; // what is off is grey
+                right = button->geometry().right() + 1;
+            }
+            seen["tool"] += button->isChecked() ? ' ' + button->toolTip().toStdString() : "";
+        }
+        WindowList();
+        for (const QAction* entry : main.findChildren<QAction*>()) {
+            if (entry->isCheckable()) {
+                seen[entry->text().remove(u'&').toStdString()] = entry->isChecked() ? "on" : "off";
+            }
+        }
+        for (QWidget* widget : main.findChildren<QWidget*>()) {
+            if (dynamic_cast<PictureBox*>(widget) != nullptr || widget->accessibleName() == u"Ink"_qs) {
+                const QColor shown =
+                    widget->grab().toImage().pixelColor(widget->width() - 3, widget->height() - 3);
+                seen["colours"] += (seen["colours"].empty() ? "" : " ") + shown.name().mid(1).toStdString();
+            }
+        }
+        seen["panel"] = MainProbe::Coords(main).isHidden() ? "off" : "on";
+        const auto* bubble = main.findChild<QLabel*>(u"lblBubble"_qs);
+        seen["Fizzlet"] = bubble != nullptr && bubble->parentWidget()->isVisible() ? "on" : "off";
+        if (frmSnapshot* form = main.ActiveSnapshot()) {
+            LookAt({*form}, seen);
+        } else if (const auto* animation = dynamic_cast<frmAnimation*>(main.ActiveForm())) {
+            seen["zoom"] = std::to_string(animation->GetZoom());
+        }
+        return seen;
+    }
+
+  private:
+    static void LookAt(const SnapshotProbe& probe, Seen& seen) {
+        const auto text = [](const auto&... values) {
+            return ((' ' + std::to_string(values)) + ...).substr(1);
+        };
+        probe.Move(0, 1, 1); // the cursor follows with the next move
+        const QCursor cursor = probe.Picture().cursor();
+        for (int tool = kToolPlacing; tool <= kToolPan; ++tool) {
+            const QPixmap drawing = LoadPicture(u"cursors/%1.svg"_qs.arg(tool), {32, 32}, 1);
+            if (cursor.pixmap().toImage() == drawing.toImage()) {
+                seen["cursor"] = text(tool, cursor.hotSpot().x(), cursor.hotSpot().y());
+            }
+        }
+        const QRect at = probe.Picture().geometry();
+        const auto bytes = probe.Memory().Bytes();
+        seen["bytes"] = text(bytes[0], bytes[1], bytes[2]);
+        seen["view"] = text(at.x(), at.y(), at.width(), at.height());
+        seen["mode"] = text(probe.form.GetMode());
+        seen["flip"] = text(probe.form.GetFlip());
+        seen["attribute"] = text(probe.form.GetAttribute());
+        seen["numbers"] = probe.Texts();
+        seen["net"] = probe.Net().Visible ? "on" : "off";
+        seen["clip"] = text(frmClip::Instance().GetData().size());
+        seen["panels"] = probe.Status().accessibleDescription().section(u'/', -1).toStdString();
+    }
+    /// Dialogs are cancelled, but for the picker, where another colour is taken; in the preferences black has become
+    /// red by then.
+    void AnswerModal() {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr || QApplication::activeWindow() != dialog) {
+            return;
+        }
+        boxes.push_back(dialog->windowTitle());
+        if (auto* picker = dynamic_cast<frmColours*>(dialog)) {
+            picker->findChild<QCheckBox*>()->click();
+            picker->findChild<QPushButton*>()->click();
+            return;
+        }
+        if (dynamic_cast<frmPrefs*>(dialog) != nullptr) {
+            for (int page = 1; page <= 3; ++page) {
+                QTest::keyClick(dialog, Qt::Key_Tab, Qt::ControlModifier);
+            }
+            auto* red = Find<QSlider>(*dialog, "scrCol(0)"); // of black
+            red->setValue(red->isVisible() ? 200 : 100);
+        }
+        dialog->close();
+    }
+
+    frmMain& main = Start();
+    QTimer modal_;
+};
+
+TEST(Wires, LeadFromMenuKeyAndButtonToTheSame) {
+    for (const Command& command : kCommands) {
+        const char* const ways[] = {command.entry, command.letters, command.key, command.button};
+        for (int way = 0; way < 4; ++way) {
+            if (*ways[way] == '\0') {
+                continue;
+            }
+            Program program(command.state);
+            auto before = program.Look();
+            switch (way) {
+            case 0: program.ClickMenu(command.entry); break;
+            case 1: program.KeyMenu(command.letters); break;
+            case 2: program.PressKeys(command.key); break;
+            default: QTest::mouseClick(program.Button(command.button), Qt::LeftButton);
+            }
+            std::string effect;
+            for (const auto& [name, value] : program.Look()) {
+                if (before[name] != value) {
+                    effect += (effect.empty() ? "" : " | ") + name + ' ' + value;
+                }
+            }
+            if (*command.entry == '\0' && way == 2) {
+                effect += " | " + program.KeysGoTo()->accessibleName().toStdString();
+            }
+            EXPECT_EQ(effect, command.effect) << ways[way] << " in " << command.state;
+        }
+    }
+}
+
+TEST(Wires, ButtonsShowTheirDrawings) {
+    const Program program('0');
+    const QStringList names = Latin("open save export cut copy paste draw zoom select pan toanim topleft "
+                                    "anim_new anim_open anim_save")
+                                  .split(u' ');
+    for (int i = 0; i < names.size(); ++i) {
+        const QImage drawing = LoadPicture(u"toolbar/%1.svg"_qs.arg(names[i]), {18, 17}, 1).toImage();
+        EXPECT_EQ(Program::Buttons()[i]->icon().pixmap(18, 17).toImage(), drawing) << i;
+    }
+}
+
+TEST(Wires, OptionsOpensTheSnapshotMenu) {
+    const Program program('S');
+    QTimer::singleShot(0, [] { Program::KeyMenu("F"); });
+    QTest::mouseClick(&SnapshotProbe{*MainWindow()->ActiveSnapshot()}.Options(), Qt::LeftButton);
+    EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFlip(), -1);
+}
+
+TEST(MainWindow, AStatusTextTooLongLosesItsMiddle) {
+    MainStage stage;
+    frmMain& main = stage.Start();
+    const auto shown = [&](const QString& text) {
+        main.SetStatusText(text);
+        return MainProbe::Status(main).grab().toImage();
+    };
+    const QImage whole = shown(QString(400, u'n'));
+    for (const int at : {0, 200, 399}) {
+        EXPECT_EQ(shown(QString(400, u'n').replace(at, 1, u'I')) == whole, at == 200) << at;
+    }
 }
 
 /// The program with three changed documents a, b and c, of which c is active.
@@ -228,31 +475,6 @@ TEST(MainWindow, PlacesCountTheFrame) {
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     EXPECT_LE((main.screen()->geometry().center() - form.frameGeometry().center()).manhattanLength(), 1);
-}
-
-TEST(MainWindow, OneToolIsPressedAndAllButTheNetEndTheSelection) {
-    MainStage stage;
-    stage.Start();
-    OpenSnapshotFile(stage.Snapshot(QStringLiteral("a.sna")));
-    const SnapshotProbe probe{*MainWindow()->ActiveSnapshot()};
-    const std::tuple<const char*, int, std::int16_t> clicks[] = {
-        {"Zoom", 11, kToolMagnify}, {"Select", 12, kToolNet}, {"Pan", 13, kToolPan}, {"Draw", 10, kToolDraw}};
-    for (const auto& [name, button, tool] : clicks) {
-        for (QToolButton* control : stage.Bar().findChildren<QToolButton*>()) {
-            if (control->toolTip().startsWith(QLatin1String(name))) {
-                QTest::mouseClick(control, Qt::LeftButton);
-                probe.DrawNet(0, 0, 9, 9);
-                iCurrentTool = kToolPlacing; // a click on the pressed one is told again
-                QTest::mouseClick(control, Qt::LeftButton);
-            }
-        }
-        EXPECT_EQ(iCurrentTool, tool);
-        EXPECT_EQ(probe.Net().Visible, tool == kToolNet);
-        EXPECT_EQ(MainWindow()->Entry(Menu::menu_exportselect)->isEnabled(), tool == kToolNet);
-        for (int other = 10; other <= 13; ++other) {
-            EXPECT_EQ(stage.Bar().IsButtonPressed(other), other == button);
-        }
-    }
 }
 
 } // namespace

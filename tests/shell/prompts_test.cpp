@@ -10,6 +10,9 @@
 #include "snapshot/snapshot_probe.h"
 
 #include <QAccessible>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QToolTip>
 
 namespace lumrake::testing {
 namespace {
@@ -151,6 +154,23 @@ TEST_F(Prompts, SnapshotWindow) {
     Hover(probe.Bar(), {8, 4}, kNever);
     Hover(probe.Options(), {9, 9}, 7);
     Hover(probe.ColourOf(0), {9, 9}, 11);
+    QStringList tips;
+    for (const QWidget* control : probe.form.findChildren<QWidget*>()) {
+        tips << control->toolTip();
+    }
+    for (int panel = 1; panel <= 4; ++panel) {
+        const QPoint place(probe.Status().PanelLeft(panel) + 4, 9);
+        QHelpEvent rest(QEvent::ToolTip, place, probe.Status().mapToGlobal(place));
+        QCoreApplication::sendEvent(&probe.Status(), &rest);
+        tips << QToolTip::text();
+    }
+    tips.removeAll(QString());
+    EXPECT_EQ(
+        tips.join(u'|').toStdString(),
+        "Current file offset|Current viewing width in pixels|Current number of lines viewed in pixels|"
+        "Current number of columns|Current attribute setting.  Click here to adjust.|"
+        "Current attribute setting.  Click here to adjust.|Full path of snapshot file|Size of snapshot file|"
+        "Current zoom.  Click here to adjust.|Current attribute settings.  Click here to adjust.");
     ExpectNames(main, 12); // four boxes with their buttons, options, picture, scroll bar, thumb, colours
 }
 

@@ -17,6 +17,7 @@ struct ColoursProbe {
     }
     void Button(std::size_t index) { form.cmdColour[index]->click(); } ///< 0 Select, 1 Cancel
     QCheckBox& Bright() { return *form.chkBright; }
+    QRgb Swatch(std::size_t index) const { return form.lblColour[index]->grab().toImage().pixel(9, 9); }
     QColor Shown(QPalette::ColorRole role) const { return form.lblColour[8]->palette().color(role); }
 
     /// Opens the picker, does `work` in it and gives its result. A picker left open is closed by its close box.
@@ -35,8 +36,11 @@ namespace {
 struct Colours : ::testing::Test {
     Colours() { Settings.lPalette = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}; }
     void ExpectShown(int ink, int paper) {
+        for (int i = 0; i < 8; ++i) {
+            EXPECT_EQ(open.Swatch(static_cast<std::size_t>(i)), qRgb(i + (ink & 8), 0, 0)) << i;
+        }
+        EXPECT_EQ(open.Swatch(8), qRgb(paper, 0, 0));
         EXPECT_EQ(open.Shown(QPalette::WindowText), QColor(ink, 0, 0));
-        EXPECT_EQ(open.Shown(QPalette::Window), QColor(paper, 0, 0));
     }
 
     testing::Stage stage;

@@ -36,7 +36,11 @@ struct SnapshotProbe {
     QPushButton& Thumb() const { return *form.cmdScroll; }
     QPushButton& Options() const { return *form.cmdOptions; }
     PanelBar& Status() const { return *form.sbrSnapshot; }
-    ColourButton& ColourOf(std::size_t index) const { return *form.cmdColour[index]; }
+    QWidget& ColourOf(int index) const {
+        const auto all = form.findChildren<QWidget*>();
+        return **std::ranges::find(all, QLatin1String(index == 0 ? "Ink" : "Paper"),
+                                   &QWidget::accessibleName);
+    }
 
     std::string Texts() const {
         QStringList texts;

@@ -2,6 +2,7 @@
 #include "platform/colour_button.h"
 #include "snapshot/snapshot_probe.h"
 
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -131,10 +132,22 @@ TEST_F(SnapshotWindow, MillionsKeepTheirDigits) {
 
 TEST_F(SnapshotWindow, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
     const SnapshotProbe probe = Open(20000, 64, 16);
-    for (const char* pasted : {"12a", "1234567", "-5", "\xd9\xa1"}) {
+    const std::pair<const char*, int> pastes[] = {{"12a", 0},      {"1234567", 0}, {"-5", 0},
+                                                  {"\xd9\xa1", 0}, {"12", 12},     {"77", 77}};
+    for (const auto& [pasted, offset] : pastes) {
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(pasted));
         probe.Box(0).selectAll();
-        probe.Box(0).insert(QString::fromUtf8(pasted));
-        EXPECT_EQ(probe.form.GetOffset(), 0) << pasted;
+        testing::FromContextMenu(probe.Box(0), "&Paste");
+        EXPECT_EQ(probe.form.GetOffset(), offset) << pasted;
+    }
+    testing::FromContextMenu(probe.Box(0), "&Undo");
+    EXPECT_EQ(probe.form.GetOffset(), 12);
+    // The click that brings the focus selects the number, the next one sets the caret.
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&area));
+    probe.Bar().setFocus();
+    for (const char* selected : {"12", ""}) {
+        QTest::mouseClick(&probe.Box(0), Qt::LeftButton);
+        EXPECT_EQ(probe.Box(0).selectedText(), QLatin1String(selected));
     }
     Type(probe, 0, "30");
     probe.form.SetMode(kText, true);
@@ -156,16 +169,29 @@ TEST_F(SnapshotWindow, TheAddressBarStepsAndRests) {
     Settings.iSmallChange = 2;
     Settings.iLargeChange = 4;
     const SnapshotProbe probe = Open(49179, 256, 192);
-    QTest::keyClick(&probe.Bar(), Qt::Key_PageDown);
-    ClickArrow(probe.Bar(), true);
-    EXPECT_EQ(probe.form.GetOffset(), 1536 + 64);
-    EXPECT_EQ(probe.Bar().sliderPosition(), Place(probe));
-    QTest::keyClick(&probe.Thumb(), Qt::Key_Up); // the thumb hands its keys on
-    EXPECT_EQ(probe.form.GetOffset(), 1536);
-    for (QWidget* part : std::initializer_list<QWidget*>{&probe.Bar(), &probe.Track(), &probe.Thumb()}) {
-        testing::TurnWheel(*part, -120);
+    SpinBar &bar = probe.Bar(), &spin = probe.Spin(0);
+    QPushButton& thumb = probe.Thumb(); // hands its keys on
+    // where, a key or the angle of a wheel, and the offset then; a wheel turned back begins anew
+    // clang-format off
+    const std::tuple<QWidget*, int, int> steps[] = {
+        {&bar, Qt::Key_PageDown, 1536}, {&bar, Qt::Key_Down, 1600}, {&thumb, Qt::Key_Up, 1536}, {&bar, Qt::Key_Up, 1472},
+        {&thumb, Qt::Key_PageDown, 3008}, {&bar, Qt::Key_PageUp, 1472}, {&bar, Qt::Key_End, 1472}, {&bar, -240, 1600},
+        {&bar, -60, 1600}, {&bar, -60, 1664}, {&bar, -60, 1664}, {&bar, 60, 1664}, {&bar, 60, 1600}, {&spin, 120, 1600},
+        {&probe.Track(), -120, 1664}, {&thumb, 120, 1600},
+    };
+    // clang-format on
+    for (const auto& [to, what, offset] : steps) {
+        std::abs(what) < 1000 ? testing::TurnWheel(*to, what) : QTest::keyClick(to, Qt::Key(what));
+        EXPECT_EQ(probe.form.GetOffset(), offset) << what;
+        EXPECT_EQ(bar.sliderPosition(), Place(probe));
     }
-    EXPECT_EQ(probe.form.GetOffset(), 1536 + 3 * 64);
+    QTest::mouseClick(&bar, Qt::MiddleButton, {}, {8, 90});
+    ClickArrow(bar, true);
+    ClickArrow(spin, false);
+    EXPECT_EQ(probe.form.GetOffset(), 1663);
+    QTest::mousePress(&bar, Qt::LeftButton, {}, {8, 4}); // held down it goes on
+    EXPECT_TRUE(QTest::qWaitFor([&probe] { return probe.form.GetOffset() < 1663 - 3 * 64; }));
+    QTest::mouseRelease(&bar, Qt::LeftButton, {}, {8, 4});
     Type(probe, 0, "49170");
     EXPECT_LT(Place(probe), 10) << "a number typed moves the picture and not the thumb";
     ClickArrow(probe.Bar(), true);
@@ -204,8 +230,8 @@ TEST_F(SnapshotWindow, AttributeAndItsButtons) {
     Settings.lPalette[8] = 65536 * 7 + 256 * 8 + 9;
     Settings.lPalette[9] = 65536 * 6 + 256 * 5 + 4;
     probe.form.ReShow();
-    EXPECT_EQ(probe.ColourOf(0).Colour().rgb(), qRgb(9, 8, 7));
-    EXPECT_EQ(probe.ColourOf(1).Colour().rgb(), qRgb(4, 5, 6));
+    EXPECT_EQ(probe.ColourOf(0).grab().toImage().pixel(9, 7), qRgb(9, 8, 7));
+    EXPECT_EQ(probe.ColourOf(1).grab().toImage().pixel(9, 7), qRgb(4, 5, 6));
     EXPECT_EQ(probe.Picture().hDC().Picture().foreColour, qRgb(9, 8, 7));
     EXPECT_EQ(probe.Picture().hDC().Picture().backColour, qRgb(4, 5, 6));
 }
@@ -213,11 +239,18 @@ TEST_F(SnapshotWindow, AttributeAndItsButtons) {
 TEST_F(SnapshotWindow, ZoomByPanelStopsAtItsLimits) {
     const SnapshotProbe probe = Open(2000, 256, 40, 16);
     const auto left = Qt::LeftButton, right = Qt::RightButton, middle = Qt::MiddleButton;
-    const std::pair<Qt::MouseButton, const char*> clicks[] = {{right, "1x"}, {left, "2x"}, {middle, "2x"},
-                                                              {left, "4x"},  {left, "8x"}, {left, "16x"},
-                                                              {left, "16x"}};
-    for (const auto& [button, text] : clicks) {
-        QTest::mouseClick(&probe.Status(), button, {}, QPoint(probe.Status().PanelLeft(3) + 10, 9));
+    // pressed, released (0 is below the bar) and the zoom then
+    const std::tuple<Qt::MouseButton, int, int, const char*> clicks[] = {
+        {right, 3, 3, "1x"}, {left, 3, 3, "2x"},  {middle, 3, 3, "2x"}, {left, 3, 2, "2x"},
+        {left, 2, 3, "2x"},  {left, 4, 4, "2x"},  {left, 3, 0, "2x"},   {left, 3, 3, "4x"},
+        {left, 3, 3, "8x"},  {left, 3, 3, "16x"}, {left, 3, 3, "16x"}};
+    const auto place = [&](int panel) {
+        return panel == 0 ? QPoint(probe.Status().PanelLeft(3) + 10, 30)
+                          : QPoint(probe.Status().PanelLeft(panel) + 10, 9);
+    };
+    for (const auto& [button, pressed, released, text] : clicks) {
+        QTest::mousePress(&probe.Status(), button, {}, place(pressed));
+        QTest::mouseRelease(&probe.Status(), button, {}, place(released));
         EXPECT_EQ(probe.Status().PanelAt(3).Text, QLatin1String(text));
     }
     EXPECT_EQ(probe.Picture().width(), 65536) << "wider than 16 bits";
@@ -235,7 +268,10 @@ TEST_F(SnapshotWindow, LayoutHoldsAtEverySize) {
         EXPECT_EQ(probe.Container().geometry(), QRect(8, 8, inner.width() - 122, inner.height() - 38));
         EXPECT_EQ(Place(probe), 700 * (probe.Bar().height() - 48) / 1000);
         EXPECT_EQ(probe.form.GetOffset(), 700) << "a new limit of the bar is no scroll step";
-        EXPECT_EQ(probe.ColourOf(0).pos(), QPoint(probe.Status().PanelLeft(4) + 2, inner.height() - 15));
+        for (const int colour : {0, 1}) {
+            EXPECT_EQ(probe.ColourOf(colour).pos(),
+                      QPoint(probe.Status().PanelLeft(4) + 2 + 18 * colour, inner.height() - 15));
+        }
         EXPECT_GT(probe.Options().y(), probe.Box(3).geometry().bottom());
         EXPECT_EQ(probe.Status().PanelWidth(1), std::max(0, inner.width() - 141 - 53 - 71));
         EXPECT_EQ(probe.form.childAt(probe.Box(0).pos()), &probe.Box(0)) << "not its label";

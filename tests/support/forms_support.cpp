@@ -1,6 +1,7 @@
 #include "support/forms_support.h"
 
 #include <QApplication>
+#include <QMenu>
 
 #include <random>
 
@@ -63,7 +64,8 @@ std::vector<std::uint8_t> Stage::ReadFile(const QString& name) const {
 }
 
 void WaitForActive(QWidget& window) {
-    EXPECT_TRUE(QTest::qWaitFor([&window] { return window.isActiveWindow(); }, 20000))
+    // A window counts as active for the toolkit when its parent is; the focus does not move then.
+    EXPECT_TRUE(QTest::qWaitFor([&window] { return QApplication::activeWindow() == window.window(); }, 20000))
         << '"' << window.windowTitle().toStdString() << "\" is not the active one of" << OpenWindows();
 }
 
@@ -77,6 +79,13 @@ std::string OpenWindows() {
         }
     }
     return titles.empty() ? " no window" : titles;
+}
+
+void FromContextMenu(QLineEdit& edit, const char* entry) {
+    const std::unique_ptr<QMenu> menu(edit.createStandardContextMenu());
+    for (QAction* action : menu->actions()) {
+        action->text().startsWith(QLatin1String(entry)) ? action->trigger() : void();
+    }
 }
 
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed) {

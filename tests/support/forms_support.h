@@ -5,6 +5,7 @@
 #include "shell/shell.h"
 
 #include <QFile>
+#include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWheelEvent>
@@ -69,6 +70,8 @@ inline void TurnWheel(QWidget& over, int angle) {
     QWheelEvent turn({4, 4}, {4, 4}, {}, {0, angle}, {}, {}, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(&over, &turn);
 }
+/// Chooses the entry of a context menu whose caption begins so.
+void FromContextMenu(QLineEdit& edit, const char* entry);
 
 /// `count` bytes that look random and are the same in every run.
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed = 1);
