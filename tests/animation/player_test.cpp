@@ -1,12 +1,19 @@
 /// The player and its setup dialog.
 #include "animation/anim_support.h"
 #include "animation/animation_commands.h"
-#include "platform/tab_strip.h"
 #include "snapshot/frmColours.h"
 #include "snapshot/frmSnapshot.h"
 
+#include <QDir>
+#include <QLabel>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace lumrake::testing {
 namespace {
+
+using namespace std::string_literals;
 
 class Player : public ::testing::Test, public Stage {
   protected:
@@ -19,6 +26,28 @@ class Player : public ::testing::Test, public Stage {
         GlobalAnim = record;
         const WhenSetup driver([](frmAnimSetup& setup) { Press(setup, "cmdSetup(0)"); });
         return player.Launch(QString());
+    }
+
+    /// What plays shows at the lower right of its frames the bytes from these places in the snapshot, and can be stopped.
+    void ExpectPlayed(const AnimationProbe& player, const std::vector<std::size_t>& places,
+                      bool endless) const {
+        std::vector<std::uint8_t> shown, expected;
+        const auto look = [&, &picture = player.Picture().hDC().Picture()] {
+            shown.push_back(picture.Row(picture.Height() - 1)[picture.Width() / 8 - 1]);
+            expected.push_back(shown.size() > places.size() ? shown.back() : bytes[places[shown.size() - 1]]);
+        };
+        look();
+        const QObject here; // the form's own handler of the timer came first and has drawn
+        QObject::connect(&player.Timer(), &QTimer::timeout, &here, look);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return shown.size() >= places.size(); }, 20000));
+        EXPECT_EQ(shown, expected);
+        for (const bool playing : {endless, false}) {
+            EXPECT_EQ(player.Playing(), playing);
+            for (std::size_t i = 0; i < 5; ++i) {
+                EXPECT_EQ(player.Control(i).isEnabled(), (i == 1) == playing) << i;
+            }
+            QTest::mouseClick(&player.Control(1), Qt::LeftButton);
+        }
     }
 
     std::vector<std::uint8_t> bytes = NoiseBytes(256);
@@ -34,6 +63,7 @@ TEST_F(Player, OpensStoppedOnFrame0AndSavesTheRecordAsHeld) {
     record.lFileLength = 120; // the last frame has 8 bytes left
     ASSERT_TRUE(Open(form));
     EXPECT_EQ(form.windowTitle(), QStringLiteral("Walk"));
+    EXPECT_EQ(status, QStringLiteral("Walk"));
     EXPECT_EQ(iAnimationCount, 1);
     EXPECT_FALSE(probe.Playing() || probe.Changed());
     EXPECT_EQ(probe.State().iCurrentFrame, 0);
@@ -42,10 +72,10 @@ TEST_F(Player, OpensStoppedOnFrame0AndSavesTheRecordAsHeld) {
     EXPECT_EQ(shown.Row(3)[1], bytes[7 * 16 + 7]);
     EXPECT_EQ(shown.Row(4)[0], 0);
     EXPECT_TRUE(SaveAnimationCommand(form));
-    AnimationRecord expected = HeldForUse(record, 256);
-    expected.sAnimFile.Set(form.GetFilename().toStdString());
-    const auto saved = EncodeAnimation(expected);
-    EXPECT_EQ(ReadFile(QStringLiteral("Walk.anm")), std::vector<std::uint8_t>(saved.begin(), saved.end()));
+    const auto saved = ReadFile(QStringLiteral("Walk.anm"));
+    EXPECT_TRUE(saved[230] == 16 && saved[234] == 5 && saved[250] == 120);
+    form.SetZoom(5), form.SetZoom(6);
+    EXPECT_FALSE(probe.Changed()) << "by the zoom that it has, or that there is not";
 }
 
 TEST_F(Player, EachWayOutOfAMissingSnapshot) {
@@ -79,29 +109,72 @@ TEST_F(Player, WhatIsNoAnimationIsToldAndOpensNothing) {
     EXPECT_EQ(iAnimationCount, 0);
 }
 
-TEST_F(Player, OnceOnlyComesToRestOnFrame0) {
-    record.iRepeat = kOnceOnly;
+TEST_F(Player, EachCommandAndFieldReachesTheFramesAndTheFile) {
+    bytes = NoiseBytes(70000);
+    MakeFile(QStringLiteral("game.sna"), bytes);
+    const QString two = MakeFile(QStringLiteral("two.sna"), bytes);
+    // What is done with the player, or in its setup before Okay; the bytes that this changes in the file; the places
+    // in the snapshot of the byte at the lower right of the frames that are then played.
+    const std::tuple<const char*, std::map<int, std::string>, std::vector<std::size_t>> rows[] = {
+        // clang-format off
+        {"@cmdControl(3) click", {}, {31, 47, 31, 15, 31}},     {"@cmdControl(3) click @cmdControl(0) click", {}, {15, 31}},
+        {"@picImage click",        {{234, "\3\0"s}}, {15, 31}}, {"@picImage click click click click", {{234, "\5\0"s}}, {15, 31}},
+        {"@picImage right right",  {{234, "\1\0"s}}, {15, 31}}, {"@picImage middle", {}, {15, 31}},
+        {"@cmdControl(3) click click @cmdControl(2) click @picImage click", {{234, "\3\0"s}}, {47, 31, 15}}, // plays on
+        {"@txtAnimSetup(0)", {}, {15, 31, 47, 31, 15, 31}},     {"@txtAnimSetup(0) two.sna", {{100, "two.sna "}}, {15, 31}},
+        {"@cmdSetup(2) click click", {{100, two.leftJustified(100).toStdString()}}, {15, 31}}, // the second time cancelled
+        {"@txtAnimSetup(1) Caf\u00e9", {{200, "Caf\xE9"}}, {15, 31}}, {"@cboAnimSetup(0) O", {{248, "\0\0"s}}, {15, 31, 47, 15}},
+        {"@cboAnimSetup(0) C", {{248, "\1\0"s}}, {15, 31, 47, 15}}, {"@cboAnimSetup(1) L", {{755, "\3\0"s}}, {29, 45}},
+        {"@cboAnimSetup(1) B", {{755, "\4\0"s}}, {30, 46}},     {"@txtAnimSetup(2) 66051", {{236, "\3\2\1\0"s}}, {66066, 66082}},
+        {"@cboAnimSetup(1) L @txtAnimSetup(3) 24", {{755, "\3\0"s}, {230, "\30\0"s}, {242, "\60\0\0\0"s}}, {44, 92}},
+        {"@cboAnimSetup(1) B @txtAnimSetup(4) 9",  {{755, "\4\0"s}, {232, "\11\0"s}, {242, "\44\0\0\0"s}}, {34, 70}},
+        {"@txtAnimSetup(3) 24", {{230, "\30\0"s}, {242, "\30\0\0\0"s}}, {23, 47}},
+        {"@txtAnimSetup(4) 9",  {{232, "\11\0"s}, {242, "\22\0\0\0"s}}, {17, 35}},
+        {"@txtAnimSetup(5) 259", {{240, "\3\1"s}}, {15, 31, 47, 63}}, {"@txtAnimSetup(6) 66051", {{242, "\3\2\1\0"s}}, {15, 66066}},
+        {"@txtAnimSetup(6) 4.5", {{242, "\4\0\0\0"s}}, {15, 19}}, {"@txtAnimSetup(7) 770", {{246, "\2\3"s}}, {15}},
+        {"@chkAnimSetup(0) Space", {{757, "\1\0"s}}, {1, 17}},  {"@txtAnimSetup(8) Ctrl+A Hi Return x", {{255, "Hi\r\nx     "}}, {15, 31}},
+        // clang-format on
+    };
+    record.sAnimFile.Set("/another/place.anm");
+    record.sSnapFile.Set("GAME.SNA");
+    record.sNotes.Set("one\ntwo \r\n"); // breaks that the screen would write otherwise
+    record.iZoom = 2;
+    record.iRepeat = kPingPong;
+    record.iFrames = 3;
     record.iPause = 1;
-    ASSERT_TRUE(Open(form));
-    form.Play();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return probe.State().iCurrentFrame > 0; }, 20000)) << "on frame 0";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !probe.Playing(); }, 20000));
-    EXPECT_EQ(probe.State().iCurrentFrame, 0);
-}
-
-TEST_F(Player, ZoomingGoesOnPlayingOnTheSameFrame) {
-    record.iZoom = 4;
-    record.iPause = 30000;
-    ASSERT_TRUE(Open(form));
-    probe.State() = {3, -1};
-    form.Play();
-    for (const auto& [button, zoom] :
-         {std::pair{Qt::LeftButton, 5}, {Qt::LeftButton, 5}, {Qt::MiddleButton, 5}, {Qt::RightButton, 4}}) {
-        QTest::mouseClick(&probe.Picture(), button);
-        EXPECT_EQ(form.GetZoom(), zoom);
-        EXPECT_TRUE(probe.Playing() && probe.Changed());
-        EXPECT_EQ(probe.State().iCurrentFrame, 3);
-        EXPECT_EQ(probe.State().iDirection, -1);
+    record.lFileLength = 70000;
+    for (const auto& [words, written, played] : rows) {
+        SCOPED_TRACE(words);
+        frmAnimation player;
+        const AnimationProbe now{player};
+        ASSERT_TRUE(Open(player));
+        auto expected = ReadFile(QStringLiteral("Walk.anm"));
+        if (const QString steps = QString::fromUtf8(words); !steps.contains(u"Setup("_qs)) {
+            Use(player, steps);
+        } else {
+            files = {two, QString()};
+            const WhenSetup driver(
+                [&steps](frmAnimSetup& setup) { Use(setup, steps + u" @cmdSetup(0) click"_qs); });
+            Use(player, u"@cmdControl(4) click"_qs);
+        }
+        QByteArray(words).contains("(2) click @pic") ? void() : Use(player, u"@cmdControl(2) click"_qs);
+        for (const auto& [place, part] : written) {
+            std::ranges::copy(part, expected.begin() + place);
+        }
+        ExpectPlayed(now, played, expected[248] != 0);
+        EXPECT_EQ(player.focusWidget(), &now.Picture());
+        EXPECT_EQ(now.Timer().interval(), expected[246] + 256 * expected[247]);
+        EXPECT_EQ(player.windowTitle(), QString::fromLatin1(&reinterpret_cast<char&>(expected[200]), 4));
+        EXPECT_EQ(now.Picture().hDC().Picture().backColour, 0xffd0d0d0); // the paper of attribute 56
+        std::vector<QString> questions;
+        if (!written.empty()) {
+            std::ranges::copy(player.GetFilename().leftJustified(100).toStdString(), expected.begin());
+            questions = {u"Animation|Save changes to %1?"_qs.arg(player.GetFilename().toLower())};
+            answers = {BoxAnswer::Yes};
+        }
+        EXPECT_TRUE(player.close());
+        EXPECT_EQ(std::exchange(boxes, {}), questions);
+        EXPECT_EQ(ReadFile(QStringLiteral("Walk.anm")), expected);
     }
 }
 
@@ -130,17 +203,16 @@ TEST_F(Player, SetupGoesBackToFrame0AndReadsNoFile) {
 
 TEST_F(Player, ClosesAsTheUserAnswers) {
     using enum BoxAnswer;
-    // named, changed, prompt, what is asked and answered; a new one is named in a dialog that is then cancelled
-    const std::tuple<bool, bool, std::int16_t, std::deque<BoxAnswer>> cases[] = {
-        {true, false, 1, {}},   {true, true, 0, {}},     {true, true, 1, {Cancel}}, {true, true, 1, {No}},
-        {true, true, 1, {Yes}}, {false, true, 1, {Yes}}, {false, true, 1, {Cancel}}};
-    for (const auto& [named, changed, prompt, answer] : cases) {
+    // named, prompt, what is asked and answered; a new one is named in a dialog that is then cancelled
+    const std::tuple<bool, std::int16_t, std::deque<BoxAnswer>> cases[] = {
+        {true, 0, {}},    {true, 1, {Cancel}}, {true, 1, {No}},
+        {true, 1, {Yes}}, {false, 1, {Yes}},   {false, 1, {Cancel}}};
+    for (const auto& [named, prompt, answer] : cases) {
         frmAnimation player;
         iAnimationCount = 0;
         Settings.bPromptSave = prompt;
         ASSERT_TRUE(named ? Open(player) : OpenNew(player));
         player.SetZoom(2);
-        player.SetChanged(changed ? std::int16_t{-1} : std::int16_t{0});
         answers = answer;
         files.assign(!named && answer == std::deque{Yes} ? 1 : 0, QString());
         const bool closes = answer != std::deque{Cancel};
@@ -152,23 +224,66 @@ TEST_F(Player, ClosesAsTheUserAnswers) {
             EXPECT_EQ(ReadFile(QStringLiteral("Walk.anm")).at(234) == 2, answer == std::deque{Yes});
         }
     }
-    EXPECT_TRUE(boxes.front().startsWith(QLatin1String("Animation|Save changes to /")));
     EXPECT_EQ(boxes.back(), QStringLiteral("Animation|Save new animation?"));
 }
 
 TEST_F(Player, AnimateSeedsTheDialogFromTheView) {
     Settings.iDefaultWidth = 64;
     Settings.iDefaultLines = 5;
-    const std::tuple<std::int16_t, std::int16_t, std::int32_t> modes[] = {{kByteMasks, 4, 80},
-                                                                          {kText, 0, 64}};
-    for (const auto& [mode, seed, step] : modes) {
+    Settings.iDefaultColumns = 3;
+    Settings.lDefaultOffset = 7;
+    Settings.iDefaultAttribute = 71;
+    // mode of the view and of the animation, lines, columns, bytes of a strip, upside down
+    const std::int16_t views[][6] = {{kGraphics, 0, 5, 3, 40, 1},
+                                     {kByteMasks, 4, 5, 3, 80, 0},
+                                     {kText, 0, 8, 1, 64, 0},
+                                     {kScreen, 0, 192, 1, 6144, 1}};
+    for (const auto& [mode, seed, lines, columns, step, flip] : views) {
         Settings.iDefaultMode = mode;
         frmSnapshot snapshot;
         ASSERT_TRUE(snapshot.Launch(Path(QStringLiteral("game.sna")), QStringLiteral("game.sna")));
+        snapshot.SetFlip(flip);
+        AnimationRecord expected = GlobalAnim = SampleRecord(QStringLiteral("another.sna"));
         const WhenSetup driver([](frmAnimSetup& setup) { setup.close(); });
         AnimateSnapshot(snapshot);
-        EXPECT_EQ(GlobalAnim.iMode, seed);
-        EXPECT_EQ(GlobalAnim.lStep, step);
+        expected.sTitle.Set("New Animation");
+        expected.sSnapFile = record.sSnapFile;
+        expected.iWidth = mode == kScreen ? std::int16_t{256} : std::int16_t{64};
+        std::tie(expected.iMode, expected.iLines, expected.iFrames) = std::tie(seed, lines, columns);
+        std::tie(expected.lStep, expected.iUpsideDown) = std::tie(step, flip);
+        std::tie(expected.lOffset, expected.byAttribute) = std::tuple(7, 71);
+        EXPECT_EQ(GlobalAnim, expected) << mode;
+    }
+}
+
+TEST_F(Player, SavesUnderAnyNameAndKeepsOwnerAndRights) {
+    QString asked;
+    SetFileDialogAnswerer([&](CommonDialog::Kind kind, const CommonDialog& dialog) {
+        asked = u"%1 %2 %3 %4"_qs.arg(int(kind)).arg(dialog.Flags).arg(dialog.Filter, dialog.FileName);
+        return files.front();
+    });
+    ASSERT_TRUE(Open(form));
+    const bool root = geteuid() == 0; // who alone can give files away
+    std::int16_t zoom = 1;
+    for (const QString& name :
+         {u"New WALK.ANM"_qs, QString(255, u'N'), u"d/"_qs.repeated(60) + u"%1 [*] \u0416"_qs}) {
+        SCOPED_TRACE(name.toStdString());
+        const QString before = form.GetFilename(), file = Path(name.toLower());
+        const QByteArray path = QFile::encodeName(file);
+        QFileInfo(file).dir().mkpath(u"."_qs);
+        files = {Path(name)};
+        EXPECT_TRUE(SaveAnimationAs(form));
+        EXPECT_EQ(asked, u"2 38916 Animation files (*.ANM)|*.ANM|All files (*.*)|*.* "_qs + before);
+        EXPECT_EQ(form.GetFilename(), file);
+        ASSERT_EQ(chown(path, root ? 1234 : geteuid(), root ? 2345 : getegid()) + chmod(path, 0646), 0);
+        form.SetZoom(++zoom);
+        EXPECT_TRUE(SaveAnimationCommand(form));
+        const auto saved = ReadFile(name.toLower());
+        EXPECT_EQ(std::string(&saved[0], &saved[100]), path.leftJustified(100, ' ', true).toStdString());
+        EXPECT_EQ(saved[234], zoom);
+        const QFileInfo kept(file);
+        EXPECT_EQ(kept.permissions().toInt() & 0x7077, 0x6046);
+        EXPECT_TRUE(!root || (kept.ownerId() == 1234 && kept.groupId() == 2345));
     }
 }
 
@@ -187,46 +302,50 @@ class Setup : public ::testing::Test {
     Stage stage;
 };
 
-TEST_F(Setup, OkayWithoutATouchKeepsEveryByteAndIsNoChange) {
-    GlobalAnim.sNotes.Set("one\ntwo \r\n"); // line breaks that the screen would write otherwise
-    GlobalAnim.iMode = 4;
+TEST_F(Setup, TabGoesThroughTheFieldsAndTheStatusBarTellsWhatEachIsFor) {
+    // the longest text that can be typed, what the status bar then says
+    const std::tuple<const char*, int, const char*> rows[] = {
+        // clang-format off
+        {"txtAnimSetup(0)", 100, "Enter the name of the snapshot file"}, {"cmdSetup(2)", 0, "Click '...' to select snapshot file"},
+        {"txtAnimSetup(1)", 30,  "Enter a title for the animation"},     {"cboAnimSetup(0)", 0, "Select the type of repeat"},
+        {"cboAnimSetup(1)", 0,   "Select the display mode"}, {"txtAnimSetup(2)", 6, "Enter the file offset of the first frame"},
+        {"txtAnimSetup(3)", 3,   "Enter the width in pixels of each frame"},
+        {"txtAnimSetup(4)", 3,   "Enter the number of lines in pixels of each frame"},
+        {"txtAnimSetup(5)", 3,   "Enter the number of frames in the animation"},
+        {"txtAnimSetup(6)", 5,   "Enter the number of bytes between each frame"},
+        {"txtAnimSetup(7)", 5,   "Enter the pause between each frame (milliseconds)"}, // the next two leave it there
+        {"chkAnimSetup(0)", 0,   "Enter the pause between each frame (milliseconds)"},
+        {"cmdSetup(4)",     0,   "Enter the pause between each frame (milliseconds)"},
+        {"cmdSetup(1)", 0, "Click 'CANCEL' to abort action"}, {"cmdSetup(0)", 0, "Click 'OKAY' to confirm information"},
+        // clang-format on
+    };
+    GlobalAnim.sNotes.Set("a b");
     const AnimationRecord before = GlobalAnim;
-    bAnimChanged = -1;
-    EXPECT_TRUE(Run([](frmAnimSetup& form) { Press(form, "cmdSetup(0)"); }));
-    EXPECT_EQ(GlobalAnim, before);
-    EXPECT_EQ(bAnimChanged, 0);
-}
-
-TEST_F(Setup, WhatWasEnteredReachesTheRecordOnOkayOnly) {
-    const AnimationRecord before = GlobalAnim;
-    for (const char* button : {"cmdSetup(1)", "cmdSetup(0)"}) {
-        EXPECT_EQ(GlobalAnim, before);
-        Run([button](frmAnimSetup& form) {
-            Field(form, 1)->setText(QStringLiteral("Caf\u00e9"));
-            Find<QComboBox>(form, "cboAnimSetup(1)")->setCurrentIndex(1); // a mask beside each row
-            Type(form, 3, "12");
+    EXPECT_FALSE(Run([&](frmAnimSetup& form) {
+        for (const auto& [name, longest, status] : rows) {
+            QWidget* control = form.focusWidget();
+            ASSERT_EQ(control->objectName(), QLatin1String(name));
+            EXPECT_EQ(stage.status, QLatin1String(status)) << name;
+            if (auto* text = qobject_cast<QLineEdit*>(control)) {
+                EXPECT_EQ(text->selectedText(), text->text()) << name;
+                QTest::keyClicks(text, QString(120, u'1'));
+                EXPECT_EQ(text->text().size(), longest) << name;
+            }
+            const QString step = Field(form, 6)->text();
             QFocusEvent away(QEvent::FocusOut, Qt::ActiveWindowFocusReason); // to another program
-            QCoreApplication::sendEvent(Field(form, 3), &away);
-            EXPECT_EQ(Field(form, 6)->text(), QStringLiteral("16"));
-            Type(form, 4, "3");
-            Find(form, "chkAnimSetup(0)")->setFocus();
-            EXPECT_EQ(Field(form, 6)->text(), QStringLiteral("9")) << "the step is proposed";
-            Type(form, 3, "24");
-            Type(form, 6, "4.5");
-            QTest::keyClick(Find(form, "txtAnimSetup(8)"), Qt::Key_Return);
-            bAnimChanged = 0;
-            Find<QCheckBox>(form, "chkAnimSetup(0)")->click();
-            EXPECT_EQ(bAnimChanged, -1);
-            Press(form, button);
-        });
-    }
-    EXPECT_EQ(GlobalAnim.sTitle.Bytes()[3], '\xE9');
-    EXPECT_EQ(GlobalAnim.sNotes.Trimmed(), "\r\n");
-    EXPECT_EQ(GlobalAnim.iMode, 3);
-    EXPECT_EQ(GlobalAnim.iWidth, 24);
-    EXPECT_EQ(GlobalAnim.iLines, 3);
-    EXPECT_EQ(GlobalAnim.lStep, 4); // a half goes to the even neighbour
-    EXPECT_EQ(GlobalAnim.iUpsideDown, 1);
+            QCoreApplication::sendEvent(control, &away);
+            EXPECT_EQ(Field(form, 6)->text(), step) << "proposed, though no field was left";
+            QTest::keyClick(control, Qt::Key_Tab);
+        }
+        for (const char* first : {"txtAnimSetup(8)", "txtAnimSetup(0)", "txtAnimSetup(8)"}) {
+            Use(form, QStringLiteral("Ctrl+PgDown"));
+            EXPECT_EQ(form.focusWidget(), Find(form, first));
+        }
+        EXPECT_EQ(stage.status, QStringLiteral("Enter any notes you wish to make about the animation"));
+        EXPECT_EQ(Find<QPlainTextEdit>(form, "txtAnimSetup(8)")->textCursor().position(), 3);
+        Press(form, "cmdSetup(1)");
+    }));
+    EXPECT_EQ(GlobalAnim, before);
 }
 
 TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
@@ -235,10 +354,9 @@ TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
     for (const auto& [field, typed] : faults) {
         EXPECT_FALSE(Run([field = field, typed = typed](frmAnimSetup& form) {
             Type(form, field, typed);
-            auto* strip = Find<TabStrip>(form, "SSTab1");
-            strip->SetTab(1);
+            QTest::keyClick(&form, Qt::Key_PageDown, Qt::ControlModifier);
             Press(form, "cmdSetup(0)");
-            EXPECT_EQ(strip->CurrentTab(), 0);
+            EXPECT_TRUE(Field(form, field)->isVisible());
             EXPECT_EQ(form.focusWidget(), Field(form, field));
             form.close();
         }));
@@ -268,6 +386,9 @@ TEST_F(Setup, OnlyAnotherAttributeIsAChange) {
             });
             Press(form, "cmdSetup(4)");
             EXPECT_EQ(bAnimChanged, changed);
+            const QRgb paper = changed == 0 ? 0xffd0d0d0 : 0xffffffff;
+            EXPECT_EQ(Find(form, "lblColour(0)")->grab().toImage().pixel(1, 1), paper);
+            EXPECT_EQ(Find(form, "lblColour(1)")->grab().toImage().pixel(1, 1), 0xff000000);
         }
         Press(form, "cmdSetup(0)");
     }));

@@ -5,10 +5,31 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 namespace lumrake {
 namespace {
+
+TEST(AnimationRecord, LiesInTheFileByteByByte) {
+    const auto text = [](char first, std::size_t width, char last) {
+        return first + std::string(width - 2, ' ') + last;
+    };
+    // clang-format off
+    const std::string file = text('A', 100, 'B') + text('C', 100, 'D') + text('E', 30, 'F') +
+        "\2\1" "\4\3" "\6\x85" "\12\11\10\7" "\14\13" "\20\17\16\x8D" "\22\21" "\24\23" "\30\27\26\25" "\x99" +
+        text('G', 500, 'H') + "\34\33" "\xFE\xFF";
+    const AnimationRecord record{
+        .sAnimFile = {text('A', 100, 'B')}, .sSnapFile = {text('C', 100, 'D')}, .sTitle = {text('E', 30, 'F')},
+        .iWidth = 0x0102, .iLines = 0x0304, .iZoom = -0x7AFA, .lOffset = 0x0708090A, .iFrames = 0x0B0C,
+        .lStep = -0x72F1F0F0, .iPause = 0x1112, .iRepeat = 0x1314, .lFileLength = 0x15161718, .byAttribute = 0x99,
+        .sNotes = {text('G', 500, 'H')}, .iMode = 0x1B1C, .iUpsideDown = -2};
+    // clang-format on
+    std::array<std::uint8_t, 759> bytes{};
+    std::ranges::copy(file, bytes.begin());
+    EXPECT_EQ(EncodeAnimation(record), bytes);
+    EXPECT_EQ(DecodeAnimation(bytes), record);
+}
 
 TEST(AnimationRecord, NumbersOutsideTheirRangesAreHeld) {
     using R = AnimationRecord;

@@ -159,6 +159,20 @@ TEST(BitPicture, ExpandShowsEveryPixelAtEveryScale) {
                     << "scale " << scale << " at " << sx << ", " << sy;
             }
         }
+        // A row for a bitmap file: filled up with 0, and nothing written behind its last byte.
+        const int row = random(-1, picture.Height()), bytes = (picture.Width() * scale + 7) / 8;
+        Bytes bits(static_cast<std::size_t>(bytes) + 1, 0xA5);
+        picture.ExpandRowBits(row,
+                              scale == 1    ? random(-1, 1)
+                              : scale == 64 ? random(64, 70)
+                                            : scale,
+                              bits.data());
+        for (int x = 0; x < 8 * bytes; ++x) {
+            ASSERT_EQ((bits[static_cast<std::size_t>(x / 8)] >> (7 - x % 8) & 1) != 0,
+                      picture.PixelAt(x / scale, row))
+                << "scale " << scale << " at " << x;
+        }
+        ASSERT_EQ(bits.back(), 0xA5);
     }
 }
 

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace lumrake {
 namespace {
 
@@ -39,6 +41,16 @@ TEST(Numbers, HalvesGoToTheEvenNeighbour) {
     EXPECT_EQ(IsDivisible(std::numeric_limits<std::int32_t>::min(), -1), -1);
     EXPECT_EQ(FloorDiv(-1, 4), -1);
     EXPECT_EQ(FloorDiv(-4, 4), -1);
+}
+
+TEST(RecordText, TheCodesFrom80To9FAreTheirOwnCharacters) {
+    const std::string text = // five of the codes are empty and pass through
+        "\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\u008D\u017D\u008F"
+        "\u0090\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\u009D\u017E\u0178";
+    std::string codes(32, ' ');
+    std::iota(codes.begin(), codes.end(), '\x80');
+    EXPECT_EQ(EncodeRecordText(text, 32), codes);
+    EXPECT_EQ(DecodeRecordText(codes), text);
 }
 
 TEST(RecordText, CodePageFirstUtf8ForWhatItLacks) {

@@ -1,5 +1,4 @@
 #include "platform/tab_strip.h"
-#include "preferences/colour_swatch.h"
 #include "preferences/frmPrefs.h"
 #include "snapshot/frmColours.h"
 #include "support/forms_support.h"
@@ -46,43 +45,57 @@ class PrefsTest : public ::testing::Test {
     }
     void Okay() { Press("cmdPrefs", 0); }
     void Page(int index) { Get<TabStrip>("SSTab1").SetTab(index); }
-    void Menu(int entry) { form->findChild<QMenu*>()->actions()[entry]->trigger(); }
+    void Menu(Qt::Key letter) {
+        Press("cmdPrefs", 2);
+        QTest::keyClick(QApplication::activePopupWidget(), letter);
+    }
     void Slide(int index, int value) { Get<QSlider>("scrCol", index).setValue(value); }
     PaletteColours Swatches() {
         PaletteColours colours{};
-        std::ranges::generate(
-            colours, [this, i = 0]() mutable { return Get<ColourSwatch>("lblPalette", i++).BackColor(); });
+        std::ranges::generate(colours, [this, i = 0]() mutable {
+            const QColor painted = Get("lblPalette", i++).grab().toImage().pixelColor(8, 8);
+            return ColourOf({painted.red(), painted.green(), painted.blue()});
+        });
         return colours;
     }
     testing::Stage stage;
     std::unique_ptr<frmPrefs> form;
 };
 
-TEST_F(PrefsTest, OkayWritesWhatTheScreenShows) {
-    Settings.bAutoload = 1;
+TEST_F(PrefsTest, EachControlHasItsPlaceInTheRecordThereAndBack) {
+    const std::tuple<const char*, int, int> rows[] = {
+        // what is done, place in the record, the number then there
+        // clang-format off
+        {"@chkGeneral(0) click", 440, 0}, {"@chkGeneral(1) click", 438, 1}, {"@optMode(1) click", 454, 1},
+        {"@optMode(2) click",    454, 2}, {"@optMode(3) click",    454, 3}, {"@optMode(4) click", 454, 4},
+        {"@optMode(0) click",    454, 0}, {"@optSmall(1) click",   456, 2}, {"@optSmall(2) click", 456, 4},
+        {"@optSmall(3) click",   456, 8}, {"@optSmall(0) click",   456, 1}, {"@optLarge(1) click", 458, 2},
+        {"@optLarge(2) click",   458, 4}, {"@optLarge(3) click",   458, 8}, {"@optLarge(0) click", 458, 1},
+        // too long a text is cut
+        {"@txtDefault(0) 7000123", 442, 70001}, {"@txtDefault(1) 2408", 446, 240}, {"@txtDefault(2) 1807", 448, 180},
+        {"@txtDefault(3) 129",     450, 12},    {"@txtDefault(4) 1139", 452, 113},
+        // clang-format on
+    };
     Settings.lDefaultOffset = 16384000; // longer than its field
-    Settings.iDefaultAttribute = 0;
-    Settings.lPalette[0] = 0x7F102030; // its high byte is nobody's business
-    SettingsRecord expected = Settings;
+    Settings.lPalette[0] = 0x7F102030;  // its high byte is nobody's business
+    auto expected = EncodeSettings(Settings);
     Settings.iDefaultMode = -7; // unknown choices count as the first
     Settings.iSmallChange = Settings.iLargeChange = 3;
-    for (const bool edits : {false, true}) {
-        Open();
-        if (edits) {
-            Press("chkGeneral", 0);
-            Field(0).setText(u"9e99"_qs); // held at the end of its field
-            Choose(4);
-            Press("optSmall", 1);
-            Press("optLarge", 2);
-            expected.bPromptSave = 0;
-            expected.lDefaultOffset = 2147483647;
-            expected.iDefaultMode = 4;
-            expected.iSmallChange = 2;
-            expected.iLargeChange = 4;
+    for (const auto& [words, place, number] : rows) {
+        SCOPED_TRACE(words);
+        for (int i = 0; i < (place == 442 ? 4 : 2); ++i) {
+            expected[static_cast<std::size_t>(place + i)] = static_cast<std::uint8_t>(number >> (8 * i));
         }
+        Open();
+        testing::Use(*form, QLatin1String(words));
         Okay();
-        EXPECT_FALSE(form->isVisible());
-        EXPECT_EQ(EncodeSettings(Settings), EncodeSettings(expected)) << edits;
+        EXPECT_EQ(EncodeSettings(Settings), expected);
+        Open();
+        testing::Use(*form, QString::fromLatin1(words).section(u' ', 0, 0));
+        const auto* box = qobject_cast<QLineEdit*>(form->focusWidget());
+        EXPECT_TRUE(box ? box->text().toInt() == number
+                        : static_cast<QAbstractButton*>(form->focusWidget())->isChecked() ==
+                              (place == 454 || number != 0));
     }
 }
 
@@ -152,11 +165,11 @@ TEST_F(PrefsTest, CancelTakesBackTheGradingsOnly) {
         Colour colour;
     } cases[] = {{[this] { Select(9); }, true, 9, standard[9]},
                  {[this] { Select(2), Slide(1, 77); }, true, 2, ColourOf({208, 77, 0})},
-                 {[this] { Menu(0); }, true, 15, standard[15]},
-                 {[this] { Menu(1); }, true, 8, 0x70},
-                 {[this] { Menu(2); }, true, 7, 0},
-                 {[this] { Menu(3); }, false, 6, ColourOf({112 + 6 * 14, 180, 180})},
-                 {[this] { Menu(4); }, false, 14, 0}};
+                 {[this] { Menu(Qt::Key_D); }, true, 15, standard[15]},
+                 {[this] { Menu(Qt::Key_N); }, true, 8, 0x70},
+                 {[this] { Menu(Qt::Key_B); }, true, 7, 0},
+                 {[this] { Menu(Qt::Key_P); }, false, 6, ColourOf({112 + 6 * 14, 180, 180})},
+                 {[this] { Menu(Qt::Key_R); }, false, 14, 0}};
     for (const auto& one : cases) {
         for (const bool okay : {false, true}) {
             Settings.lPalette = start;
@@ -176,17 +189,51 @@ TEST_F(PrefsTest, TheSlidersFollowTheSelectedSwatch) {
     Select(9);
     EXPECT_EQ(Get<QLabel>("lblCol", 2).text(), u"255"_qs);
     EXPECT_EQ(Get("shpMarker").geometry(), Get("lblPalette", 9).geometry().adjusted(-1, -1, 1, 1));
-    Menu(4); // a grading does not touch the sliders, and the next move starts from them
+    Menu(Qt::Key_R); // a grading does not touch the sliders, and the next move starts from them
     Page(3);
     Get("scrCol", 0).setFocus();
     testing::TurnWheel(Get("scrCol", 1), 120); // the focus is elsewhere
     testing::TurnWheel(Get("scrCol", 0), 120);
     EXPECT_EQ(Settings.lPalette[9], ColourOf({3, 0, 255}));
-    Menu(3);
-    Menu(1); // of swatches and palette each copies its own
+    Menu(Qt::Key_P);
+    Menu(Qt::Key_N); // of swatches and palette each copies its own
     EXPECT_NE(Swatches()[9], Settings.lPalette[9]);
     EXPECT_EQ(Settings.lPalette[9], Settings.lPalette[1]);
     EXPECT_EQ(Get<QLabel>("lblCol", 0).text().toInt(), PartsOf(Swatches()[9]).red);
+    for (int i = 0; i < 3; ++i) {
+        for (const auto& [key, number] :
+             {std::pair{Qt::Key_Home, 0}, {Qt::Key_PageUp, 16}, {Qt::Key_End, 255}}) {
+            QTest::keyClick(&Get("scrCol", i), key);
+            EXPECT_EQ(Get<QLabel>("lblCol", i).text(), QString::number(number));
+            EXPECT_EQ(Swatches()[9] >> (8 * i) & 255, number);
+        }
+        for (const QColor ground : {Qt::white, Qt::black}) { // the number is red, green or blue on both
+            form->setPalette(ground);
+            const QColor text = Get("lblCol", i).palette().color(QPalette::WindowText);
+            const std::array parts{text.red(), text.green(), text.blue()};
+            EXPECT_EQ(std::ranges::max_element(parts) - parts.begin(), i);
+        }
+    }
+}
+
+TEST_F(PrefsTest, PagesTurnByKeysAndClicksAndTakeTheFocus) {
+    Settings.iSmallChange = 4;
+    Open();
+    const std::pair<const char*, const char*> turns[] = {
+        // what is done, where the focus is then
+        // clang-format off
+        {"@chkGeneral(0) Ctrl+PgDown", "txtDefault(0)"}, {"@optMode(3) Ctrl+PgDown",     "optSmall(2)"},
+        {"@optSmall(2) Ctrl+Tab",      "scrCol(0)"},     {"@scrCol(2) Ctrl+PgDown",      "chkGeneral(0)"},
+        {"@chkGeneral(1) Ctrl+PgUp",   "scrCol(0)"},     {"@cmdPrefs(1) Ctrl+Shift+Tab", "optSmall(2)"},
+        {"@optSmall(2) tab52",         "chkGeneral(0)"}, {"@chkGeneral(1) tab53",        "txtDefault(0)"},
+        {"@txtDefault(3) tab170",      "optSmall(2)"},   {"@cmdPrefs(0) tab171",         "scrCol(0)"},
+        {"@scrCol(1) tab200",          "scrCol(0)"},
+        // clang-format on
+    };
+    for (const auto& [words, to] : turns) {
+        testing::Use(*form, QLatin1String(words));
+        EXPECT_TRUE(form->focusWidget() == &Get(to) && Get(to).isVisible()) << words;
+    }
 }
 
 TEST_F(PrefsTest, ThePickerGivesBackAnAttributeOrNothing) {

@@ -114,14 +114,14 @@ TEST_F(FileCommands, GoToTheActiveOfTwoWindows) {
     files = {Path(QStringLiteral("copy.sna"))};
     Click(Menu::menu_saveas);
     EXPECT_EQ(ReadFile(QStringLiteral("copy.sna")).size(), 6912u);
-    const QString& status = MainProbe::Status(main).PanelAt(1).Text;
-    EXPECT_EQ(status, u"copy.sna"_qs);
+    const QString& caption = MainProbe::Status(main).PanelAt(1).Text;
+    EXPECT_EQ(caption, u"copy.sna"_qs);
     const WhenOpen<frmAnimSetup> driver([](frmAnimSetup& setup) { setup.reject(); });
     Click(Menu::menu_snapshot, 1);
-    EXPECT_EQ(status, u"copy.sna"_qs) << "the dialog's hints are gone";
+    EXPECT_EQ(caption, u"copy.sna"_qs) << "the dialog's hints are gone";
     main.ShowCoords(0, 3, 4);
     main.close();
-    EXPECT_EQ(status + MainProbe::CoordsText(main), u"LMK for Windows0,00,0"_qs);
+    EXPECT_EQ(caption + MainProbe::CoordsText(main), u"LMK for Windows0,00,0"_qs);
 }
 
 TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {

@@ -1,6 +1,7 @@
 #include "support/forms_support.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QMenu>
 
 #include <random>
@@ -85,6 +86,35 @@ void FromContextMenu(QLineEdit& edit, const char* entry) {
     const std::unique_ptr<QMenu> menu(edit.createStandardContextMenu());
     for (QAction* action : menu->actions()) {
         action->text().startsWith(QLatin1String(entry)) ? action->trigger() : void();
+    }
+}
+
+void Use(QWidget& form, const QString& words) {
+    const std::map<QString, Qt::MouseButton> clicks{
+        {u"click"_qs, Qt::LeftButton}, {u"right"_qs, Qt::RightButton}, {u"middle"_qs, Qt::MiddleButton}};
+    QWidget* control = form.focusWidget();
+    for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
+        if (word[0] == u'@') {
+            control = form.findChild<QWidget*>(word.mid(1));
+            while (!control->isVisible()) {
+                QTest::keyClick(&form, Qt::Key_PageDown, Qt::ControlModifier);
+            }
+            control->setFocus();
+        } else if (clicks.contains(word)) {
+            QTest::mouseClick(control, clicks.at(word), {},
+                              {8, 8}); // an option is only as wide as its caption
+        } else if (word.startsWith(u"tab"_qs)) {
+            const QPoint at = form.findChild<QWidget*>(u"SSTab1"_qs)->pos() + QPoint(word.mid(3).toInt(), 9);
+            QTest::mouseClick(form.childAt(at), Qt::LeftButton, {}, form.childAt(at)->mapFrom(&form, at));
+        } else if (QKeySequence(word)[0].key() != Qt::Key_unknown) {
+            QTest::keySequence(control, QKeySequence(word));
+        } else if (word.toUtf8().size() == word.size()) {
+            QTest::keyClicks(control, word);
+        } else { // no key of the test's has such a character
+            QInputMethodEvent typed;
+            typed.setCommitString(word);
+            QCoreApplication::sendEvent(control, &typed);
+        }
     }
 }
 

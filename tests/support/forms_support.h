@@ -45,6 +45,8 @@ class Stage : public ShellNotices {
     QString MakeFile(const QString& name, std::span<const std::uint8_t> bytes) const;
     std::vector<std::uint8_t> ReadFile(const QString& name) const;
 
+    QString status; ///< what the main status bar says
+    void SetStatusText(const QString& text) override { status = text; }
     void ShowCoords(std::int16_t index, double x, double y) override {
         notices.push_back(u"ShowCoords %1 %2,%3"_qs.arg(index).arg(x).arg(y));
     }
@@ -72,6 +74,10 @@ inline void TurnWheel(QWidget& over, int angle) {
 }
 /// Chooses the entry of a context menu whose caption begins so.
 void FromContextMenu(QLineEdit& edit, const char* entry);
+/// Does in a window what `words` say, one by one: "@name" brings a control into sight and gives it the focus; there
+/// "click", "right" and "middle" are clicks, keys go by their names, and all else is typed; "tab53" is a click on the
+/// tabs, 53 pixels from their left.
+void Use(QWidget& form, const QString& words);
 
 /// `count` bytes that look random and are the same in every run.
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed = 1);
