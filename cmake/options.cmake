@@ -20,7 +20,9 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conver
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_FOREACH)
 
 if(LUMRAKE_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # Among the sanitizers' checks g++ 12 takes what the standard library sets for unset.
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
+                        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     add_link_options(-fsanitize=address,undefined)
 endif()
 

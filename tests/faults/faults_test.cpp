@@ -125,15 +125,16 @@ TEST_P(Writes, LeaveTheOldFileOrTheNewOneAndSaySo) {
     Rig rig;
     rig.Reset(writer.target, old);
     const QByteArray target = QFile::encodeName(rig.Path(writer.target));
-    struct stat before {
-    }, after{};
+    const auto rights = [&target] {
+        struct stat found = {};
+        stat(target.constData(), &found);
+        return std::tuple{found.st_mode, found.st_uid, found.st_gid};
+    };
     chmod(target.constData(), 0640);
     [[maybe_unused]] const int given = chown(target.constData(), 1234, 4321); // where we may
-    stat(target.constData(), &before);
+    const auto before = rights();
     writer.write(rig);
-    stat(target.constData(), &after);
-    EXPECT_TRUE(after.st_mode == before.st_mode && after.st_uid == before.st_uid &&
-                after.st_gid == before.st_gid);
+    EXPECT_EQ(rights(), before);
     const Bytes fresh = rig.ReadFile(writer.target);
     ASSERT_NE(fresh, old);
     for (const Fault& fault : kFaults) {

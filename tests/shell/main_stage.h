@@ -84,7 +84,9 @@ class MainStage : public Stage {
     }
     static QToolButton* Button(const char* toolTip) {
         const auto buttons = Buttons();
-        return *std::ranges::find(buttons, Latin(toolTip), &QWidget::toolTip);
+        const auto at = std::ranges::find(buttons, Latin(toolTip), &QWidget::toolTip);
+        EXPECT_NE(at, buttons.end()) << toolTip;
+        return at == buttons.end() ? buttons[0] : *at;
     }
     /// Up to four, as "Tab, Shift+Tab".
     static void PressKeys(const char* keys) {

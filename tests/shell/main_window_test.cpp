@@ -54,13 +54,13 @@ TEST_F(FileCommands, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
     for (const auto& [keys, file] :
          {std::pair{"F1", u"B.sna"_qs}, {"F2", u"C.sna"_qs}, {"F3", u"D.sna"_qs}, {"F4", u"A & b.SNA"_qs}}) {
         KeyMenu(keys);
-        EXPECT_EQ(main.ActiveSnapshot()->GetFilename(), Path(file));
+        EXPECT_EQ(main.ActiveSnapshot()->GetFilename().toStdString(), Path(file).toStdString());
     }
     EXPECT_EQ(iSnapshotCount, 9);
     EXPECT_EQ(Settings.sRecentFile[3].Trimmed(), a.toLower().toStdString());
     QFile::remove(a);
     Click(Menu::menu_recent, 4);
-    EXPECT_EQ(boxes.back(), QStringLiteral("Open file|File not found!"));
+    EXPECT_EQ(boxes, std::vector{u"Open file|File not found!"_qs});
 }
 
 TEST_F(FileCommands, APathThatTheRecordCutsIsWholeInItsOwnRun) {
@@ -196,6 +196,7 @@ const Command kCommands[] = {
     {'S', "",                                 "",         "",        "Pan",              "bar eee ddd eeee ee eed | cursor 5 16 16 | net off | tool 5 Pan"},
     // Keys without an entry, and what has the keyboard afterwards.
     {'S', "",                                 "",         "Del",              "",        "numbers  16 8 2 | Offset"}, // the box keeps it
+    {'S', "",                                 "",         "Tab, Tab, Del",    "",        " | Width"}, // and a locked one too
     {'S', "",                                 "",         "Tab",              "",        " | Offset steps"},
     {'S', "",                                 "",         "Tab, Shift+Tab",   "",        " | Offset"},
     {'S', "",                                 "",         "Tab, Right",       "",        "numbers 1 16 8 2 | Offset steps"},
