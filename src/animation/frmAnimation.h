@@ -27,10 +27,10 @@ class frmAnimation : public QWidget {
     // ---- the document: frmAnimation.cpp ----
 
     /// Opens the window, stopped on frame 0; called once, before anything else. An empty `AnimFile` makes a
-    /// new animation through the setup dialog, any other is the true path of an .ANM file. False when there
-    /// is no window: the user gave up or has been told why, nothing is counted, and the caller lets the
-    /// instance go.
-    bool Launch(const QString& AnimFile);
+    /// new animation through the setup dialog, which shows the path `sSnapFile`, when that is given, in place of
+    /// GlobalAnim's; any other is the true path of an .ANM file. False when there is no window: the user gave up
+    /// or has been told why, nothing is counted, and the caller lets the instance go.
+    bool Launch(const QString& AnimFile, const QString& sSnapFile = {});
 
     /// Writes the record to `sFilename` and makes it this window's file. Nothing happens for an empty name.
     /// False when nothing was written: the animation then keeps its name and stays changed. A failure is told
@@ -75,7 +75,7 @@ class frmAnimation : public QWidget {
     friend struct AnimationProbe; // lets tests read the fields
 
     // ---- the document ----
-    bool TakeNewSettings();
+    bool TakeNewSettings(const QString& sSnapFile);
     bool ReadRecord(const QString& sFile);
     bool AskForSnapshot();
     bool LoadSnapshot(const QString& sFile);

@@ -131,9 +131,7 @@ QSize frmAnimation::FrameSize() const {
 }
 
 void frmAnimation::SetPositions() {
-    // The toolkit reads "[*]" as its own mark; doubled, it is shown as it stands.
-    const QString sTitle = QString::fromStdString(record.sTitle.Trimmed());
-    setWindowTitle(QString(sTitle).replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    SetCaption(this, QString::fromStdString(record.sTitle.Trimmed()));
     Timer1.setInterval(record.iPause);
     StopPlay();
     const std::int32_t factor = lmk::ZoomIndexToFactor(record.iZoom);

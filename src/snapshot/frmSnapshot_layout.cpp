@@ -209,7 +209,7 @@ void frmSnapshot::Form_Load() {
 
 void frmSnapshot::Form_Activate() {
     SetProgress(100);
-    SetStatusText(windowTitle());
+    SetStatusText(CaptionOf(this));
     FillValueBoxes();
     UpdateToolbars(QStringLiteral("SNAPSHOT"), true);
     UpdateToolbars(QStringLiteral("ANIMATION"), false);
