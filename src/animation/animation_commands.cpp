@@ -13,9 +13,9 @@ namespace {
 const QString kFilter = QStringLiteral("Animation files (*.ANM)|*.ANM|All files (*.*)|*.*");
 
 /// A window that opens belongs to its frame in the main window; one that does not is let go at once.
-void OpenWindow(const QString& sFile) {
+void OpenWindow(const QString& sFile, const QString& sSnapFile = {}) {
     auto* child = new frmAnimation;
-    if (!child->Launch(sFile)) {
+    if (!child->Launch(sFile, sSnapFile)) {
         delete child;
     }
 }
@@ -76,7 +76,7 @@ void AnimateSnapshot(const frmSnapshot& snapshot) {
     GlobalAnim.lStep = HeldTo<std::int32_t>(
         static_cast<double>(FrameBytes(GlobalAnim.iMode, GlobalAnim.iWidth, GlobalAnim.iLines)));
     GlobalAnim.sTitle.Set("New Animation");
-    OpenWindow(QString());
+    OpenWindow(QString(), snapshot.GetFilename()); // whole, where the record has to cut it
 }
 
 } // namespace lumrake

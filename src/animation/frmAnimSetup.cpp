@@ -87,6 +87,10 @@ QString Number(std::int32_t value) {
     return QString::number(value);
 }
 
+std::string NotesForRecord(const QString& sNotes) {
+    return NotesInRecord(sNotes.toStdString(), GlobalAnim.sNotes.Trimmed());
+}
+
 QLabel* AddLabel(QWidget* parent, const QString& text, const QRect& place) {
     auto* label = new QLabel(text, parent);
     label->setGeometry(place);
@@ -136,6 +140,8 @@ void frmAnimSetup::CreateControls() {
         }
         before = control;
     }
+    txtAnimSetup[kTitle]->SetFit(
+        [](const QString& sTitle) { return decltype(GlobalAnim.sTitle)::Fits(sTitle.toStdString()); });
 }
 
 QWidget* frmAnimSetup::AddControl(const SetupRow& row, QWidget* parent) {
@@ -151,14 +157,14 @@ QWidget* frmAnimSetup::AddControl(const SetupRow& row, QWidget* parent) {
         return txtAnimSetup[place] = text;
     }
     case SetupKind::Notes:
-        txtNotes = new Watched<QPlainTextEdit>(parent);
+        txtNotes = new LimitedText(parent);
         Watch(txtNotes, row);
         txtNotes->viewport()->setMouseTracking(true);
         txtNotes->setTabChangesFocus(true);
-        connect(txtNotes, &QPlainTextEdit::textChanged, this, [this] {
-            LimitNotes();
-            bAnimChanged = -1;
+        txtNotes->SetLimit(row.maxTyped, [](const QString& sNotes) {
+            return decltype(GlobalAnim.sNotes)::Fits(NotesForRecord(sNotes));
         });
+        connect(txtNotes, &QPlainTextEdit::textChanged, this, [] { bAnimChanged = -1; });
         return txtNotes;
     case SetupKind::List: {
         auto* list = new Watched<QComboBox>(parent);
@@ -208,9 +214,12 @@ void frmAnimSetup::Form_Load() {
     bActivated = false;
 }
 
-void frmAnimSetup::GetAnimSettings(bool& bResult, const QString& sOwnFile) {
+void frmAnimSetup::GetAnimSettings(bool& bResult, const QString& sOwnFile, const QString& sSnapFile) {
     sAnimFile = sOwnFile;
     GlobalToScreen();
+    if (!sSnapFile.isEmpty()) {
+        txtAnimSetup[kSnapFile]->ShowWhole(sSnapFile);
+    }
     exec();
     ShowCaption();
     bResult = bOkay;
@@ -240,7 +249,7 @@ void frmAnimSetup::GlobalToScreen() {
     txtNotes->setPlainText(QString::fromStdString(NotesOnScreen(GlobalAnim.sNotes.Trimmed())));
     sShownSnapFile = txtAnimSetup[kSnapFile]->text();
     sShownTitle = txtAnimSetup[kTitle]->text();
-    sShownNotes = txtNotes->toPlainText();
+    sShownNotes = txtNotes->Text();
     cboAnimSetup[kRepeat]->setCurrentIndex(GlobalAnim.iRepeat);
     txtAnimSetup[kOffset]->ShowWhole(Number(GlobalAnim.lOffset));
     txtAnimSetup[kWidth]->ShowWhole(Number(GlobalAnim.iWidth));
@@ -262,8 +271,8 @@ void frmAnimSetup::ScreenToGlobal() {
     if (txtAnimSetup[kTitle]->text() != sShownTitle) {
         GlobalAnim.sTitle.Set(text(kTitle));
     }
-    if (txtNotes->toPlainText() != sShownNotes) {
-        GlobalAnim.sNotes.Set(NotesInRecord(txtNotes->toPlainText().toStdString()));
+    if (txtNotes->Text() != sShownNotes) {
+        GlobalAnim.sNotes.Set(NotesForRecord(txtNotes->Text()));
     }
     GlobalAnim.iRepeat = static_cast<std::int16_t>(cboAnimSetup[kRepeat]->currentIndex());
     GlobalAnim.lOffset = WholeNumberFromText<std::int32_t>(text(kOffset));
@@ -289,22 +298,6 @@ void frmAnimSetup::ShowSwatches(std::int16_t iNewAttribute) {
     }
 }
 
-/// What was typed or pasted last ends at the caret: as much of it goes as the field cannot take.
-void frmAnimSetup::LimitNotes() {
-    const auto excess = [this] {
-        const std::string bytes = NotesInRecord(txtNotes->toPlainText().toStdString());
-        return EncodeRecordText(bytes, bytes.size()).size() > GlobalAnim.sNotes.Bytes().size();
-    };
-    if (!excess()) {
-        return;
-    }
-    const QSignalBlocker quiet(txtNotes);
-    QTextCursor caret = txtNotes->textCursor();
-    while (excess() && caret.position() > 0) {
-        caret.deletePreviousChar();
-    }
-}
-
 void frmAnimSetup::txtAnimSetup_LostFocus(int Index) {
     const std::string_view tag = TextRow(Index).tag;
     if (tag == "WIDTH" || tag == "LINES") {
@@ -325,7 +318,7 @@ void frmAnimSetup::Control_GotFocus(const SetupRow& row) {
         text->setSelection(0, static_cast<int>(TrimBlanks(text->text()).size()));
     } else if (row.kind == SetupKind::Notes) {
         QTextCursor caret = txtNotes->textCursor();
-        caret.setPosition(static_cast<int>(TrimBlanks(txtNotes->toPlainText()).size()));
+        caret.setPosition(static_cast<int>(TrimBlanks(txtNotes->Text()).size()));
         txtNotes->setTextCursor(caret);
     }
 }
@@ -334,6 +327,7 @@ bool frmAnimSetup::ValidateSettings() {
     const auto text = [this](std::size_t index) { return txtAnimSetup[index]->text().toStdString(); };
     SetupTexts texts;
     texts.sSnapFile = text(kSnapFile);
+    texts.bSnapFileCut = txtAnimSetup[kSnapFile]->IsCut();
     texts.sOffset = text(kOffset);
     texts.sWidth = text(kWidth);
     texts.sLines = text(kLines);

@@ -3,12 +3,12 @@
 #include "animation/animation_record.h"
 #include "animation/setup_rules.h"
 #include "platform/limited_edit.h"
+#include "platform/limited_text.h"
 #include "platform/watched.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
-#include <QPlainTextEdit>
 #include <QPushButton>
 
 #include <array>
@@ -35,8 +35,9 @@ class frmAnimSetup : public QDialog {
 
     /// Runs the dialog modally. True in `bOkay` when the user confirmed; GlobalAnim then holds the settings,
     /// else it is as it was. `sAnimFile` is the animation's own file, beside which a relative snapshot path
-    /// is looked for too.
-    void GetAnimSettings(bool& bOkay, const QString& sAnimFile = {});
+    /// is looked for first. `sSnapFile`, when it is not empty, is shown in place of the record's path: it need
+    /// not fit there.
+    void GetAnimSettings(bool& bOkay, const QString& sAnimFile = {}, const QString& sSnapFile = {});
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -62,11 +63,9 @@ class frmAnimSetup : public QDialog {
     void SSTab1_Click(int iPage);
     void SSTab1_MouseMove(int X, int Y);
 
-    void LimitNotes();
-
     TabStrip* SSTab1 = nullptr;
     std::array<LimitedEdit*, 8> txtAnimSetup{};
-    Watched<QPlainTextEdit>* txtNotes = nullptr; ///< txtAnimSetup(8)
+    LimitedText* txtNotes = nullptr; ///< txtAnimSetup(8)
     std::array<Watched<QComboBox>*, 2> cboAnimSetup{};
     std::array<Watched<QPushButton>*, 5> cmdSetup{}; ///< there is no cmdSetup(3)
     Watched<QCheckBox>* chkAnimSetup = nullptr;
@@ -77,7 +76,7 @@ class frmAnimSetup : public QDialog {
     QString sAnimFile;
     /// The attribute between GlobalToScreen and ScreenToGlobal.
     std::int16_t iAttribute = 0;
-    /// The texts as they were shown at first: the record keeps the bytes of those that still stand.
+    /// The record's texts as they are shown: it keeps the bytes of those that still stand.
     QString sShownSnapFile, sShownTitle, sShownNotes;
 };
 

@@ -26,8 +26,8 @@ frmAnimation::frmAnimation() {
     CreateControls();
 }
 
-bool frmAnimation::Launch(const QString& AnimFile) {
-    if (!(AnimFile.isEmpty() ? TakeNewSettings() : ReadRecord(AnimFile))) {
+bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
+    if (!(AnimFile.isEmpty() ? TakeNewSettings(sSnapFile) : ReadRecord(AnimFile))) {
         return false;
     }
     std::optional<QString> sSnapshot = FindAnimationSnapshot(SnapshotPath(), sFilePath);
@@ -53,9 +53,9 @@ bool frmAnimation::Launch(const QString& AnimFile) {
     return true;
 }
 
-bool frmAnimation::TakeNewSettings() {
+bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
     bool bOkay = false;
-    frmAnimSetup().GetAnimSettings(bOkay);
+    frmAnimSetup().GetAnimSettings(bOkay, QString(), sSnapFile);
     if (!bOkay) {
         return false;
     }
@@ -97,7 +97,7 @@ bool frmAnimation::AskForSnapshot() {
     }
     AnimToGlobal();
     bool bOkay = false;
-    frmAnimSetup().GetAnimSettings(bOkay, sFilePath);
+    frmAnimSetup().GetAnimSettings(bOkay, sFilePath, ProposedSnapshot(SnapshotPath(), sFilePath));
     if (bOkay) {
         GlobalToAnim();
     }

@@ -27,10 +27,10 @@ class frmAnimation : public QWidget {
     // ---- the document: frmAnimation.cpp ----
 
     /// Opens the window, stopped on frame 0; called once, before anything else. An empty `AnimFile` makes a
-    /// new animation through the setup dialog, any other is the true path of an .ANM file. False when there
-    /// is no window: the user gave up or has been told why, nothing is counted, and the caller lets the
-    /// instance go.
-    bool Launch(const QString& AnimFile);
+    /// new animation through the setup dialog, which shows the path `sSnapFile`, when that is given, in place of
+    /// GlobalAnim's; any other is the true path of an .ANM file. False when there is no window: the user gave up
+    /// or has been told why, nothing is counted, and the caller lets the instance go.
+    bool Launch(const QString& AnimFile, const QString& sSnapFile = {});
 
     /// Writes the record to `sFilename` and makes it this window's file. Nothing happens for an empty name.
     /// False when nothing was written: the animation then keeps its name and stays changed. A failure is told
@@ -39,8 +39,6 @@ class frmAnimation : public QWidget {
 
     /// The true path of the file; empty for an animation that was never saved.
     QString GetFilename() const { return sFilePath; }
-    /// The title as it stands in the record; the window's own has marks for the toolkit.
-    QString Caption() const { return QString::fromStdString(record.sTitle.Trimmed()); }
     /// -1: the record differs from what is on the disk, or was never saved; 0: it does not.
     void SetChanged(std::int16_t NewStatus) { bChanged = NewStatus; }
 
@@ -77,7 +75,7 @@ class frmAnimation : public QWidget {
     friend struct AnimationProbe; // lets tests read the fields
 
     // ---- the document ----
-    bool TakeNewSettings();
+    bool TakeNewSettings(const QString& sSnapFile);
     bool ReadRecord(const QString& sFile);
     bool AskForSnapshot();
     bool LoadSnapshot(const QString& sFile);

@@ -131,8 +131,7 @@ QSize frmAnimation::FrameSize() const {
 }
 
 void frmAnimation::SetPositions() {
-    // The toolkit reads "[*]" as its own mark; doubled, it is shown as it stands.
-    setWindowTitle(Caption().replace(QLatin1String("[*]"), QLatin1String("[*][*]")));
+    SetCaption(this, QString::fromStdString(record.sTitle.Trimmed()));
     Timer1.setInterval(record.iPause);
     StopPlay();
     const std::int32_t factor = lmk::ZoomIndexToFactor(record.iZoom);
@@ -218,7 +217,7 @@ void frmAnimation::SetZoom(std::int16_t NewZoom) {
 }
 
 void frmAnimation::Form_Activate() {
-    SetStatusText(Caption());
+    SetStatusText(CaptionOf(this));
     UpdateToolbars(QStringLiteral("ANIMATION"), true);
     UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
     EnableNetCommands(false); // no net lies in an animation

@@ -67,13 +67,14 @@ Result TestSnapFile(const SetupTexts& texts, const std::optional<std::int64_t>& 
     if (texts.sSnapFile.empty()) {
         return SetupFault{SetupField::SnapFile, "Snapshot filename must be entered"};
     }
+    const SetupFault tooLong{SetupField::SnapFile,
+                             "Snapshot filename must not be longer than 100 characters"};
     if (!lSnapLength) {
-        return SetupFault{SetupField::SnapFile, "Cannot find specified file"};
+        return texts.bSnapFileCut ? tooLong : SetupFault{SetupField::SnapFile, "Cannot find specified file"};
     }
     // What the field would give back has to be the same path, or another file would be opened next time.
-    const std::string_view path = TrimBlanks(texts.sSnapFile);
-    if (FixedString<100>(path).Trimmed() != path) {
-        return SetupFault{SetupField::SnapFile, "Snapshot filename must not be longer than 100 characters"};
+    if (!decltype(AnimationRecord::sSnapFile)::Fits(TrimBlanks(texts.sSnapFile))) {
+        return tooLong;
     }
     return std::nullopt;
 }
@@ -147,15 +148,17 @@ std::string NotesOnScreen(std::string_view record) {
     return screen;
 }
 
-std::string NotesInRecord(std::string_view screen) {
-    std::string record;
-    for (const char character : screen) {
-        if (character == '\n') {
-            record.push_back('\r');
+std::string NotesInRecord(std::string_view screen, std::string_view old) {
+    const auto withBothCodes = [](std::string_view text) {
+        std::string record;
+        for (const char character : text) {
+            record.append(character == '\n' ? 1 : 0, '\r').push_back(character);
         }
-        record.push_back(character);
-    }
-    return record;
+        return record;
+    };
+    std::string record = withBothCodes(screen);
+    const bool shorter = withBothCodes(NotesOnScreen(old)) != old;
+    return shorter && !decltype(AnimationRecord::sNotes)::Fits(record) ? std::string(screen) : record;
 }
 
 } // namespace lumrake

@@ -17,7 +17,8 @@ enum class SetupField { SnapFile, Offset, Width, Lines, Frames, Step, Repeat, Pa
 struct SetupTexts {
     std::string sSnapFile;
     std::string sOffset, sWidth, sLines, sFrames, sStep, sPause;
-    int iRepeatIndex = -1; ///< place in the list of repeat types, -1 for none
+    int iRepeatIndex = -1;     ///< place in the list of repeat types, -1 for none
+    bool bSnapFileCut = false; ///< sSnapFile is what the field took of a longer name
 };
 
 /// The first fault found, and what the user is told about it.
@@ -39,9 +40,11 @@ std::string ProposedStep(const std::string& sWidth, const std::string& sLines, s
 inline constexpr std::array<std::int16_t, 3> kListedModes = {kGraphics, kLineMasks, kByteMasks};
 int ModeIndex(std::int16_t iMode);
 
-/// Notes with the line breaks of the screen (LF) from those of the record (CR LF; a CR or LF alone counts as
-/// one too), and back.
+/// Notes with the line breaks of the screen (LF) from those of the record: CR LF; a CR or LF alone counts as one
+/// too.
 std::string NotesOnScreen(std::string_view record);
-std::string NotesInRecord(std::string_view screen);
+/// Notes of the screen as the record takes them, with CR LF. Where they do not fit so, and came out of a record
+/// (`old`, as it is read) that has shorter line breaks, they get LF alone.
+std::string NotesInRecord(std::string_view screen, std::string_view old);
 
 } // namespace lumrake

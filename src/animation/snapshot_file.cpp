@@ -1,5 +1,6 @@
 #include "animation/snapshot_file.h"
 
+#include "animation/animation_record.h"
 #include "platform/files.h"
 #include "platform/texts.h"
 
@@ -8,19 +9,33 @@
 
 namespace lumrake {
 
+namespace {
+
+std::optional<QString> Find(const QString& path) {
+    std::optional<QString> found = FindFile(path);
+    return found && QFileInfo(*found).isFile() ? found : std::nullopt;
+}
+
+std::optional<QString> FindBeside(const QString& sAnimFile, const QString& path) {
+    return sAnimFile.isEmpty() || path.isEmpty() ? std::nullopt
+                                                 : Find(QFileInfo(sAnimFile).dir().filePath(path));
+}
+
+} // namespace
+
 std::optional<QString> FindAnimationSnapshot(const QString& sSnapFile, const QString& sAnimFile) {
     const QString sPath = TrimBlanks(sSnapFile);
-    const auto find = [](const QString& path) -> std::optional<QString> {
-        std::optional<QString> found = FindFile(path);
-        return found && QFileInfo(*found).isFile() ? found : std::nullopt;
-    };
-    if (std::optional<QString> found = find(sPath)) {
-        return found;
+    if (!QFileInfo(sPath).isAbsolute()) {
+        if (std::optional<QString> found = FindBeside(sAnimFile, sPath)) {
+            return found;
+        }
     }
-    if (sPath.isEmpty() || sAnimFile.isEmpty() || QFileInfo(sPath).isAbsolute()) {
-        return std::nullopt;
-    }
-    return find(QFileInfo(sAnimFile).dir().filePath(sPath));
+    return Find(sPath);
+}
+
+QString ProposedSnapshot(const QString& sSnapFile, const QString& sAnimFile) {
+    const QString sPath = FindBeside(sAnimFile, FileTitleOf(TrimBlanks(sSnapFile))).value_or(QString());
+    return decltype(AnimationRecord::sSnapFile)::Fits(sPath.toStdString()) ? sPath : FileTitleOf(sPath);
 }
 
 } // namespace lumrake

@@ -18,6 +18,9 @@ template <std::size_t Width> class FixedString {
     FixedString() { bytes_.fill(' '); }
     FixedString(std::string_view text) { Set(text); } // NOLINT: meant to convert
 
+    /// Whether the field takes the whole text.
+    static bool Fits(std::string_view text) { return FitsRecord(text, Width); }
+
     /// Encodes `text` (UTF-8) as EncodeRecordText does; what does not fit is cut. A text that the field
     /// already stands for leaves its bytes alone.
     void Set(std::string_view text) {
@@ -32,8 +35,7 @@ template <std::size_t Width> class FixedString {
     /// The whole field as UTF-8, padding included.
     std::string Text() const { return DecodeRecordText(View()); }
     /// The field as UTF-8 without the blanks at both ends.
-    std::string Trimmed() const { return DecodeRecordText(TrimBlanks(View())); }
-    bool IsBlank() const { return TrimBlanks(View()).empty(); }
+    std::string Trimmed() const { return std::string(TrimBlanks(Text())); }
 
     std::array<char, Width>& Bytes() { return bytes_; }
     const std::array<char, Width>& Bytes() const { return bytes_; }

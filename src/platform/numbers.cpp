@@ -67,8 +67,9 @@ double RoundHalfEven(double value) {
 std::string TextOfNumber(double value) {
     char digits[32];
     // "%.7g" would follow the locale's decimal point; to_chars never does.
+    const double number = value + 0.0; // a zero has no sign then
     const auto [end, error] =
-        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 7);
+        std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 7);
     return error == std::errc() ? std::string(digits, end) : std::string("0");
 }
 

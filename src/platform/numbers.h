@@ -35,7 +35,7 @@ template <std::signed_integral Field> Field WholeNumberFromText(std::string_view
     return HeldTo<Field>(NumberFromText(text));
 }
 
-/// A number in general format: no exponent for everyday values, no trailing zeros, "4.5", "-3", "0".
+/// A number in general format: no exponent for everyday values, no trailing zeros, no signed zero: "4.5", "-3", "0".
 /// Seven significant digits, as a 32-bit float has them.
 std::string TextOfNumber(double value);
 

@@ -15,6 +15,9 @@ constexpr std::array<char32_t, 32> kUpperControls = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
+/// U+FEFF in UTF-8. No byte of the code page stands for it, so that bytes which begin with it are UTF-8.
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
+
 char32_t CharacterOfByte(std::uint8_t byte) {
     return byte >= 0x80 && byte <= 0x9F ? kUpperControls[byte - 0x80U] : char32_t{byte};
 }
@@ -97,34 +100,37 @@ std::u32string CharactersOf(std::string_view text) {
     return characters;
 }
 
+/// All characters as a record has them: the shortest of the three ways that reads back as they are. The last one
+/// always does.
+std::string RecordBytes(std::u32string_view characters) {
+    std::string single, utf8;
+    for (const char32_t character : characters) {
+        if (const auto byte = ByteOfCharacter(character)) {
+            single.push_back(*byte);
+        }
+        AppendUtf8(utf8, character);
+    }
+    if (single.size() == characters.size() && DecodeRecordText(single) == utf8) {
+        return single;
+    }
+    return DecodeRecordText(utf8) == utf8 ? utf8 : std::string(kUtf8Mark) + utf8;
+}
+
 } // namespace
 
 std::string EncodeRecordText(std::string_view text, std::size_t width) {
     const std::u32string characters = CharactersOf(text);
-    std::string single; // as far as the code page goes
-    for (const char32_t character : characters) {
-        const auto byte = ByteOfCharacter(character);
-        if (!byte) {
-            break;
-        }
-        single.push_back(*byte);
+    // From the longest head down: a longer one can take fewer bytes, when it has a way of its own.
+    std::size_t count = std::min(characters.size(), width);
+    std::string bytes = RecordBytes({characters.data(), count});
+    while (bytes.size() > width) {
+        bytes = RecordBytes({characters.data(), --count});
     }
-    if (single.size() == characters.size() || single.size() >= width) {
-        return single.substr(0, width);
-    }
-    std::string utf8;
-    std::size_t taken = 0;
-    for (; taken < characters.size(); ++taken) {
-        std::string next;
-        AppendUtf8(next, characters[taken]);
-        if (utf8.size() + next.size() > width) {
-            break;
-        }
-        utf8 += next;
-    }
-    // When the cut has taken away every character that asked for UTF-8, reading would take the rest for
-    // Windows-1252; so it is written as that.
-    return taken > single.size() ? utf8 : single;
+    return bytes;
+}
+
+bool FitsRecord(std::string_view text, std::size_t width) {
+    return RecordBytes(CharactersOf(text)).size() <= width;
 }
 
 std::string DecodeRecordText(std::string_view bytes) {
@@ -136,7 +142,7 @@ std::string DecodeRecordText(std::string_view bytes) {
         lacking = lacking || (valid && !ByteOfCharacter(*character));
     }
     if (valid && lacking) {
-        return std::string(bytes);
+        return std::string(bytes.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0));
     }
     std::string text;
     for (const char byte : bytes) {

@@ -21,4 +21,14 @@ inline QString TrimBlanks(const QString& text) {
 /// however wide, and take "<b>" in a file's name for a word of the markup.
 QString WholeTip(const QString& text);
 
+/// The longest head of `text` that `fits`, of at most `most` UTF-16 units and without half a character at its end;
+/// empty when there is none.
+template <class Test> QString FittingHead(const QString& text, qsizetype most, const Test& fits) {
+    QString head = text.left(most);
+    while (!head.isEmpty() && (head.back().isHighSurrogate() || !fits(head))) {
+        head.chop(1);
+    }
+    return head;
+}
+
 } // namespace lumrake

@@ -132,11 +132,13 @@ DefaultTexts frmPrefs::Texts() const {
 }
 
 void frmPrefs::cmdPrefs_Click(int Index) {
-    QPushButton* button = cmdPrefs[static_cast<std::size_t>(Index)];
-    // An access key or Enter leaves the focus in its field, whose LostFocus would then never come.
-    button->setFocus();
-    const QString tag = TagOf(button);
+    const QString tag = TagOf(cmdPrefs[static_cast<std::size_t>(Index)]);
     if (tag == QLatin1String("OKAY")) {
+        // An access key or Enter leaves the focus in its field, which has its say nevertheless.
+        const auto field = std::find(txtDefault.begin(), txtDefault.end(), focusWidget());
+        if (field != txtDefault.end()) {
+            (*field)->LostFocus();
+        }
         if (ValidatePrefs()) {
             ScreenToSettings();
             accept();

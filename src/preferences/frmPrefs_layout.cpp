@@ -294,7 +294,6 @@ void frmPrefs::CreatePictures() {
             cmdPrefs[i]->setIcon(LoadIcon(Latin(kButtonIcons[i]), kIcon));
             cmdPrefs[i]->setIconSize(kIcon);
             cmdPrefs[i]->setAccessibleName(cmdPrefs[i]->toolTip());
-            cmdPrefs[i]->setAutoDefault(false); // Enter stays with Okay
         }
     }
 }

@@ -144,13 +144,8 @@ void frmMain::SetStatusText(const QString& sText) {
 }
 
 void frmMain::ShowCaption() {
-    if (const frmSnapshot* snapshot = ActiveSnapshot()) {
-        SetStatusText(snapshot->Caption());
-    } else if (const auto* animation = dynamic_cast<const frmAnimation*>(ActiveForm())) {
-        SetStatusText(animation->Caption());
-    } else {
-        SetStatusText(kNoDocument);
-    }
+    const QWidget* active = ActiveForm();
+    SetStatusText(active != nullptr ? CaptionOf(active) : kNoDocument);
 }
 
 void frmMain::ShowNoDocument() {

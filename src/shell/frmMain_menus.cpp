@@ -187,7 +187,7 @@ void frmMain::FillWindowList() {
         // Access keys reach as far as the digits do.
         const QString caption =
             QStringLiteral("%1%2 ").arg(QLatin1String(number < 10 ? "&" : "")).arg(number);
-        QAction* entry = menu->addAction(caption + Displayed(frame->windowTitle()));
+        QAction* entry = menu->addAction(caption + Displayed(CaptionOf(frame->widget())));
         entry->setCheckable(true);
         entry->setChecked(ActiveForm() == frame->widget());
         connect(entry, &QAction::triggered, this, [this, frame] {

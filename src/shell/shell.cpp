@@ -94,6 +94,17 @@ QWidget* ChildFrame(QWidget* child) {
     return frame != nullptr ? frame : child;
 }
 
+void SetCaption(QWidget* child, const QString& sCaption) {
+    // The toolkit reads "[*]" as its own mark; doubled, it is shown as it stands.
+    const QString sShown = QString(sCaption).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    child->setWindowTitle(sShown);
+    ChildFrame(child)->setWindowTitle(sShown); // by itself it follows its child to no empty title
+}
+
+QString CaptionOf(const QWidget* child) {
+    return child->windowTitle().replace(QLatin1String("[*][*]"), QLatin1String("[*]"));
+}
+
 void BringToFront(QWidget* child) {
     auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(child));
     if (frame != nullptr && frame->mdiArea() != nullptr) {

@@ -89,6 +89,9 @@ void AdoptChild(QWidget* child);
 /// The frame that a child was adopted into, or the child itself when there is none: what is shown, sized,
 /// closed.
 QWidget* ChildFrame(QWidget* child);
+/// Shows a child's caption as it stands, in its frame and in the list of windows as well.
+void SetCaption(QWidget* child, const QString& sCaption);
+QString CaptionOf(const QWidget* child);
 /// Makes a child the active one, so that the user sees which window a question is about.
 void BringToFront(QWidget* child);
 

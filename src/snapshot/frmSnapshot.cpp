@@ -82,7 +82,7 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     sbrSnapshot->SetText(1, sSnapFile.toLower());
     sbrSnapshot->SetText(2, QStringLiteral("%1 bytes").arg(view.lFileLength));
     sbrSnapshot->SetText(3, QStringLiteral("%1x").arg(view.iZoomFactor));
-    setWindowTitle(sSnapTitle.trimmed());
+    SetCaption(this, sSnapTitle.trimmed());
     show();
     ChildFrame(this)->show();
     txtValue[0]->selectAll(); // it gets the focus, but that comes with the main window, back from the dialog
@@ -153,7 +153,7 @@ bool frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle, QStr
     stage(60);
     sSnapTitle = sTitle.toLower().left(kTitleLength);
     stage(80);
-    setWindowTitle(sSnapTitle.trimmed());
+    SetCaption(this, sSnapTitle.trimmed());
     sbrSnapshot->SetText(1, sSnapFile.toLower());
     stage(100);
     bChanged = 0;

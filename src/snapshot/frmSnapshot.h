@@ -60,7 +60,6 @@ class frmSnapshot : public QWidget {
     std::int16_t GetWidth() const { return view.iWidth; }
     /// The true path of the file.
     QString GetFilename() const { return sSnapFile; }
-    QString Caption() const { return windowTitle(); }
 
     /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay. Runs
     /// once for each attempt to close the window, and not again while it runs.

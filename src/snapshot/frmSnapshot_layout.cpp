@@ -211,7 +211,7 @@ void frmSnapshot::Form_Load() {
 
 void frmSnapshot::Form_Activate() {
     SetProgress(100);
-    SetStatusText(Caption());
+    SetStatusText(CaptionOf(this));
     FillValueBoxes();
     UpdateToolbars(QStringLiteral("SNAPSHOT"), true);
     UpdateToolbars(QStringLiteral("ANIMATION"), false);

@@ -4,8 +4,11 @@
 #include "snapshot/frmColours.h"
 #include "snapshot/frmSnapshot.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QLabel>
+#include <QMdiSubWindow>
+#include <QRandomGenerator>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,6 +17,8 @@ namespace lumrake::testing {
 namespace {
 
 using namespace std::string_literals;
+
+const QString kTooLong = u"Animation Setup|Snapshot filename must not be longer than 100 characters"_qs;
 
 class Player : public ::testing::Test, public Stage {
   protected:
@@ -52,7 +57,8 @@ class Player : public ::testing::Test, public Stage {
 
     std::vector<std::uint8_t> bytes = NoiseBytes(256);
     AnimationRecord record;
-    frmAnimation form;
+    QMdiSubWindow frame;
+    frmAnimation form; // goes before a frame that it lies in
     AnimationProbe probe{form};
 };
 
@@ -80,14 +86,14 @@ TEST_F(Player, OpensStoppedOnFrame0AndSavesTheRecordAsHeld) {
 
 TEST_F(Player, EachWayOutOfAMissingSnapshot) {
     const QString sThere = QString::fromStdString(record.sSnapFile.Trimmed());
-    record.sSnapFile.Set("/gone.sna");
+    record.sSnapFile.Set("C:\\gone\\GAME.SNA"); // one of the name lies beside the animation
     record.lFileLength = 100;
     answers = {BoxAnswer::No, BoxAnswer::Yes, BoxAnswer::Yes};
     EXPECT_FALSE(Open(form));
     for (const bool okay : {false, true}) {
         EXPECT_EQ(iAnimationCount, 0);
         const WhenSetup driver([&](frmAnimSetup& setup) {
-            Field(setup, 0)->setText(sThere);
+            EXPECT_EQ(Field(setup, 0)->text(), sThere);
             Press(setup, okay ? "cmdSetup(0)" : "cmdSetup(1)");
         });
         EXPECT_EQ(Open(form), okay);
@@ -181,8 +187,15 @@ TEST_F(Player, EachCommandAndFieldReachesTheFramesAndTheFile) {
 }
 
 TEST_F(Player, SetupGoesBackToFrame0AndReadsNoFile) {
-    record.sSnapFile.Set("GAME.SNA"); // found beside the animation, by the dialog too, without regard to case
-    ASSERT_TRUE(Open(form));
+    // Found beside the animation without regard to case, by the dialog too, before one in the current directory.
+    record.sSnapFile.Set("GAME.SNA");
+    const QString sBefore = QDir::currentPath();
+    QDir(Path({})).mkdir(QStringLiteral("here"));
+    MakeFile(QStringLiteral("here/GAME.SNA"), NoiseBytes(9));
+    QDir::setCurrent(Path(QStringLiteral("here")));
+    frame.setWidget(&form);
+    EXPECT_TRUE(Open(form));
+    QDir::setCurrent(sBefore);
     MakeFile(QStringLiteral("game.sna"), NoiseBytes(99, 2));
     for (const bool change : {false, true}) {
         probe.Control(3).setFocus();
@@ -191,12 +204,14 @@ TEST_F(Player, SetupGoesBackToFrame0AndReadsNoFile) {
         const WhenSetup driver([change](frmAnimSetup& setup) {
             if (change) {
                 Type(setup, 4, "32");
+                Field(setup, 1)->clear();
             }
             Press(setup, "cmdSetup(0)");
         });
         change ? QTest::keyClick(&probe.Picture(), Qt::Key_S, Qt::AltModifier) : probe.Control(4).click();
         EXPECT_EQ(probe.State().iCurrentFrame, 0);
         EXPECT_EQ(probe.Changed(), change);
+        EXPECT_EQ(frame.windowTitle(), change ? QString() : u"Walk"_qs);
         EXPECT_EQ(probe.Picture().height(), change ? 36 : 12);
         EXPECT_EQ(probe.Bytes(), bytes.size());
         EXPECT_EQ(probe.Record().sSnapFile, record.sSnapFile);
@@ -230,6 +245,9 @@ TEST_F(Player, ClosesAsTheUserAnswers) {
 }
 
 TEST_F(Player, AnimateSeedsTheDialogFromTheView) {
+    const QString sLong = Path(QString(100, QLatin1Char('d'))) + u"/game.sna"_qs;
+    QDir(Path({})).mkdir(QString(100, QLatin1Char('d')));
+    QFile::copy(Path(QStringLiteral("game.sna")), sLong);
     Settings.iDefaultWidth = 64;
     Settings.iDefaultLines = 5;
     Settings.iDefaultColumns = 3;
@@ -243,18 +261,19 @@ TEST_F(Player, AnimateSeedsTheDialogFromTheView) {
     for (const auto& [mode, seed, lines, columns, step, flip] : views) {
         Settings.iDefaultMode = mode;
         frmSnapshot snapshot;
-        ASSERT_TRUE(snapshot.Launch(Path(QStringLiteral("game.sna")), QStringLiteral("game.sna")));
+        ASSERT_TRUE(snapshot.Launch(sLong, QStringLiteral("game.sna")));
         snapshot.SetFlip(flip);
         AnimationRecord expected = GlobalAnim = SampleRecord(QStringLiteral("another.sna"));
-        const WhenSetup driver([](frmAnimSetup& setup) { setup.close(); });
+        const WhenSetup driver([](frmAnimSetup& setup) { Press(setup, "cmdSetup(0)"), setup.close(); });
         AnimateSnapshot(snapshot);
         expected.sTitle.Set("New Animation");
-        expected.sSnapFile = record.sSnapFile;
+        expected.sSnapFile.Set(sLong.toStdString());
         expected.iWidth = mode == kScreen ? std::int16_t{256} : std::int16_t{64};
         std::tie(expected.iMode, expected.iLines, expected.iFrames) = std::tie(seed, lines, columns);
         std::tie(expected.lStep, expected.iUpsideDown) = std::tie(step, flip);
         std::tie(expected.lOffset, expected.byAttribute) = std::tuple(7, 71);
         EXPECT_EQ(GlobalAnim, expected) << mode;
+        EXPECT_EQ(boxes.back(), kTooLong);
     }
 }
 
@@ -351,8 +370,9 @@ TEST_F(Setup, TabGoesThroughTheFieldsAndTheStatusBarTellsWhatEachIsFor) {
 }
 
 TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
-    const std::pair<int, const char*> faults[] = {{0, "/nowhere"}, {2, "256"}, {3, "12"}, {4, "0"},
-                                                  {5, "1"},        {6, "0"},   {7, "0"}};
+    const std::string tooLong(101, 'x');
+    const std::pair<int, const char*> faults[] = {
+        {0, tooLong.c_str()}, {0, "/nowhere"}, {2, "256"}, {3, "12"}, {4, "0"}, {5, "1"}, {6, "0"}, {7, "0"}};
     for (const auto& [field, typed] : faults) {
         EXPECT_FALSE(Run([field = field, typed = typed](frmAnimSetup& form) {
             Type(form, field, typed);
@@ -364,17 +384,56 @@ TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
         }));
     }
     EXPECT_EQ(stage.boxes.size(), std::size(faults));
+    EXPECT_EQ(stage.boxes[0], kTooLong);
 }
 
-TEST_F(Setup, NotesTakeWhatTheRecordHolds) {
-    Run([](frmAnimSetup& form) {
-        auto* notes = Find<QPlainTextEdit>(form, "txtAnimSetup(8)");
-        notes->insertPlainText(QString(497, QLatin1Char('x')));
-        QTest::keyClick(notes, Qt::Key_Return); // two characters in the record
-        QTest::keyClicks(notes, QStringLiteral("abc"));
-        EXPECT_EQ(notes->toPlainText().mid(496), QStringLiteral("x\na"));
-        form.close();
-    });
+TEST_F(Setup, TextsHoldWhatFitsAndUndoOnlyWhatWasThere) {
+    const QStringList kKeys =
+        u"Ctrl+Z|Ctrl+Shift+Z|Backspace|Return|Shift+Return|A|Up|Shift+Up|Ctrl+Home|Ctrl+A"_qs.split(u'|');
+    const QString kPasted[] = {QString(1 << 20, u'z'), u"a\r\nb\rc\u2028"_qs, QString(90, u'\r'),
+                               u"\u0438\U0001F3AE"_qs};
+    for (const char fill : {'\n', 'x'}) { // so many bare line feeds have no room to become CR LF
+        GlobalAnim.sNotes.Set(std::string(250, 'x') + std::string(150, fill) + 'x');
+        Run([&](frmAnimSetup& form) {
+            Type(form, 1, "ab");
+            QApplication::clipboard()->setText(QString(20, QChar(0x438)));
+            QTest::keySequence(Field(form, 1), QKeySequence::Paste);
+            QCoreApplication::processEvents();
+            QTest::keyClicks(Field(form, 1), QStringLiteral("c"));
+            EXPECT_EQ(Field(form, 1)->text(), u"ab"_qs + QString(14, QChar(0x438))); // 30 bytes
+            QTest::keySequence(Field(form, 1), QKeySequence::Undo);
+            EXPECT_EQ(Field(form, 1)->text(), u"ab"_qs);
+
+            auto* notes = Find<LimitedText>(form, "txtAnimSetup(8)");
+            Find<TabStrip>(form, "SSTab1")->SetTab(1);
+            QApplication::clipboard()->clear();
+            QTest::keySequence(notes, QKeySequence::Paste);
+            QStringList seen;
+            QRandomGenerator random(1);
+            for (int round = 0; round < 500; ++round) {
+                seen << notes->Text();
+                if (const int act = random.bounded(15); act < kKeys.size()) {
+                    QTest::keySequence(notes, kKeys[act]);
+                    ASSERT_TRUE(act > 1 || seen.contains(notes->Text()));
+                } else if (act == 10) {
+                    QInputMethodEvent commit;
+                    commit.setCommitString(u"\u00E9\u0438"_qs);
+                    QApplication::sendEvent(notes, &commit);
+                } else {
+                    QApplication::clipboard()->setText(kPasted[act - 11]);
+                    QTest::keySequence(notes, QKeySequence::Paste);
+                    if (notes->Text() != seen.last()) { // a step of its own
+                        notes->undo();
+                        ASSERT_EQ(notes->Text(), seen.last());
+                        notes->redo();
+                    }
+                }
+                ASSERT_TRUE(FixedString<500>::Fits(
+                    NotesInRecord(notes->Text().toStdString(), GlobalAnim.sNotes.Trimmed())));
+            }
+            form.close();
+        });
+    }
 }
 
 TEST_F(Setup, OnlyAnotherAttributeIsAChange) {

@@ -107,7 +107,6 @@ TEST(SetupRules, TheFirstFaultIsTold) {
     const SetupTexts good{"game.sna", "0", "16", "8", "2", "1", "1", 0};
     constexpr std::int64_t kLength = 49179;
     const std::string kAddress = "Address must be between 0 and length of specified file -1 (49178)";
-    const std::string kLong(101, 'x');
     const std::string kWidth = "Width must be between 8 and 256", kLines = "Lines must be between 1 and 192";
     using T = SetupTexts;
     const struct {
@@ -116,7 +115,6 @@ TEST(SetupRules, TheFirstFaultIsTold) {
     } cases[] = {
         // clang-format off
         {&T::sSnapFile, "",     "Snapshot filename must be entered"},
-        {&T::sSnapFile, kLong,  "Snapshot filename must not be longer than 100 characters"},
         {&T::sOffset,  "  ",    "Please enter file offset"},     {&T::sOffset, "49178", ""},
         {&T::sOffset,  "49179", kAddress},                       {&T::sOffset, "1e99",  kAddress},
         {&T::sWidth,   "",      "Please enter width"},           {&T::sWidth,  "abc",   kWidth},
@@ -150,6 +148,9 @@ TEST(SetupRules, TheFirstFaultIsTold) {
 
 TEST(SetupRules, LineBreaksOfAnyKindAreOneOnTheScreen) {
     EXPECT_EQ(NotesOnScreen("a\r\nb\rc\nd\r\n"), "a\nb\nc\nd\n");
+    const std::string kLong(499, 'x');
+    EXPECT_EQ(NotesInRecord(kLong + "\n", "c\nd"), kLong + "\n") << "two codes do not fit";
+    EXPECT_EQ(NotesInRecord(kLong + "\n", "c\r\nd"), kLong + "\r\n");
 }
 
 } // namespace

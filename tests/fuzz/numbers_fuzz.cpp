@@ -72,6 +72,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     ProposedStep(lines[0], lines[1], kListedModes[size % kListedModes.size()]);
     TextModeLines(lines[0]);
-    Require(NotesOnScreen(NotesInRecord(lines[0])).find('\r') == std::string::npos);
+    Require(NotesOnScreen(NotesInRecord(lines[0], lines[1])).find('\r') == std::string::npos);
     return 0;
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <random>
 
 namespace lumrake {
 namespace {
@@ -37,6 +38,7 @@ TEST(Numbers, HalvesGoToTheEvenNeighbour) {
     }
     EXPECT_EQ(PixelsFromTwips(280), 19);
     EXPECT_EQ(TextOfNumber(4.5), "4.5");
+    EXPECT_EQ(TextOfNumber(-0.0), "0");
     EXPECT_EQ(IsDivisible(5, 0), -1);
     EXPECT_EQ(IsDivisible(std::numeric_limits<std::int32_t>::min(), -1), -1);
     EXPECT_EQ(FloorDiv(-1, 4), -1);
@@ -59,21 +61,34 @@ TEST(RecordText, CodePageFirstUtf8ForWhatItLacks) {
         {"\xE2\x82\xAC", 10, "\x80"},                 // the euro sign has a place of its own
         {"\xC2\x81", 10, "\x81"},                     // an empty code passes through
         {"\xD0\xB8\xD0\xB3", 10, "\xD0\xB8\xD0\xB3"}, // Cyrillic is written in UTF-8
-        {"\xD0\xB8\xD0\xB3", 3, "\xD0\xB8"},          // and cut between characters
-        {"caf\xC3\xA9\xD0\xB8", 5, "caf\xE9"},        // the cut took what asked for UTF-8
         {"bad\xFF", 8, "bad?"},
+        {"\xC3\x84\xE2\x82\xAC", 10, "\xEF\xBB\xBF\xC3\x84\xE2\x82\xAC"}, // C4 80 would be another letter
     };
     for (const auto& [text, width, bytes] : cases) {
         EXPECT_EQ(EncodeRecordText(text, width), bytes) << text;
     }
-    // What was written is what is read, and bytes that are no UTF-8 are Windows-1252.
-    for (const std::string text : {"caf\xC3\xA9", "\xD0\xB8\xD0\xB3", "a\xF0\x9F\x8E\xAE"}) {
-        EXPECT_EQ(DecodeRecordText(EncodeRecordText(text, 100)), text);
-    }
+    // Bytes that are no UTF-8 are Windows-1252.
     EXPECT_EQ(DecodeRecordText("\xD0\xB8\xD0"), "\xC3\x90\xC2\xB8\xC3\x90"); // a broken end: not UTF-8
     EXPECT_EQ(DecodeRecordText("\xC3\xA9"), "\xC3\x83\xC2\xA9"); // nothing in it that Windows-1252 lacks
     EXPECT_EQ(DecodeRecordText("\xED\xA0\x80"),
               "\xC3\xAD\xC2\xA0\xE2\x82\xAC"); // a lone surrogate is not either
+}
+
+TEST(RecordText, TheLongestHeadThatFitsReadsBackAsItWas) {
+    // Neighbours whose bytes in Windows-1252 are one character in UTF-8.
+    constexpr const char* kCharacters[] = {"a",      "\u00C4", "\u20AC", "\u00EF", "\u00BB",
+                                           "\u00BF", "\u0081", "\u0438", "\uFEFF"};
+    std::mt19937 random(1);
+    for (std::size_t round = 0; round < 20000; ++round) {
+        const std::size_t width = random() % 24;
+        std::string text, longest;
+        for (std::size_t length = random() % 16; length > 0; --length) {
+            text += kCharacters[(random() % 3 + round) % std::size(kCharacters)];
+            longest = FitsRecord(text, width) ? text : longest;
+        }
+        ASSERT_LE(EncodeRecordText(text, width).size(), width);
+        ASSERT_EQ(DecodeRecordText(EncodeRecordText(text, width)), longest) << text;
+    }
 }
 
 TEST(RecordText, AFieldKeepsItsBytesUntilItChanges) {
@@ -88,7 +103,9 @@ TEST(RecordText, AFieldKeepsItsBytesUntilItChanges) {
     field.Set("b");
     EXPECT_EQ(field.Text(), "b       ");
     field.Set("");
-    EXPECT_TRUE(field.IsBlank());
+    EXPECT_EQ(field.Text(), std::string(8, ' '));
+    field.Set(" \xC3\x84\xC2\x81"); // with the mark in front of the blank
+    EXPECT_EQ(field.Trimmed(), "\xC3\x84\xC2\x81");
 }
 
 } // namespace

@@ -145,11 +145,14 @@ TEST_F(PrefsTest, AFaultIsToldOnceAndLeavesAllAsItIs) {
     Settings.lDefaultOffset = -5;
     const auto before = EncodeSettings(Settings);
     Open();
-    Field(1).clear();
     Press("chkGeneral", 1);
-    Okay();
+    Page(1);
+    Field(1).clear();
+    Field(3).setFocus();
+    QTest::keyClick(&Field(3), Qt::Key_Return);
     EXPECT_EQ(stage.boxes, std::vector<QString>{u"Preferences|Invalid default offset"_qs});
-    EXPECT_TRUE(form->isVisible());
+    EXPECT_TRUE(form->isVisible() && Field(3).hasFocus());
+    EXPECT_EQ(Get<TabStrip>("SSTab1").CurrentTab(), 1);
     EXPECT_EQ(EncodeSettings(Settings), before);
 }
 
@@ -245,7 +248,9 @@ TEST_F(PrefsTest, ThePickerGivesBackAnAttributeOrNothing) {
                 one->text() == button ? one->click() : void();
             }
         });
-        Press("cmdPrefs", 4);
+        Page(1);
+        Get("cmdPrefs", 4).setFocus();
+        QTest::keyClick(&Get("cmdPrefs", 4), Qt::Key_Return); // not Okay's
         EXPECT_EQ(Field(4).text(), field);
     }
 }
