@@ -6,6 +6,8 @@
 #include "shell/file_commands.h"
 #include "snapshot/frmSnapshot.h"
 
+#include <QPointer>
+
 namespace lumrake {
 
 namespace {
@@ -20,8 +22,11 @@ void OpenWindow(const QString& sFile, const QString& sSnapFile = {}) {
     }
 }
 
-std::optional<QString> AskName(const frmAnimation& animation) {
-    return AskNewFileName(QStringLiteral("Save animation file as..."), kFilter, animation.GetFilename());
+/// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
+std::optional<QString> AskName(const QPointer<frmAnimation>& animation) {
+    const std::optional<QString> sName =
+        AskNewFileName(QStringLiteral("Save animation file as..."), kFilter, animation->GetFilename());
+    return animation.isNull() ? std::nullopt : sName;
 }
 
 } // namespace
@@ -43,22 +48,23 @@ bool SaveAnimationCommand(frmAnimation& animation) {
 }
 
 bool SaveAnimationAs(frmAnimation& animation) {
-    const std::optional<QString> sNewName = AskName(animation);
+    const std::optional<QString> sNewName = AskName(&animation);
     return sNewName && animation.SaveAnimation(*sNewName);
 }
 
-void SaveAnimationBeforeClosing(frmAnimation& animation) {
+bool SaveAnimationBeforeClosing(frmAnimation& animation) {
     std::optional<QString> sName = animation.GetFilename();
     if (sName->isEmpty()) {
-        sName = AskName(animation);
+        sName = AskName(&animation);
     }
-    if (sName) { // a cancelled dialog gives the work up
-        SaveUntilGivenUp(
-            *sName, QStringLiteral("Animation"), [&animation] { return AskName(animation); },
-            [&animation](const QString& sFile, QString* sReason) {
-                return animation.SaveAnimation(sFile, sReason);
-            });
+    if (!sName || sName->isEmpty()) { // a new one is given up with its dialog
+        return true;
     }
+    return SaveUntilGivenUp(
+        *sName, QStringLiteral("Animation"), [&animation] { return AskName(&animation); },
+        [&animation](const QString& sFile, QString* sReason) {
+            return animation.SaveAnimation(sFile, sReason);
+        });
 }
 
 void AnimateSnapshot(const frmSnapshot& snapshot) {

@@ -18,8 +18,8 @@ bool SaveAnimationCommand(frmAnimation& animation);
 /// Asks for a new name and saves there. False when the user gave up or the save failed.
 bool SaveAnimationAs(frmAnimation& animation);
 /// For a window that closes after the answer Yes: saves, asking for a name when there is none, and after a
-/// failure asks for other names until the record is written or the user gives up.
-void SaveAnimationBeforeClosing(frmAnimation& animation);
+/// failure asks for other names as SaveUntilGivenUp does. False means that the window stays.
+bool SaveAnimationBeforeClosing(frmAnimation& animation);
 /// A new animation whose dialog begins with the view of a snapshot: its columns become the frames.
 void AnimateSnapshot(const frmSnapshot& snapshot);
 

@@ -149,11 +149,7 @@ void frmAnimation::Form_Unload(bool& Cancel) {
             sFilePath.isEmpty() ? QStringLiteral("Save new animation?")
                                 : QStringLiteral("Save changes to %1?").arg(TrimBlanks(sFilePath.toLower()));
         const BoxAnswer answer = MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, kTitle);
-        if (answer == BoxAnswer::Yes) {
-            SaveAnimationBeforeClosing(*this);
-        } else if (answer != BoxAnswer::No) {
-            Cancel = true;
-        }
+        Cancel = answer == BoxAnswer::Yes ? !SaveAnimationBeforeClosing(*this) : answer != BoxAnswer::No;
     }
     if (!Cancel) {
         --iAnimationCount;

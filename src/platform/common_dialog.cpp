@@ -1,11 +1,17 @@
 #include "platform/common_dialog.h"
 
+#include "platform/files.h"
 #include "platform/screen.h"
 
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
+#include <QHash>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSplitter>
 #include <QStringList>
 #include <QTreeView>
@@ -40,14 +46,59 @@ QStringList NameFilters(const QString& filter) {
     return filters;
 }
 
-QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
-    static QString lastDirectory; // of this run; the current directory before the first choice
+/// Tells files from directories and opens neither. The toolkit's own looks into every listed file for its type, and
+/// stands still with the whole program where a file does not answer.
+class PlainIcons : public QFileIconProvider {
+  public:
+    using QFileIconProvider::icon;
+    QIcon icon(const QFileInfo& info) const override { return icon(info.isDir() ? Folder : File); }
+    QString type(const QFileInfo&) const override { return {}; } // of a column that is not shown
+};
 
-    QFileDialog dialog(DialogOwner(), request.DialogTitle);
-    dialog.setOption(QFileDialog::DontUseNativeDialog);
+/// The dialog of the toolkit, but that the name of a file to open may be typed in another case.
+class Dialog : public QFileDialog {
+  public:
+    explicit Dialog(const QString& title) : QFileDialog(DialogOwner(), title) {
+        setIconProvider(&icons_); // before it has listed anything
+        setOption(DontUseNativeDialog);
+        name_ = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        connect(name_, &QLineEdit::textChanged, this, &Dialog::EnableOpen);
+    }
+
+  protected:
+    void accept() override {
+        if (acceptMode() == AcceptOpen && !name_->text().isEmpty()) {
+            const QString typed = directory().absoluteFilePath(name_->text());
+            if (const QString found = FindFile(typed).value_or(typed); found != typed) {
+                name_->setText(found);
+            }
+        }
+        QFileDialog::accept();
+    }
+
+  private:
+    /// Whether there is such a file is told when the button is pressed.
+    void EnableOpen(const QString& name) {
+        if (QPushButton* open = findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Open)) {
+            open->setEnabled(!name.isEmpty());
+        }
+    }
+
+    PlainIcons icons_;
+    QLineEdit* name_ = nullptr;
+};
+
+QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
+    // Of the last choice in this run. Before it: the current directory and the first filter.
+    static QString lastDirectory;
+    static QHash<QString, QString> lastFilters; // one for each list of filters
+
+    Dialog dialog(request.DialogTitle);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(NameFilters(request.Filter));
+    dialog.selectNameFilter(lastFilters.value(request.Filter) +
+                            QLatin1String(" ()")); // hidden brackets count
     const bool open = kind == CommonDialog::Kind::Open;
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -71,16 +122,18 @@ QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
     }
-    lastDirectory = dialog.directory().absolutePath();
-    return dialog.selectedFiles().constFirst();
+    const QString chosen = dialog.selectedFiles().constFirst();
+    lastDirectory = QFileInfo(chosen).absolutePath(); // a path may have been typed
+    lastFilters[request.Filter] = dialog.selectedNameFilter();
+    return chosen;
 }
 
 } // namespace
 
 void CommonDialog::Action(Kind kind) {
     const QString chosen = Answerer() ? Answerer()(kind, *this) : AskRealDialog(kind, *this);
-    FileName = chosen;
-    FileTitle = QFileInfo(chosen).fileName();
+    FileName = kind == Kind::Open ? FindFile(chosen).value_or(chosen) : chosen;
+    FileTitle = QFileInfo(FileName).fileName();
 }
 
 void SetFileDialogAnswerer(FileDialogAnswerer answerer) {

@@ -19,8 +19,9 @@ class CommonDialog {
     /// (*.*)|*.*". Patterns are matched without regard to case; "*.*" matches every name.
     QString Filter;
     QString DialogTitle;
-    /// In: the file that the dialog proposes, with its path. Out: the full path chosen, spelled as the disk
-    /// or the user spells it; empty when the dialog was cancelled.
+    /// In: the file that the dialog proposes, with its path; a path that ends in "/" proposes the directory alone;
+    /// empty for the directory of the last choice. Out: the full path chosen, empty when the dialog was cancelled. A
+    /// file to open is spelled as the disk spells it, a name to save under as the user does.
     QString FileName;
     /// Out: the last component of FileName.
     QString FileTitle;

@@ -15,19 +15,71 @@ namespace lumrake {
 
 namespace {
 
+const QString kDirectory = QStringLiteral("It is a directory.");
 const QString kNotRegular = QStringLiteral("It is not a regular file.");
 
-/// Entries of `directory` that are `name` when letter case does not count.
-QStringList MatchesWithoutCase(const QString& directory, const QString& name) {
+enum class Fit {
+    Case,   ///< differs in letter case at most
+    Stored, ///< and in blanks at its end, which records do not keep
+    Cut     ///< begins so
+};
+
+bool Fits(QStringView entry, QStringView name, Fit fit) {
+    const auto chop = [](QStringView& text) {
+        while (text.endsWith(QLatin1Char(' '))) {
+            text.chop(1);
+        }
+    };
+    if (fit != Fit::Case) {
+        chop(entry);
+        chop(name);
+    }
+    // Lowered first: some letters become two.
+    const QString given = entry.toString().toLower(), wanted = name.toString().toLower();
+    return fit == Fit::Cut ? given.startsWith(wanted, Qt::CaseInsensitive)
+                           : given.compare(wanted, Qt::CaseInsensitive) == 0;
+}
+
+/// Entries of `directory` that `name` may mean.
+QStringList Matches(const QString& directory, const QString& name, Fit fit) {
     QStringList matches;
     const QStringList entries =
         QDir(directory).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString& entry : entries) {
-        if (entry.compare(name, Qt::CaseInsensitive) == 0) {
+        if (Fits(entry, name, fit)) {
             matches << entry;
         }
     }
     return matches;
+}
+
+enum class Spelling {
+    OfTheDisk, ///< what is there as it is spelled is meant
+    Lowered    ///< it says nothing of letter case
+};
+
+/// All that a path may mean, looked for component by component.
+QStringList PathsThatFit(const QString& path, Spelling spelling, Fit fit) {
+    const QFileInfo info(path);
+    const QString name = info.fileName(), given = info.path();
+    const bool exists = info.exists();
+    if (exists && (spelling == Spelling::OfTheDisk || name.isEmpty() || given == path)) {
+        return {path};
+    }
+    QStringList found;
+    if (name.isEmpty() || given == path) {
+        return found;
+    }
+    for (const QString& directory : PathsThatFit(given, spelling, Fit::Case)) {
+        for (const QString& entry : Matches(directory, name, fit)) {
+            // A bare name stays a bare name.
+            found << (path.contains(QLatin1Char('/')) ? QDir(directory).filePath(entry) : entry);
+        }
+    }
+    if (exists && !found.contains(path)) { // through directories that can be entered and not read
+        found << path;
+    }
+    return found;
 }
 
 /// True for a link that leads nowhere as well: the name is taken.
@@ -36,24 +88,56 @@ bool IsTaken(const QString& path) {
     return info.exists() || info.isSymLink();
 }
 
-/// Why an existing file must not get new contents, or nothing. The new file would take its place whatever it was.
-FileError WhyNotReplaced(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists() || info.isDir()) { // a directory is refused by what writes
+FileError ReasonOf(const std::error_code& failure) {
+    return QString::fromLocal8Bit(failure.message().c_str());
+}
+
+/// Where a save goes.
+struct Target {
+    QString path; ///< behind the symbolic links, as far as they lead anywhere
+    bool exists = false;
+};
+
+/// Looks for the target, and says why an existing file must not get new contents, or nothing. The new file would take
+/// its place whatever it was.
+FileError FindTarget(const QString& path, Target& target) {
+    namespace fs = std::filesystem;
+    const fs::path given = QFileInfo(path).filesystemFilePath();
+    target.path = path;
+    std::error_code failure;
+    const fs::file_status status = fs::status(given, failure);
+    if (!fs::exists(status) && fs::status_known(status)) {
         return std::nullopt;
     }
-    if (!info.isFile()) { // a pipe or a device would be gone
+    if (failure) {
+        return ReasonOf(failure);
+    }
+    if (fs::is_directory(status)) {
+        return kDirectory;
+    }
+    if (!fs::is_regular_file(status)) { // a pipe or a device would be gone
         return kNotRegular;
     }
-    // Left alone even by those whom the system would let through. WriteUser says what the present user may do,
-    // and the administrator may do all.
-    const QFile::Permissions anyWrite = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
-    if ((info.permissions() & anyWrite) == QFile::Permissions{}) {
+    // Left alone even by the administrator, whom the system would let through.
+    constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    if ((status.permissions() & kAnyWrite) == fs::perms::none) {
         return QStringLiteral("The file is write-protected.");
     }
     QFile file(path); // only the system knows the reason: a read-only disk, no permission, a running program
-    return file.open(QIODevice::Append | QIODevice::ExistingOnly) ? std::nullopt
-                                                                  : FileError(file.errorString());
+    if (!file.open(QIODevice::Append | QIODevice::ExistingOnly)) {
+        return file.errorString();
+    }
+    target.path = QFileInfo(fs::canonical(given, failure)).filePath();
+    target.exists = true;
+    return failure ? ReasonOf(failure) : std::nullopt;
+}
+
+/// Gives the new file what says who may do what with the old one.
+FileError TakeOverRights(const Target& target, const QSaveFile& file) {
+    if (!target.exists || KeepRights(QFile::encodeName(target.path).constData(), file.handle())) {
+        return std::nullopt;
+    }
+    return QLatin1String("Its rights cannot be kept: ") + qt_error_string();
 }
 
 /// Where the bytes for the file at `path` go. A temporary file beside it has a dot and six letters more, which a
@@ -72,17 +156,14 @@ QString StandInFor(const QString& path) {
     return info.dir().filePath(name + QLatin1Char('.') + letters);
 }
 
-/// Lets `standIn` take the place of the file at `path`, with its mode bits.
+/// Lets `standIn` take the place of the file at `path`.
 FileError Rename(const QString& standIn, const QString& path) {
-    if (QFileInfo::exists(path)) {
-        QFile::setPermissions(standIn, QFile::permissions(path));
-    }
     std::error_code failure;
     std::filesystem::rename(QFileInfo(standIn).filesystemFilePath(), QFileInfo(path).filesystemFilePath(),
                             failure);
     if (failure) {
         QFile::remove(standIn);
-        return QString::fromLocal8Bit(failure.message().c_str());
+        return ReasonOf(failure);
     }
     return std::nullopt;
 }
@@ -116,30 +197,14 @@ QString FileTitleOf(const QString& sPath) {
 }
 
 std::optional<QString> FindFile(const QString& path) {
-    if (path.isEmpty()) {
-        return std::nullopt;
-    }
-    if (QFileInfo::exists(path)) {
-        return path;
-    }
-    const QFileInfo info(path);
-    const QString name = info.fileName();
-    const QString given = info.path();
-    if (name.isEmpty() || given == path) {
-        return std::nullopt;
-    }
-    const std::optional<QString> directory = FindFile(given);
-    if (!directory || !QFileInfo(*directory).isDir()) {
-        return std::nullopt;
-    }
-    const QStringList matches = MatchesWithoutCase(*directory, name);
-    if (matches.size() != 1) {
-        return std::nullopt;
-    }
-    // A bare name stays a bare name.
-    const QString found = path.contains(QLatin1Char('/')) ? QDir(*directory).filePath(matches.constFirst())
-                                                          : matches.constFirst();
-    return QFileInfo::exists(found) ? std::optional(found) : std::nullopt;
+    const QStringList found = PathsThatFit(path, Spelling::OfTheDisk, Fit::Stored);
+    return found.size() == 1 && QFileInfo::exists(found[0]) ? std::optional(found[0]) : std::nullopt;
+}
+
+QStringList FilesOfStoredPath(const QString& path, bool isCut) {
+    QStringList found = PathsThatFit(path, Spelling::Lowered, isCut ? Fit::Cut : Fit::Stored);
+    found.removeIf([](const QString& file) { return !QFileInfo::exists(file) || QFileInfo(file).isDir(); });
+    return found;
 }
 
 NewFile PathForNewFile(const QString& chosen) {
@@ -156,26 +221,30 @@ NewFile PathForNewFile(const QString& chosen) {
             return {directory.filePath(candidate), true};
         }
     }
-    const QStringList matches = MatchesWithoutCase(directory.path(), name);
+    const QStringList matches = Matches(directory.path(), name, Fit::Case);
     if (matches.size() == 1) { // of several the question could not say which one it means
         return {directory.filePath(matches.constFirst()), true};
     }
     return {directory.filePath(lower), false};
 }
 
+bool IsMissing(const QString& path) {
+    std::error_code failure;
+    return std::filesystem::status(QFileInfo(path).filesystemFilePath(), failure).type() ==
+           std::filesystem::file_type::not_found;
+}
+
 std::optional<std::int64_t> FileLength(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        return std::nullopt;
-    }
-    return info.size();
+    std::error_code failure;
+    const auto length = std::filesystem::file_size(QFileInfo(path).filesystemFilePath(), failure);
+    return failure ? std::nullopt : std::optional(static_cast<std::int64_t>(length));
 }
 
 FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit) {
     QFile file(path);
     const QFileInfo info(path);
     if (info.isDir()) {
-        return QStringLiteral("It is a directory.");
+        return kDirectory;
     }
     if (info.exists() && !info.isFile()) { // a pipe would be waited for, a device has no length
         return kNotRegular;
@@ -184,7 +253,11 @@ FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t l
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         return file.errorString();
     }
-    const std::int64_t length = std::min<std::int64_t>(file.size(), limit);
+    // The toolkit takes a length that the system does not tell for 0.
+    const std::int64_t length = std::min(LengthOfFile(file.handle()), limit);
+    if (length < 0) {
+        return qt_error_string();
+    }
     MemoryBlock block(static_cast<std::size_t>(length));
     if (length > 0 && block.size() == 0) {
         return QStringLiteral("There is not enough memory for it.");
@@ -205,20 +278,23 @@ FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t l
 }
 
 FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write) {
-    if (const FileError error = WhyNotReplaced(path)) {
+    Target target;
+    if (const FileError error = FindTarget(path, target)) {
         return error;
     }
-    const QFileInfo info(path);
-    // A link that leads nowhere yet has no such path; it is followed by QSaveFile.
-    const QString target = info.isSymLink() && info.exists() ? info.canonicalFilePath() : path;
-    const QString standIn = StandInFor(target);
-    QSaveFile file(standIn);
+    const QString standIn = StandInFor(target.path);
+    QSaveFile file(standIn); // it follows a link that leads nowhere yet
     if (!file.open(QIODevice::WriteOnly)) {
         return file.errorString();
     }
-    GiveToOwnerOf(QFile::encodeName(target).constData(), file.handle());
+    if (const FileError error = TakeOverRights(target, file)) {
+        return error;
+    }
     if (!write(file) || !file.flush()) {
         return WriteErrorOf(file);
+    }
+    if (const FileError error = TakeOverRights(target, file)) { // what the write took away
+        return error;
     }
     if (!SyncFile(file.handle())) {
         return qt_error_string();
@@ -226,7 +302,13 @@ FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&
     if (!file.commit()) {
         return file.errorString();
     }
-    return standIn == target ? std::nullopt : Rename(standIn, target);
+    if (standIn != target.path) {
+        if (const FileError error = Rename(standIn, target.path)) {
+            return error;
+        }
+    }
+    const QByteArray directory = QFile::encodeName(QFileInfo(target.path).path());
+    return SyncDirectory(directory.constData()) ? std::nullopt : FileError(qt_error_string());
 }
 
 FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
@@ -235,7 +317,11 @@ FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> byte
 
 FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
     MemoryBlock old;
-    if (QFileInfo::exists(path)) {
+    Target target;
+    if (const FileError error = FindTarget(path, target)) {
+        return error;
+    }
+    if (target.exists) {
         if (const FileError error = ReadWholeFile(path, old)) {
             return error;
         }

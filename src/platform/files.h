@@ -3,6 +3,7 @@
 #include "platform/memory_block.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <functional>
@@ -20,10 +21,14 @@ using FileError = std::optional<QString>;
 QString FileTitleOf(const QString& sPath);
 
 /// The true path of an existing file: `path` itself when it is there, else the one file that differs from it
-/// only in letter case, looked for component by component. Nothing when there is none, or more than one; a
-/// symbolic link that leads nowhere is none.
+/// only in letter case, looked for component by component, and in blanks at its end, which records do not keep.
+/// Nothing when there is none, or more than one; a symbolic link that leads nowhere is none.
 /// Directories are found as well: what can be done with them is for the reader to say.
 std::optional<QString> FindFile(const QString& path);
+
+/// All files that a path from a record may mean, where it stands in lower case and without blanks at its end. With
+/// `isCut` the record may have had no room for the rest: then files with longer names that begin so count as well.
+QStringList FilesOfStoredPath(const QString& path, bool isCut);
 
 /// Where a file goes whose name the program makes new from what a dialog gave: the directory as it stands and
 /// the name, without the blanks round it, in lower case. A file that is already there under `chosen`'s own
@@ -35,7 +40,10 @@ struct NewFile {
 };
 NewFile PathForNewFile(const QString& chosen);
 
-/// Length in bytes, or nothing when it cannot be had.
+/// True when the system says that nothing stands at `path`; false as well when it cannot say.
+bool IsMissing(const QString& path);
+
+/// Length in bytes of a regular file, or nothing when it cannot be had.
 std::optional<std::int64_t> FileLength(const QString& path);
 
 /// Reads the whole file, or the first `limit` bytes of it, into memory of its own in one pass.
@@ -45,8 +53,10 @@ FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t l
 
 /// Makes the file hold exactly `bytes`: they go to a temporary file beside it, are brought to the disk, and
 /// the new file takes the place of the old one in one step, so that whatever fails leaves the old file as it
-/// was. Symbolic links are followed, mode bits and owner kept; a file without any write permission and what is no
-/// regular file are refused.
+/// was. Symbolic links are followed. All rights are kept (mode bits, group, access lists, other extended attributes),
+/// or nothing is written; the owner as far as the system lets the user. A file without any write permission and what
+/// is no regular file are refused. When only the new name in the directory cannot be brought to the disk, that is a
+/// failure as well, although the new file stands there.
 FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes);
 
 /// The same for contents that a function writes into the open device; it says false when it failed.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace lumrake {
 
@@ -11,11 +12,21 @@ namespace lumrake {
 /// thing.
 void AdviseLargePages(void* memory, std::size_t size);
 
+/// Length in bytes of the open file, or -1 with errno set.
+std::int64_t LengthOfFile(int handle);
+
 /// Waits until everything written to the open file is on the disk. False on failure, with errno set.
 bool SyncFile(int handle);
 
-/// Gives the open file to the owner and the group of the file at `path`, as far as the system lets the user.
-void GiveToOwnerOf(const char* path, int handle);
+/// The same for the names in a directory: that a new file stands there and not the old one. A directory that cannot
+/// be read, or has no such thing by its nature, is not a failure.
+bool SyncDirectory(const char* path);
+
+/// Gives the open file `handle` all that says who may do what with the file at `path`: owner and group, mode bits,
+/// access lists and the other extended attributes, no more and no less. A write takes some of it away again: call it
+/// before the contents, so that nobody reads what he could not, and once more behind them. False when something
+/// cannot be kept, with errno set; only the owner is let go where the system does not let the user give a file away.
+bool KeepRights(const char* path, int handle);
 
 /// From now on a write past the limit that the system sets for the size of files, or a warning of the toolkit into
 /// a pipe that nobody reads any more, fails like any other write; by itself each ends the process. Called once, at

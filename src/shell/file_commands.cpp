@@ -3,15 +3,20 @@
 #include "platform/common_dialog.h"
 #include "platform/files.h"
 #include "platform/message_box.h"
+#include "platform/texts.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
 
 namespace lumrake {
 
 namespace {
 
+const QString kOpenTitle = QStringLiteral("Open snapshot file...");
 const QString kOpenFilter = QStringLiteral(
     "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|Raw files (*.RAW)|*.RAW|"
     "All files (*.*)|*.*");
@@ -25,30 +30,62 @@ QString StoredPath(std::size_t slot) {
     return QString::fromStdString(Settings.sRecentFile[slot].Trimmed());
 }
 
-std::optional<QString> AskName(const frmSnapshot& document) {
-    return AskNewFileName(QStringLiteral("Save snapshot file as..."), kSaveFilter, document.GetFilename());
+/// The path may go on behind the end of the field: not even the longest character has room there.
+bool IsCut(std::size_t slot) {
+    const auto& bytes = Settings.sRecentFile[slot].Bytes();
+    return std::any_of(bytes.end() - 4, bytes.end(), [](char byte) { return byte != ' '; });
+}
+
+/// A window that opens belongs to its frame in the main window; one that does not open is let go at once.
+void OpenWindow(const QString& sFullName, const QString& sTitle) {
+    auto* child = new frmSnapshot;
+    if (!child->Launch(sFullName, sTitle)) {
+        delete child;
+    }
+}
+
+/// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
+std::optional<QString> AskName(const QPointer<frmSnapshot>& document) {
+    const std::optional<QString> sName =
+        AskNewFileName(QStringLiteral("Save snapshot file as..."), kSaveFilter, document->GetFilename());
+    return document.isNull() ? std::nullopt : sName;
 }
 
 } // namespace
 
 void OpenSnapshotFile(const QString& sFile) {
-    QString sFullName = sFile;
-    const bool bFromDialog = sFile.isEmpty();
-    if (bFromDialog) {
-        sFullName = AskOpenFileName(QStringLiteral("Open snapshot file..."), kOpenFilter);
-    }
-    if (sFullName.trimmed().isEmpty()) {
+    if (!sFile.isEmpty()) {
+        const QString sGiven = QFileInfo(sFile).absoluteFilePath(); // a name without a directory has no title
+        const QString sFullName = FindFile(sGiven).value_or(sGiven);
+        OpenWindow(sFullName, FileTitleOf(sFullName));
         return;
     }
-    if (bFromDialog) {
-        AddRecentFile(sFullName);
-    } else {
-        sFullName = QFileInfo(sFullName).absoluteFilePath(); // a name without a directory has no title
+    const QString sChosen = AskOpenFileName(kOpenTitle, kOpenFilter);
+    if (!sChosen.isEmpty()) {
+        AddRecentFile(sChosen);
+        OpenWindow(sChosen, comDialog.FileTitle);
     }
-    // A window that opens belongs to its frame in the main window; one that does not open is let go at once.
-    auto* child = new frmSnapshot;
-    if (!child->Launch(sFullName, bFromDialog ? comDialog.FileTitle : FileTitleOf(sFullName))) {
-        delete child;
+}
+
+void OpenRecentFile(std::size_t slot) {
+    const auto open = [](const QString& sFile) { OpenWindow(sFile, FileTitleOf(sFile)); };
+    if (const QString& sTrue = truePaths[slot]; !sTrue.isEmpty()) {
+        open(sTrue);
+        return;
+    }
+    const QString sStored = StoredPath(slot);
+    const QStringList meant = FilesOfStoredPath(sStored, false);
+    const QStringList possible = IsCut(slot) ? FilesOfStoredPath(sStored, true) : meant;
+    if (possible.isEmpty()) {
+        open(sStored); // tells that it is not there
+    } else if (meant.size() == 1 && possible.size() == 1) {
+        open(meant[0]);
+    } else {
+        const QString sNear = possible.contains(sStored) ? sStored : possible[0];
+        const QString sChosen = AskOpenFileName(kOpenTitle, kOpenFilter, QFileInfo(sNear).path());
+        if (!sChosen.isEmpty()) {
+            OpenWindow(sChosen, comDialog.FileTitle);
+        }
     }
 }
 
@@ -68,7 +105,7 @@ std::array<RecentFile, 4> RecentFiles() {
         // The menu shows the whole path of this run even where the record had to cut it.
         const QString& sTrue = truePaths[slot];
         files[slot].sShown = sTrue.isEmpty() ? StoredPath(slot) : sTrue.toLower();
-        files[slot].sTruePath = sTrue.isEmpty() ? StoredPath(slot) : sTrue;
+        files[slot].sTruePath = sTrue;
     }
     return files;
 }
@@ -84,7 +121,7 @@ bool SaveSnapshot(frmSnapshot& document) {
 }
 
 bool SaveSnapshotAs(frmSnapshot& document) {
-    const std::optional<QString> sNewName = AskName(document);
+    const std::optional<QString> sNewName = AskName(&document);
     if (!sNewName || !document.SaveSnap(*sNewName, FileTitleOf(*sNewName))) {
         return false;
     }
@@ -92,27 +129,29 @@ bool SaveSnapshotAs(frmSnapshot& document) {
     return true;
 }
 
-void SaveSnapshotBeforeClosing(frmSnapshot& document) {
+bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
     bool bAsked = false;
     const auto askName = [&] {
         bAsked = true;
-        return AskName(document);
+        return AskName(&document);
     };
     const auto save = [&](const QString& sFile, QString* sReason) {
-        return document.SaveSnap(sFile, FileTitleOf(sFile), sReason);
+        const bool bSaved = document.SaveSnap(sFile, FileTitleOf(sFile), sReason);
+        if (bSaved && bAsked) {
+            AddRecentFile(sFile);
+        }
+        return bSaved;
     };
-    if (SaveUntilGivenUp(document.GetFilename(), QStringLiteral("Save"), askName, save) && bAsked) {
-        AddRecentFile(document.GetFilename());
-    }
+    return SaveUntilGivenUp(document.GetFilename(), QStringLiteral("Save"), askName, save);
 }
 
-QString AskOpenFileName(const QString& sDialogTitle, const QString& sFilter) {
+QString AskOpenFileName(const QString& sDialogTitle, const QString& sFilter, const QString& sDirectory) {
     comDialog.Flags = kDialogFlags;
     comDialog.Filter = sFilter;
     comDialog.DialogTitle = sDialogTitle;
-    comDialog.FileName.clear();
+    comDialog.FileName = sDirectory.isEmpty() ? QString() : sDirectory + QLatin1Char('/');
     comDialog.Action(CommonDialog::Kind::Open);
-    return comDialog.FileName.trimmed().isEmpty() ? QString() : comDialog.FileName;
+    return TrimBlanks(comDialog.FileName).isEmpty() ? QString() : comDialog.FileName;
 }
 
 std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString& sFilter,
@@ -126,12 +165,10 @@ std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString
     if (target.path.isEmpty()) {
         return std::nullopt;
     }
-    if (target.exists) {
-        const QString sQuestion = target.path.toLower() + QLatin1String(" already exists, overwrite?");
-        if (MsgBox(sQuestion, BoxButtons::YesNo, BoxIcon::Question, QStringLiteral("Save")) !=
-            BoxAnswer::Yes) {
-            return std::nullopt;
-        }
+    const QString sQuestion = target.path.toLower() + QLatin1String(" already exists, overwrite?");
+    if (target.exists &&
+        MsgBox(sQuestion, BoxButtons::YesNo, BoxIcon::Question, QStringLiteral("Save")) != BoxAnswer::Yes) {
+        return QString();
     }
     return target.path;
 }
@@ -140,17 +177,19 @@ bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
                       const std::function<std::optional<QString>()>& askName,
                       const std::function<bool(const QString&, QString*)>& save) {
     QString sReason;
-    if (save(sFile, &sReason)) {
-        return true;
-    }
-    while (MsgBox(sReason + QLatin1String("\n\nSave under another name?"), BoxButtons::YesNo,
-                  BoxIcon::Question, sTitle) == BoxAnswer::Yes) {
-        const std::optional<QString> sNewName = askName();
-        if (sNewName && save(*sNewName, &sReason)) {
-            return true;
+    std::optional<QString> sName = sFile;
+    while (sName->isEmpty() || !save(*sName, &sReason)) {
+        const BoxAnswer answer = MsgBox(sReason + QLatin1String("\n\nSave under another name?"),
+                                        BoxButtons::YesNoCancel, BoxIcon::Question, sTitle);
+        if (answer != BoxAnswer::Yes) {
+            return answer == BoxAnswer::No;
+        }
+        sName = askName();
+        if (!sName) {
+            return false;
         }
     }
-    return false;
+    return true;
 }
 
 } // namespace lumrake

@@ -17,6 +17,11 @@ class frmSnapshot;
 /// chosen enters the recent list; a file named by the caller does not.
 void OpenSnapshotFile(const QString& sFile);
 
+/// Opens the file of a slot (0 to 3) of the recent list, which does not change: in the run that put it there by its
+/// true path. A later run has the path in lower case only; where several files fit, the Open dialog asks in their
+/// directory.
+void OpenRecentFile(std::size_t slot);
+
 /// Puts a file at the head of the recent list; the oldest of four falls out. The list is not searched for it.
 /// The settings record keeps the path in lower case, cut at 100 bytes; the true path is kept for this run.
 void AddRecentFile(const QString& sFile);
@@ -24,7 +29,7 @@ void AddRecentFile(const QString& sFile);
 /// The recent list, newest first; empty texts for empty slots. `sShown` is what the menu shows.
 struct RecentFile {
     QString sShown;
-    QString sTruePath; ///< what to open: the true path of this run, else the path of the record
+    QString sTruePath; ///< empty when the slot comes from an earlier run
 };
 std::array<RecentFile, 4> RecentFiles();
 /// Forgets the true paths and takes the list from Settings, as at the start of the run.
@@ -34,22 +39,23 @@ void ResetRecentFiles();
 bool SaveSnapshot(frmSnapshot& document);
 /// Asks for a new name and saves there. False when the user gave up or the save failed.
 bool SaveSnapshotAs(frmSnapshot& document);
-/// For a window that closes after the answer Yes: saves, and after a failure asks for other names until the
-/// bytes are written or the user gives up.
-void SaveSnapshotBeforeClosing(frmSnapshot& document);
+/// For a window that closes after the answer Yes: saves as SaveUntilGivenUp does.
+bool SaveSnapshotBeforeClosing(frmSnapshot& document);
 
-/// Runs an Open dialog. Gives the path chosen, with its directory, or the empty text when the user cancelled.
-QString AskOpenFileName(const QString& sDialogTitle, const QString& sFilter);
+/// Runs an Open dialog, in a directory if one is given, else where the last one was left. Gives the path chosen, with
+/// its directory, or the empty text when the user cancelled.
+QString AskOpenFileName(const QString& sDialogTitle, const QString& sFilter,
+                        const QString& sDirectory = QString());
 
-/// Runs a Save dialog and asks before an existing file is overwritten. Gives the path to write, or nothing
-/// when the user cancelled or did not answer Yes.
+/// Runs a Save dialog and asks before an existing file is overwritten. Gives the path to write, nothing when the user
+/// gave the dialog up, and the empty text, which nothing is saved under, when he did not answer Yes.
 std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString& sFilter,
                                       const QString& sProposed);
 
 /// Saves on the road of a closing window. After a failure a box, titled `sTitle`, tells the reason and asks
-/// whether to save under another name, until the bytes are on the disk or the user says No; a cancelled
-/// `askName` leads back to the box. `save` hands the reason of its failure to the text. False means that the
-/// work is given up.
+/// whether to save under another name, until the bytes are on the disk or the user says No; an empty name of
+/// `askName` leads back to the box. `save` hands the reason of its failure to the text. False, for Cancel and for a
+/// dialog given up, means that the window stays.
 bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
                       const std::function<std::optional<QString>()>& askName,
                       const std::function<bool(const QString& sFile, QString* sReason)>& save);

@@ -23,7 +23,7 @@ void frmMain::menu_open_Click(int) {
 }
 
 void frmMain::menu_recent_Click(int Index) {
-    OpenSnapshotFile(RecentFiles()[static_cast<std::size_t>(Index - 1)].sTruePath);
+    OpenRecentFile(static_cast<std::size_t>(Index - 1));
 }
 
 void frmMain::menu_save_Click(int) {

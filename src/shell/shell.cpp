@@ -131,7 +131,7 @@ QString SettingsFile() {
 
 void LoadSettings(const WindowTwips& window) {
     const auto useDefaults = [&window] { SetDefaultSettings(Settings, sAppVersion.Text(), window); };
-    if (!FindFile(SettingsFile())) {
+    if (IsMissing(SettingsFile())) {
         useDefaults();
         return;
     }

@@ -15,6 +15,7 @@
 #include <QStringList>
 #include <QThread>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <utility>
@@ -99,7 +100,7 @@ void SetProcessEnd(std::function<void()> end) {
 }
 
 int RunProgram(int argc, char** argv) {
-    // As it was given: the toolkit takes words of its own out of the arguments.
+    // The toolkit would take words of its own out of them; it gets none, so that ours is the only one.
     QStringList words;
     for (int word = 1; word < argc; ++word) {
         words << QString::fromLocal8Bit(argv[word]);
@@ -107,7 +108,8 @@ int RunProgram(int argc, char** argv) {
     HoldWriteSignals(); // a full quota or a closed terminal does not take the documents away
     // No point of a stroke may be lost.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
-    QApplication application(argc, argv);
+    int toolkitCount = std::min(argc, 1);
+    QApplication application(toolkitCount, argv);
     // The splash and the box of a new version close before the main window shows.
     QApplication::setQuitOnLastWindowClosed(false);
     PinLook();

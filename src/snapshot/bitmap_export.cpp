@@ -7,17 +7,18 @@
 
 namespace lumrake {
 
-void ExportBitmap(const lmk::BitPicture& picture, int factor) {
-    const std::optional<QString> sFile =
+void ExportBitmap(lmk::BitPicture picture, int factor) {
+    const QString sFile =
         AskNewFileName(QStringLiteral("Save Bitmap file as..."),
-                       QStringLiteral("Bitmap Files (*.BMP)|*.BMP|All files (*.*)|*.*"), QString());
-    if (!sFile) {
+                       QStringLiteral("Bitmap Files (*.BMP)|*.BMP|All files (*.*)|*.*"), QString())
+            .value_or(QString());
+    if (sFile.isEmpty()) {
         return;
     }
     FileError error;
     {
         const HourglassScope hourglass;
-        error = SavePicture(*sFile, picture, factor);
+        error = SavePicture(sFile, picture, factor);
     }
     if (error) {
         TellFileError(QStringLiteral("The bitmap could not be saved."), *error, QStringLiteral("Save"));

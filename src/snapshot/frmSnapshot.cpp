@@ -6,6 +6,7 @@
 #include "platform/message_box.h"
 #include "platform/panel_bar.h"
 #include "platform/screen.h"
+#include "platform/texts.h"
 #include "platform/value_box.h"
 #include "shell/file_commands.h"
 #include "shell/shell.h"
@@ -13,7 +14,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileInfo>
+#include <QPointer>
 #include <QProgressBar>
 
 #include <algorithm>
@@ -27,15 +28,12 @@ namespace {
 constexpr int kTitleLength = 40; ///< of the caption, in characters
 constexpr int kProgressHeight = 16;
 
-/// Why a file of this length is no document, or nothing.
-FileError Refusal(const QString& path, std::optional<std::int64_t> length) {
-    if (!length) {
-        return QStringLiteral("Its length is not known.");
-    }
-    if (*length == 0 && QFileInfo(path).isFile()) {
+/// Why a file of this length is no document, or nothing. One that is not known is for the reader to tell.
+FileError Refusal(std::optional<std::int64_t> length) {
+    if (length == 0) {
         return QStringLiteral("The file is empty.");
     }
-    if (*length > std::numeric_limits<std::int32_t>::max()) {
+    if (length > std::numeric_limits<std::int32_t>::max()) {
         return QStringLiteral("The file is longer than 2147483647 bytes.");
     }
     return std::nullopt;
@@ -51,25 +49,24 @@ frmSnapshot::~frmSnapshot() {
 
 bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {
     const QString sTitle = QStringLiteral("Open file");
-    const std::optional<QString> sFile = FindFile(sFullFileName);
-    if (!sFile) {
+    if (IsMissing(sFullFileName)) {
         MsgBox(QStringLiteral("File not found!"), BoxButtons::Ok, BoxIcon::Information, sTitle);
         return false;
     }
     const HourglassScope hourglass;
-    FileError error = Refusal(*sFile, FileLength(*sFile));
+    FileError error = Refusal(FileLength(sFullFileName));
     if (!error) {
-        error = ReadWholeFile(*sFile, byMemory);
+        error = ReadWholeFile(sFullFileName, byMemory);
     }
     if (!error) {
-        error = Refusal(*sFile, static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
+        error = Refusal(static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
     }
     if (error) {
-        TellFileError(sFile->toLower() + QLatin1String(" could not be opened."), *error, sTitle);
+        TellFileError(sFullFileName.toLower() + QLatin1String(" could not be opened."), *error, sTitle);
         return false;
     }
 
-    sSnapFile = *sFile;
+    sSnapFile = sFullFileName;
     sSnapTitle = sFileTitle.toLower().left(kTitleLength);
     view = DefaultView(Settings, static_cast<std::int32_t>(byMemory.size()));
     iAttribute = Settings.iDefaultAttribute;
@@ -135,38 +132,53 @@ bool frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle, QStr
         return false;
     }
     // Between the stages only painting and timers run: nothing can be drawn that would not be saved.
-    const auto stage = [this](int percent) {
-        SetProgress(percent);
-        DoEvents(Events::NoUserInput);
-    };
     SetProgress(0);
-    ShowProgress(true);
-    stage(20);
+    if (!ShowProgress(true) || !ShowStage(20)) {
+        return false; // closed, and its question answered
+    }
     if (const FileError error = WriteWholeFile(sFilename, byMemory.Bytes())) {
         ShowProgress(false);
         TellFileError(sFilename.toLower() + QLatin1String(" could not be saved."), *error,
                       QStringLiteral("Save"), sReason);
         return false;
     }
-    stage(40);
+    if (!ShowStage(40)) {
+        return true; // the bytes are on the disk, and nobody is left to be told
+    }
     sSnapFile = sFilename;
-    stage(60);
+    if (!ShowStage(60)) {
+        return true;
+    }
     sSnapTitle = sTitle.toLower().left(kTitleLength);
-    stage(80);
+    if (!ShowStage(80)) {
+        return true;
+    }
     SetCaption(this, sSnapTitle.trimmed());
     sbrSnapshot->SetText(1, sSnapFile.toLower());
-    stage(100);
-    bChanged = 0;
-    ShowProgress(false);
+    if (ShowStage(100)) {
+        bChanged = 0;
+        ShowProgress(false);
+    }
     return true;
 }
 
-void frmSnapshot::ShowProgress(bool bShow) {
+bool frmSnapshot::ServeEvents() {
+    const QPointer<frmSnapshot> window(this);
+    DoEvents(Events::NoUserInput);
+    return !window.isNull();
+}
+
+bool frmSnapshot::ShowStage(int percent) {
+    SetProgress(percent);
+    return ServeEvents();
+}
+
+bool frmSnapshot::ShowProgress(bool bShow) {
     if (bShow) {
         barProgress->setGeometry(0, height() - kProgressHeight, sbrSnapshot->PanelWidth(1), kProgressHeight);
     }
     barProgress->setVisible(bShow);
-    DoEvents(Events::NoUserInput);
+    return ServeEvents();
 }
 
 void frmSnapshot::SetProgress(int value) {
@@ -176,10 +188,11 @@ void frmSnapshot::SetProgress(int value) {
 void frmSnapshot::Form_Unload(bool& Cancel) {
     if ((bChanged & Settings.bPromptSave) != 0) {
         BringToFront(this);
-        const QString sQuestion = QLatin1String("Save changes to ") + sSnapFile.toLower() + QLatin1Char('?');
+        const QString sQuestion =
+            QLatin1String("Save changes to ") + TrimBlanks(sSnapFile.toLower()) + QLatin1Char('?');
         switch (MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("Snapshot"))) {
         case BoxAnswer::Cancel: Cancel = true; break;
-        case BoxAnswer::Yes: SaveSnapshotBeforeClosing(*this); break;
+        case BoxAnswer::Yes: Cancel = !SaveSnapshotBeforeClosing(*this); break;
         default: break;
         }
     }

@@ -40,7 +40,8 @@ class frmSnapshot : public QWidget {
     bool Launch(const QString& sFullFileName, const QString& sFileTitle);
 
     /// Writes all bytes to `sFilename` and makes it this window's file. Nothing happens for an empty name.
-    /// False when nothing was written: the document then stays changed and keeps its name. A failure is told
+    /// False when nothing was written: the document then stays changed and keeps its name. Pending events run, and may
+    /// close the window. A failure is told
     /// in a message box, or handed to the caller in `sReason` when that is given.
     bool SaveSnap(const QString& sFilename, const QString& sTitle, QString* sReason = nullptr);
 
@@ -118,8 +119,13 @@ class frmSnapshot : public QWidget {
     friend struct SnapshotProbe; // lets tests read the fields and controls
 
     // ---- the document ----
-    /// Shows the progress bar over the first status panel, or hides it, and lets pending events run.
-    void ShowProgress(bool bShow);
+    // These three let pending events run, but for keys and mouse. A timer, or a screen reader's action, may close the
+    // window meanwhile: then they say false and no member may be touched any more.
+    bool ServeEvents();
+    /// Shows the progress bar over the first status panel, or hides it.
+    bool ShowProgress(bool bShow);
+    /// Shows how far the work has come, 0 to 100 percent.
+    bool ShowStage(int percent);
     /// 0 to 100 percent; painted at once.
     void SetProgress(int value);
     /// Fills the device context with the view as far as its clip allows; repaints nothing.

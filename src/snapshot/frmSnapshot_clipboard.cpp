@@ -33,26 +33,32 @@ void frmSnapshot::Copy(bool iCut) {
     frmClip& clip = frmClip::Instance();
     clip.picClip.CopyArea(picImage->hDC().Picture(),
                           {block.iLeft, block.iTop, block.iWidth, block.iHeight}); // before a Cut clears it
-    ShowProgress(true);
+    if (!ShowProgress(true)) {
+        return;
+    }
     std::string sData = LiftBlock(byMemory.Bytes(), view, block, ProgressOfRows());
     if (iCut && !block.IsEmpty()) {
         ClearBlock(byMemory.Bytes(), view, block);
         bChanged = -1;
     }
     clip.SetData(std::move(sData));
-    ShowProgress(false);
+    const bool bOpen = ShowProgress(false);
     EnableFunction(kGroupPaste, true);
     if (placingWindow != nullptr && iCurrentTool == kToolPlacing && clip.IsEmpty() == 0) {
         placingWindow->HangBlock();
     } else if (placingWindow != nullptr) {
         placingWindow->EndPlacing(); // nothing is left to hang, or another tool has ended it already
     }
-    ShowMem();
+    if (bOpen) {
+        ShowMem();
+    }
 }
 
 void frmSnapshot::Delete() {
     const PixelBlock block = BlockUnder(shpNet, view.iZoomFactor);
-    ShowProgress(true);
+    if (!ShowProgress(true)) {
+        return;
+    }
     ClearBlock(byMemory.Bytes(), view, block, ProgressOfRows());
     if (!block.IsEmpty()) {
         bChanged = -1;

@@ -2,13 +2,14 @@
 
 #include "platform/files.h"
 #include "platform/message_box.h"
-#include "platform/screen.h"
 #include "shell/file_commands.h"
 #include "shell/shell.h"
 #include "snapshot/bitmap_export.h"
 #include "snapshot/block.h"
 #include "snapshot/frmClip.h"
 #include "snapshot/raw_export.h"
+
+#include <QPointer>
 
 #include <vector>
 
@@ -19,27 +20,30 @@ void frmSnapshot::ExportViewToBMP() {
 }
 
 void frmSnapshot::ExportViewToRaw() {
-    const std::optional<QString> sFile =
+    const QPointer<frmSnapshot> window(this);
+    const QString sFile =
         AskNewFileName(QStringLiteral("Save Raw file as..."),
-                       QStringLiteral("Raw files (*.RAW)|*.RAW|All files (*.*)|*.*"), QString());
-    if (!sFile) {
+                       QStringLiteral("Raw files (*.RAW)|*.RAW|All files (*.*)|*.*"), QString())
+            .value_or(QString());
+    if (sFile.isEmpty() || window.isNull()) {
         return;
     }
-    ShowProgress(true);
-    const RawExport rows(byMemory.Bytes(), view);
+    const RawExport rows(byMemory.Bytes(), view);                // from here on the window is not needed
     const std::int32_t rowsAtOnce = view.iMode == kText ? 8 : 1; // Text is served by rows of characters
-    std::vector<std::uint8_t> bytes;                             // at most 256 KiB
+    ShowProgress(true);
+    std::vector<std::uint8_t> bytes; // at most 256 KiB
     bytes.reserve(static_cast<std::size_t>(rows.Rows() * rows.RowBytes()));
     for (std::int32_t row = 0; row < rows.Rows(); ++row) {
         const auto from = rows.Row(row);
         bytes.insert(bytes.end(), from.begin(), from.end());
-        if ((row + 1) % rowsAtOnce == 0) {
-            SetProgress(rows.Progress(row + 1 - rowsAtOnce));
-            DoEvents(Events::NoUserInput);
+        if ((row + 1) % rowsAtOnce == 0 && !window.isNull()) {
+            window->ShowStage(rows.Progress(row + 1 - rowsAtOnce));
         }
     }
-    const FileError error = WriteWholeFile(*sFile, bytes);
-    ShowProgress(false);
+    const FileError error = WriteWholeFile(sFile, bytes);
+    if (!window.isNull()) {
+        window->ShowProgress(false);
+    }
     if (error) {
         TellFileError(QStringLiteral("The raw data could not be saved."), *error, QStringLiteral("Save"));
     }

@@ -4,7 +4,9 @@
 #include <cstdarg>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <set>
 #include <string_view>
+#include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
 
@@ -18,8 +20,8 @@ bool full = false; // the disk, after a short write
 int calls = 0;
 int interruptible = 0;
 
-std::set<std::string> struck;
-std::set<int> watched; // open files below the plan's directory
+std::string struck;
+std::set<int> watched; // open files and directories below the plan's directory
 
 template <typename Function> Function* Next(const char* name) {
     return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
@@ -38,9 +40,15 @@ bool Strikes(const char* name) {
     if (++calls != plan.failAt) {
         return false;
     }
-    struck.insert(name);
+    struck = name;
     errno = plan.error;
     return true;
+}
+
+/// Passes a call on unless it counts and its turn to fail has come.
+template <typename Result, typename... Arguments>
+Result Pass(bool counts, const char* name, Arguments... arguments) {
+    return counts && Strikes(name) ? -1 : Next<Result(Arguments...)>(name)(arguments...);
 }
 
 /// True when the caller is to try again.
@@ -58,7 +66,7 @@ int Open(const char* symbol, const char* path, int flags, unsigned mode) {
         errno = EOPNOTSUPP;
         return -1;
     }
-    if (below && Strikes("open")) {
+    if (below && Strikes((flags & O_TMPFILE) == O_DIRECTORY ? "directory" : "open")) {
         return -1;
     }
     const int handle = Next<int(const char*, int, ...)>(symbol)(path, flags, mode);
@@ -74,6 +82,7 @@ void ArmFaults(const FaultPlan& newPlan) {
     plan = newPlan;
     calls = interruptible = 0;
     watched.clear();
+    struck = "none";
     full = false;
     armed = true;
 }
@@ -83,7 +92,7 @@ int DisarmFaults() {
     return calls;
 }
 
-const std::set<std::string>& StruckCalls() {
+std::string StruckCall() {
     return struck;
 }
 
@@ -133,16 +142,38 @@ ssize_t write(int handle, const void* bytes, size_t count) {
 
 int fsync(int handle) {
     static const auto next = Next<int(int)>("fsync");
-    return IsWatched(handle) && (Interrupts() || Strikes("fsync")) ? -1 : next(handle);
+    if (!IsWatched(handle)) {
+        return next(handle);
+    }
+    struct stat found {};
+    const bool directory =
+        Next<int(int, struct stat*)>("fstat")(handle, &found) == 0 && S_ISDIR(found.st_mode);
+    return Interrupts() || Strikes(directory ? "directory" : "fsync") ? -1 : next(handle);
+}
+
+int statx(int directory, const char* path, int flags, unsigned mask, struct statx* found) {
+    const bool counts = IsBelow(path) || ((flags & AT_EMPTY_PATH) != 0 && IsWatched(directory));
+    return Pass<int>(counts, "statx", directory, path, flags, mask, found);
+}
+
+int stat(const char* path, struct stat* found) {
+    return Pass<int>(IsBelow(path), "stat", path, found);
+}
+
+int fchmod(int handle, mode_t mode) {
+    return Pass<int>(IsWatched(handle), "fchmod", handle, mode);
+}
+
+int fsetxattr(int handle, const char* name, const void* value, size_t size, int flags) {
+    return Pass<int>(IsWatched(handle), "fsetxattr", handle, name, value, size, flags);
 }
 
 int rename(const char* from, const char* to) {
-    return IsBelow(to) && Strikes("rename") ? -1 : Next<int(const char*, const char*)>("rename")(from, to);
+    return Pass<int>(IsBelow(to), "rename", from, to);
 }
 
 int linkat(int fromDirectory, const char* from, int toDirectory, const char* to, int flags) {
-    static const auto next = Next<int(int, const char*, int, const char*, int)>("linkat");
-    return IsBelow(to) && Strikes("linkat") ? -1 : next(fromDirectory, from, toDirectory, to, flags);
+    return Pass<int>(IsBelow(to), "linkat", fromDirectory, from, toDirectory, to, flags);
 }
 
 int close(int handle) {

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <set>
 #include <string>
 
 namespace lumrake::testing {
 
-/// A disk that fails on demand. The program of tests brings its own open, read, write, fsync, fdatasync, link,
-/// rename and close; they pass everything on to the system, but while a plan is armed they count the calls that
-/// touch files below one directory and let one of them fail.
+/// A disk that fails on demand. The program of tests brings its own open, read, write, fsync, rename, stat, fchmod and
+/// the like; they pass everything on to the system, but while a plan is armed they count the calls that touch files
+/// below one directory and let one of them fail.
 struct FaultPlan {
     std::string directory;   ///< only files below it are counted and harmed
     int failAt = 0;          ///< the number of the call that fails, from 1; 0 lets all pass
@@ -20,7 +19,8 @@ struct FaultPlan {
 void ArmFaults(const FaultPlan& plan);
 /// Ends the plan. Says how many calls were counted; a plan whose `failAt` is above that never struck.
 int DisarmFaults();
-/// The names of all calls that a plan of this run ever let fail.
-const std::set<std::string>& StruckCalls();
+/// The name of the call that the last plan let fail; "none" when none was, "directory" when
+/// one was to be brought to the disk.
+std::string StruckCall();
 
 } // namespace lumrake::testing

@@ -12,6 +12,7 @@
 #include <csignal>
 #include <cstring>
 #include <functional>
+#include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -21,7 +22,8 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-const QString kSnapshotFile = QStringLiteral("Test.SNA"), kAnimationFile = QStringLiteral("Walk.anm");
+const QString kSnapshotFile = QStringLiteral("Test.SNA"), kAnimationFile = QStringLiteral("Walk.anm"),
+              kSnapshotLost = QStringLiteral("cannot be found");
 
 /// Two documents with changes over an empty disk. Every question is answered with Yes, every file dialog with
 /// the next of `files`.
@@ -29,35 +31,34 @@ struct Rig : FileStage {
     Rig() {
         SetMessageBoxAnswerer([this](const MessageBox& box) {
             boxes.push_back(box.title + QLatin1Char('|') + box.text);
-            return box.buttons == BoxButtons::Ok ? BoxAnswer::Ok : BoxAnswer::Yes;
+            return box.buttons == BoxButtons::Ok || box.text.contains(kSnapshotLost) ? BoxAnswer::Ok
+                                                                                     : BoxAnswer::Yes;
         });
         Settings.iDefaultWidth = 128;
         Settings.iDefaultLines = 64;
-        OpenSnapshot();
+        snapshot = Open(NoiseBytes(40000), kSnapshotFile); // more than a buffer takes
+        snapshot->SetZoom(4);                              // so that its bitmap is, too
+        SnapshotProbe{*snapshot}.DrawNet(3, 2, 400, 200);
         MakeFile(kAnimationFile, EncodeAnimation(SampleRecord(Path(kSnapshotFile))));
         animation = new frmAnimation;
         EXPECT_TRUE(animation->Launch(Path(kAnimationFile)));
     }
 
-    void OpenSnapshot() {
-        snapshot = Open(NoiseBytes(40000), kSnapshotFile); // more than a buffer takes
-        snapshot->SetZoom(4);                              // so that its bitmap is, too
-        SnapshotProbe{*snapshot}.DrawNet(3, 2, 400, 200);
-    }
-
     /// Both documents have changes and their own names; `target` holds the old bytes and nothing else is there.
     void Reset(const QString& target, const Bytes& old) {
-        if (iSnapshotCount == 0) {
-            OpenSnapshot();
-        }
         for (const QString& name : QDir(Path(QString())).entryList(QDir::Files | QDir::Hidden)) {
             QFile::remove(Path(name));
         }
-        ASSERT_TRUE(snapshot->SaveSnap(Path(kSnapshotFile), kSnapshotFile));
-        ASSERT_TRUE(animation->SaveAnimation(Path(kAnimationFile)));
+        MakeFile(kSnapshotFile, NoiseBytes(40000));
+        MakeFile(kAnimationFile, EncodeAnimation(SampleRecord(Path(kSnapshotFile))));
+        if (!HasOwnNames()) {
+            ASSERT_TRUE(snapshot->SaveSnap(Path(kSnapshotFile), kSnapshotFile));
+            ASSERT_TRUE(animation->SaveAnimation(Path(kAnimationFile)));
+        }
         SnapshotProbe{*snapshot}.Changed() = -1;
         animation->SetChanged(-1);
         MakeFile(target, old);
+        GiveRights(QFile::encodeName(Path(target)));
         boxes.clear();
         files.assign(3, Path(target));
     }
@@ -122,41 +123,38 @@ class Writes : public ::testing::TestWithParam<Writer> {};
 TEST_P(Writes, LeaveTheOldFileOrTheNewOneAndSaySo) {
     const Writer& writer = GetParam();
     const Bytes old = NoiseBytes(1000, 2);
+    std::set<std::string> calls;
     Rig rig;
     rig.Reset(writer.target, old);
-    const QByteArray target = QFile::encodeName(rig.Path(writer.target));
-    const auto rights = [&target] {
-        struct stat found = {};
-        stat(target.constData(), &found);
-        return std::tuple{found.st_mode, found.st_uid, found.st_gid};
-    };
-    chmod(target.constData(), 0640);
-    [[maybe_unused]] const int given = chown(target.constData(), 1234, 4321); // where we may
-    const auto before = rights();
+    const QByteArray file = QFile::encodeName(rig.Path(writer.target));
+    const QByteArray rights = RightsOf(file);
     writer.write(rig);
-    EXPECT_EQ(rights(), before);
     const Bytes fresh = rig.ReadFile(writer.target);
     ASSERT_NE(fresh, old);
     for (const Fault& fault : kFaults) {
         bool struck = true;
         for (int failAt = 1; struck; ++failAt) {
-            SCOPED_TRACE(::testing::Message() << std::strerror(fault.error) << " at call " << failAt
-                                              << (fault.onlyNamed ? " of named files" : ""));
             rig.Reset(writer.target, old);
             const auto others = QDir(rig.Path(QString())).entryList(QDir::Files | QDir::Hidden);
             ArmFaults(PlanOf(rig, fault, failAt));
             writer.write(rig);
             struck = DisarmFaults() >= failAt;
+            const std::string call = StruckCall();
+            calls.insert(call);
+            SCOPED_TRACE(::testing::Message() << std::strerror(fault.error) << " at call " << failAt << ", "
+                                              << call << (fault.onlyNamed ? " of named files" : ""));
 
             const Bytes found = rig.ReadFile(writer.target);
             ASSERT_TRUE(found == old || found == fresh) << found.size() << " bytes that are neither";
+            EXPECT_EQ(RightsOf(file), rights);
             EXPECT_EQ(QDir(rig.Path(QString())).entryList(QDir::Files | QDir::Hidden), others);
-            if (found == fresh) {
-                EXPECT_TRUE(rig.boxes.empty() || rig.boxes.back().contains(QLatin1String("overwrite?")));
+            const bool told = !rig.boxes.empty() && !rig.boxes.back().contains(QLatin1String("overwrite?"));
+            if (!told) {
+                EXPECT_EQ(found, fresh);
                 EXPECT_EQ(rig.Changed(), writer.keepsDocument);
                 continue;
             }
-            ASSERT_TRUE(struck && !rig.boxes.empty());
+            EXPECT_EQ(found == fresh, call == "directory") << "the new file is there, but for how long";
             EXPECT_TRUE(rig.boxes.back().startsWith(QLatin1String(writer.boxTitle) + QLatin1Char('|')));
             EXPECT_TRUE(rig.boxes.back().contains(Reason(fault.error))) << rig.boxes.back().toStdString();
             EXPECT_TRUE(rig.Changed() && rig.HasOwnNames());
@@ -164,8 +162,9 @@ TEST_P(Writes, LeaveTheOldFileOrTheNewOneAndSaySo) {
             EXPECT_EQ(rig.ReadFile(writer.target), fresh);
         }
     }
-    for (const char* call : {"open", "write", "fsync", "linkat", "rename", "close"}) {
-        EXPECT_TRUE(StruckCalls().contains(call)) << call;
+    for (const char* call : {"open", "write", "fsync", "linkat", "rename", "close", "stat", "statx", "fchmod",
+                             "fsetxattr", "directory"}) {
+        EXPECT_TRUE(calls.contains(call)) << call;
     }
 }
 
@@ -175,39 +174,6 @@ INSTANTIATE_TEST_SUITE_P(Of, Writes, ::testing::ValuesIn(kWriters), [](const aut
     return name;
 });
 
-TEST(Faults, AskAClosingWindowForAnotherName) {
-    for (const Fault& fault : kFaults) {
-        Rig rig;
-        bool struck = true;
-        for (int failAt = 1; struck; ++failAt) {
-            SCOPED_TRACE(::testing::Message() << std::strerror(fault.error) << " at call " << failAt);
-            const Bytes old = NoiseBytes(1000, 2);
-            rig.Reset(kSnapshotFile, old);
-            int calls = -1;
-            SetFileDialogAnswerer([&](CommonDialog::Kind, const CommonDialog&) {
-                calls = DisarmFaults(); // elsewhere there is room
-                return rig.Path(QStringLiteral("Rescue.sna"));
-            });
-            const auto memory = SnapshotProbe{*rig.snapshot}.Memory().Bytes();
-            const Bytes fresh(memory.begin(), memory.end());
-            ArmFaults(PlanOf(rig, fault, failAt));
-            EXPECT_TRUE(ChildFrame(rig.snapshot)->close());
-            struck = std::max(calls, DisarmFaults()) >= failAt;
-            EXPECT_EQ(iSnapshotCount, 0);
-            const Bytes found = rig.ReadFile(kSnapshotFile);
-            if (found == fresh) {
-                EXPECT_EQ(rig.boxes.size(), 1U) << "the question only";
-                continue;
-            }
-            EXPECT_EQ(found, old);
-            ASSERT_EQ(rig.boxes.size(), 2U);
-            EXPECT_TRUE(rig.boxes[1].contains(Reason(fault.error))) << rig.boxes[1].toStdString();
-            EXPECT_TRUE(rig.boxes[1].endsWith(QLatin1String("Save under another name?")));
-            EXPECT_EQ(rig.ReadFile(QStringLiteral("rescue.sna")), fresh);
-        }
-    }
-}
-
 TEST(Faults, WhileReadingAreToldAndOpenNothing) {
     const std::pair<const char*, std::function<void(Rig&)>> readers[] = {
         {"Open file|", [](Rig& rig) { OpenSnapshotFile(rig.Path(kSnapshotFile)); }},
@@ -216,17 +182,20 @@ TEST(Faults, WhileReadingAreToldAndOpenNothing) {
     };
     for (const auto& [told, read] : readers) {
         Rig rig;
-        for (int failAt = 1; failAt <= 2; ++failAt) { // to open it and to read from it
-            SCOPED_TRACE(::testing::Message() << told << " at call " << failAt);
+        for (int failAt = 1; failAt == 1 || StruckCall() != "none"; ++failAt) {
             rig.Reset(QStringLiteral("LMK.CFG"), NoiseBytes(kSettingsBytes));
             rig.files = {rig.Path(kAnimationFile)};
             const int windows = iSnapshotCount + iAnimationCount;
             ArmFaults(PlanOf(rig, {EIO, false, 2}, failAt));
             read(rig);
             DisarmFaults();
-            ASSERT_EQ(rig.boxes.size(), 1U);
+            SCOPED_TRACE(::testing::Message() << told << " at call " << failAt << ", " << StruckCall());
+            if (rig.boxes.empty()) { // it has found another way
+                EXPECT_TRUE(StruckCall() != "open" && StruckCall() != "read");
+                continue;
+            }
             EXPECT_TRUE(rig.boxes[0].startsWith(QLatin1String(told)));
-            EXPECT_TRUE(rig.boxes[0].contains(Reason(EIO))) << rig.boxes[0].toStdString();
+            EXPECT_TRUE(rig.boxes[0].contains(Reason(EIO)) || rig.boxes[0].contains(kSnapshotLost));
             EXPECT_EQ(iSnapshotCount + iAnimationCount, windows);
         }
     }

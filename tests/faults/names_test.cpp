@@ -4,9 +4,10 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QPointer>
+#include <QTimer>
 
 #include <functional>
-#include <sys/stat.h>
 
 namespace lumrake::testing {
 namespace {
@@ -53,20 +54,9 @@ TEST(FileNames, OfAnyKindAreOpenedSavedAndMade) {
             SnapshotProbe{*form}.Status().accessibleDescription().startsWith(onDisk.toLower() + u';'));
         EXPECT_EQ(QDir(QFileInfo(made).path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
         // The list finds it again, in this run by its true path.
-        OpenSnapshotFile(RecentFiles()[0].sTruePath);
+        OpenRecentFile(0);
         EXPECT_EQ(iSnapshotCount, 2);
     }
-}
-
-TEST(FileNames, TooLongForTheDiskAreTold) {
-    FileStage stage;
-    frmSnapshot* form = OpenChanged(stage, QStringLiteral("a.sna"));
-    stage.files = {stage.Path(QString(300, QLatin1Char('N')))};
-    EXPECT_FALSE(SaveSnapshotAs(*form));
-    ASSERT_EQ(stage.boxes.size(), 1U);
-    EXPECT_TRUE(stage.boxes[0].contains(QLatin1String("File name too long"))) << stage.boxes[0].toStdString();
-    EXPECT_EQ(form->GetFilename(), stage.Path(QStringLiteral("a.sna")));
-    EXPECT_EQ(QDir(stage.Path(QString())).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
 TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
@@ -83,6 +73,11 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
              QFile::remove(file);
              stage.MakeFile(kOther, NoiseBytes(9000, 2));
              QFile::link(stage.Path(kOther), file);
+         }},
+        {"put where new files are given a list", nullptr,
+         [](const auto& stage, const QString&) {
+             setxattr(QFile::encodeName(stage.Path(QStringLiteral("sub"))), "system.posix_acl_default", kList,
+                      static_cast<std::size_t>(kList.size()), 0);
          }},
         {"made read-only", "write-protected",
          [](const auto&, const QString& file) {
@@ -107,12 +102,15 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
         one.change(stage, stage.Path(name));
         const bool exists = QFileInfo(stage.Path(name)).isFile();
         const Bytes before = exists ? stage.ReadFile(name) : Bytes();
+        const QByteArray file = QFile::encodeName(stage.Path(name));
+        const QByteArray rights = exists ? RightsOf(file) : QByteArray();
         EXPECT_EQ(SaveSnapshot(*form), one.reason == nullptr);
         EXPECT_EQ(SnapshotProbe{*form}.Changed() == 0, one.reason == nullptr);
         EXPECT_EQ(form->GetFilename(), stage.Path(name));
         if (one.reason == nullptr) {
             EXPECT_EQ(stage.ReadFile(name), MemoryOf(*form));
             EXPECT_TRUE(stage.boxes.empty());
+            EXPECT_TRUE(!exists || RightsOf(file) == rights);
             if (QFileInfo(stage.Path(name)).isSymLink()) {
                 EXPECT_EQ(stage.ReadFile(kOther), MemoryOf(*form));
             }
@@ -125,6 +123,26 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
         EXPECT_EQ(QFileInfo(stage.Path(name)).isFile(), exists);
         EXPECT_TRUE(!exists || stage.ReadFile(name) == before);
     }
+}
+
+TEST(FilesBehindTheProgram, AreWholeWhenATimerClosesTheirWindow) {
+    int gone = 0;
+    for (int events = 0; events < 20; ++events) {
+        FileStage stage;
+        const QPointer<frmSnapshot> form = OpenChanged(stage, QStringLiteral("a.sna"));
+        const Bytes old = stage.ReadFile(QStringLiteral("a.sna")), fresh = MemoryOf(*form);
+        QTimer timer;
+        timer.callOnTimeout([&, left = events]() mutable { left-- == 0 && ChildFrame(form)->close(); });
+        timer.start(0);
+        stage.answers = {BoxAnswer::No};
+        stage.files = {stage.Path(QStringLiteral("a.raw"))};
+        form->ExportViewToRaw();
+        EXPECT_EQ(stage.ReadFile(QStringLiteral("a.raw")).size(), 6144U);
+        const bool saved = form && SaveSnapshot(*form);
+        EXPECT_EQ(stage.ReadFile(QStringLiteral("a.sna")), saved ? fresh : old);
+        gone += form.isNull();
+    }
+    EXPECT_GT(gone, 10);
 }
 
 } // namespace

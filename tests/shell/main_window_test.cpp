@@ -12,6 +12,7 @@
 #include "support/when_open.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QScreen>
 #include <QSlider>
@@ -59,21 +60,41 @@ TEST_F(FileCommands, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
     EXPECT_EQ(iSnapshotCount, 9);
     EXPECT_EQ(Settings.sRecentFile[3].Trimmed(), a.toLower().toStdString());
     QFile::remove(a);
+    Snapshot(QStringLiteral("a & b.sna")); // is another one
     Click(Menu::menu_recent, 4);
     EXPECT_EQ(boxes, std::vector{u"Open file|File not found!"_qs});
 }
 
-TEST_F(FileCommands, APathThatTheRecordCutsIsWholeInItsOwnRun) {
-    const QString folder(90, QLatin1Char('D'));
-    ASSERT_TRUE(QDir(Path(QString())).mkpath(folder));
-    const QString path = Snapshot(folder + QLatin1String("/x.sna"));
-    Open(path);
-    EXPECT_EQ(RecentCaption(1), "&1. " + path.toLower().toStdString());
+TEST_F(FileCommands, ALaterRunOpensNoOtherFileThanMeant) {
+    const QString paths[] = {Snapshot(QString(150, u'N')), Snapshot(u"end "_qs), Snapshot(u"\u0130.sna"_qs),
+                             Snapshot(u"Hero.SNA"_qs)};
+    for (int slot = 3; slot >= 0; --slot) {
+        Open(paths[slot]);
+    }
+    QString sAskedIn;
+    SetFileDialogAnswerer([&](CommonDialog::Kind, const CommonDialog& dialog) {
+        sAskedIn = dialog.FileName;
+        return paths[0];
+    });
+    const QString sDirectory = QFileInfo(a).path() + u'/';
+    EXPECT_EQ(RecentCaption(1), "&1. " + paths[0].toLower().toStdString()) << "whole in its own run";
+    EXPECT_EQ(Settings.sRecentFile[0].Text(), paths[0].toLower().left(100).toStdString());
     EXPECT_LE(main.Entry(Menu::menu_file)->menu()->sizeHint().width(), main.screen()->size().width() / 2);
-    EXPECT_TRUE(main.Entry(Menu::menu_recent, 1)->toolTip().contains(QString(80, u'd') + u'\n'));
-    EXPECT_EQ(Settings.sRecentFile[0].Text(), path.toLower().left(100).toStdString());
-    Click(Menu::menu_recent, 1);
-    EXPECT_EQ(iSnapshotCount, 2);
+    EXPECT_TRUE(main.Entry(Menu::menu_recent, 1)->toolTip().contains(QString(80, u'n') + u'\n'));
+    for (const bool later : {false, true}) {
+        for (int slot = 0; slot < 4; ++slot) {
+            sAskedIn.clear();
+            Click(Menu::menu_recent, slot + 1);
+            EXPECT_EQ(main.ActiveSnapshot()->GetFilename(), paths[slot]);
+            EXPECT_EQ(sAskedIn, later && slot == 0 ? sDirectory : QString()) << "the record has cut it";
+        }
+        ResetRecentFiles(); // from the record, as at the start of a run
+    }
+    Snapshot(u"hero.sna"_qs);
+    Click(Menu::menu_recent, 4);
+    EXPECT_EQ(sAskedIn, sDirectory);
+    EXPECT_EQ(main.ActiveSnapshot()->GetFilename(), paths[0]);
+    EXPECT_EQ(RecentCaption(2), "&2. " + paths[1].trimmed().toStdString());
 }
 
 TEST_F(FileCommands, SaveAsAsksOnlyBeforeAnExistingFileIsOverwritten) {
@@ -413,7 +434,7 @@ class ThreeChanged : public MainStage {
   public:
     ThreeChanged() {
         Start();
-        for (const char* name : {"a", "b", "c"}) {
+        for (const char* name : {"a", "b ", "c"}) { // no blank shows in a question
             OpenSnapshotFile(Snapshot(QLatin1String(name)));
             SnapshotProbe{*MainWindow()->ActiveSnapshot()}.Changed() = -1;
         }
@@ -444,6 +465,30 @@ TEST(MainWindow, ExitStopsAtTheFirstChildThatStays) {
     MainWindow()->close();
     EXPECT_EQ(stage.Asked(), "bc");
     EXPECT_EQ(stage.ended, 1);
+}
+
+TEST(MainWindow, ASaveThatFailsOnTheWayOutCanStopIt) {
+    // The answers to the question about a and to the box of its failure; what the dialog is told; whether it ends.
+    const std::tuple<std::deque<BoxAnswer>, std::deque<QString>, int> rows[] = {
+        {{Yes, Cancel}, {}, 0},
+        {{Yes, Yes, Yes}, {QString(300, u'n'), QString()}, 0},
+        {{Yes, Yes, No, No, No, No}, {u"c"_qs}, 1}, // not over that file, then not at all
+        {{Yes, Yes, Yes, No, No}, {u"c"_qs}, 1},
+    };
+    for (const auto& [answers, names, ends] : rows) {
+        ThreeChanged stage;
+        QFile::setPermissions(stage.Path(u"a"_qs), QFile::ReadOwner);
+        stage.MakeFile(u"c"_qs, NoiseBytes(9));
+        stage.answers = answers;
+        for (const QString& name : names) {
+            stage.files.push_back(name.isEmpty() ? name : stage.Path(name));
+        }
+        MainWindow()->close();
+        EXPECT_EQ(stage.ended, ends);
+        EXPECT_EQ(iSnapshotCount, ends == 1 ? 0 : 3);
+        EXPECT_TRUE(stage.answers.empty() && stage.files.empty());
+        EXPECT_EQ(stage.ReadFile(u"c"_qs).size(), answers.size() == 5 ? 6912U : 9U);
+    }
 }
 
 TEST(MainWindow, CloseAllAsksTheActiveChildAgainAsLongAsItStays) {
