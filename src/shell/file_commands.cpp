@@ -55,8 +55,7 @@ std::optional<QString> AskName(const QPointer<frmSnapshot>& document) {
 
 void OpenSnapshotFile(const QString& sFile) {
     if (!sFile.isEmpty()) {
-        const QString sGiven = QFileInfo(sFile).absoluteFilePath(); // a name without a directory has no title
-        const QString sFullName = FindFile(sGiven).value_or(sGiven);
+        const QString sFullName = QFileInfo(sFile).absoluteFilePath(); // a bare name has no title
         OpenWindow(sFullName, FileTitleOf(sFullName));
         return;
     }
@@ -68,18 +67,13 @@ void OpenSnapshotFile(const QString& sFile) {
 }
 
 void OpenRecentFile(std::size_t slot) {
-    const auto open = [](const QString& sFile) { OpenWindow(sFile, FileTitleOf(sFile)); };
-    if (const QString& sTrue = truePaths[slot]; !sTrue.isEmpty()) {
-        open(sTrue);
-        return;
-    }
-    const QString sStored = StoredPath(slot);
-    const QStringList meant = FilesOfStoredPath(sStored, false);
-    const QStringList possible = IsCut(slot) ? FilesOfStoredPath(sStored, true) : meant;
-    if (possible.isEmpty()) {
-        open(sStored); // tells that it is not there
+    const QString sTrue = truePaths[slot], sStored = StoredPath(slot);
+    const QStringList meant = !sTrue.isEmpty() ? QStringList(sTrue) : FilesOfStoredPath(sStored, false);
+    const QStringList possible = sTrue.isEmpty() && IsCut(slot) ? FilesOfStoredPath(sStored, true) : meant;
+    if (possible.isEmpty() || IsMissing(possible[0])) { // one of another case is not meant
+        TellFileNotFound();
     } else if (meant.size() == 1 && possible.size() == 1) {
-        open(meant[0]);
+        OpenWindow(meant[0], FileTitleOf(meant[0]));
     } else {
         const QString sNear = possible.contains(sStored) ? sStored : possible[0];
         const QString sChosen = AskOpenFileName(kOpenTitle, kOpenFilter, QFileInfo(sNear).path());
@@ -87,6 +81,11 @@ void OpenRecentFile(std::size_t slot) {
             OpenWindow(sChosen, comDialog.FileTitle);
         }
     }
+}
+
+void TellFileNotFound() {
+    MsgBox(QStringLiteral("File not found!"), BoxButtons::Ok, BoxIcon::Information,
+           QStringLiteral("Open file"));
 }
 
 void AddRecentFile(const QString& sFile) {

@@ -22,6 +22,9 @@ void OpenSnapshotFile(const QString& sFile);
 /// directory.
 void OpenRecentFile(std::size_t slot);
 
+/// The message about a snapshot that is not there.
+void TellFileNotFound();
+
 /// Puts a file at the head of the recent list; the oldest of four falls out. The list is not searched for it.
 /// The settings record keeps the path in lower case, cut at 100 bytes; the true path is kept for this run.
 void AddRecentFile(const QString& sFile);

@@ -48,25 +48,26 @@ frmSnapshot::~frmSnapshot() {
 }
 
 bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {
-    const QString sTitle = QStringLiteral("Open file");
-    if (IsMissing(sFullFileName)) {
-        MsgBox(QStringLiteral("File not found!"), BoxButtons::Ok, BoxIcon::Information, sTitle);
+    const QString sFile = FindFile(sFullFileName).value_or(sFullFileName);
+    if (IsMissing(sFile)) {
+        TellFileNotFound();
         return false;
     }
     const HourglassScope hourglass;
-    FileError error = Refusal(FileLength(sFullFileName));
+    FileError error = Refusal(FileLength(sFile));
     if (!error) {
-        error = ReadWholeFile(sFullFileName, byMemory);
+        error = ReadWholeFile(sFile, byMemory);
     }
     if (!error) {
         error = Refusal(static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
     }
     if (error) {
-        TellFileError(sFullFileName.toLower() + QLatin1String(" could not be opened."), *error, sTitle);
+        TellFileError(sFile.toLower() + QLatin1String(" could not be opened."), *error,
+                      QStringLiteral("Open file"));
         return false;
     }
 
-    sSnapFile = sFullFileName;
+    sSnapFile = sFile;
     sSnapTitle = sFileTitle.toLower().left(kTitleLength);
     view = DefaultView(Settings, static_cast<std::int32_t>(byMemory.size()));
     iAttribute = Settings.iDefaultAttribute;

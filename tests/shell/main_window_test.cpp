@@ -94,7 +94,7 @@ TEST_F(FileCommands, ALaterRunOpensNoOtherFileThanMeant) {
     Click(Menu::menu_recent, 4);
     EXPECT_EQ(sAskedIn, sDirectory);
     EXPECT_EQ(main.ActiveSnapshot()->GetFilename(), paths[0]);
-    EXPECT_EQ(RecentCaption(2), "&2. " + paths[1].trimmed().toStdString());
+    EXPECT_EQ(RecentCaption(2), "&2. " + paths[1].toLower().trimmed().toStdString());
 }
 
 TEST_F(FileCommands, SaveAsAsksOnlyBeforeAnExistingFileIsOverwritten) {
