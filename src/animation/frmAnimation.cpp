@@ -45,8 +45,8 @@ bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
     bLaunched = true;
     state = PlayState();
     AdoptChild(this);
-    Form_Activate();
     SetPositions();
+    Form_Activate(); // with its caption
     ShowCurrentFrame();
     picImage->setFocus();
     ChildFrame(this)->show();

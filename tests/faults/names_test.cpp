@@ -49,7 +49,7 @@ TEST(FileNames, OfAnyKindAreOpenedSavedAndMade) {
         stage.files = {made};
         EXPECT_TRUE(SaveSnapshotAs(*form));
         EXPECT_EQ(form->GetFilename(), onDisk);
-        EXPECT_EQ(form->windowTitle(), QFileInfo(onDisk).fileName().left(40).trimmed());
+        EXPECT_EQ(CaptionOf(form), QFileInfo(onDisk).fileName().left(40).trimmed());
         EXPECT_TRUE(
             SnapshotProbe{*form}.Status().accessibleDescription().startsWith(onDisk.toLower() + u';'));
         EXPECT_EQ(QDir(QFileInfo(made).path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
