@@ -11,9 +11,6 @@
 #include <QMdiSubWindow>
 #include <QRandomGenerator>
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace lumrake::testing {
 namespace {
 
@@ -275,37 +272,6 @@ TEST_F(Player, AnimateSeedsTheDialogFromTheView) {
         std::tie(expected.lOffset, expected.byAttribute) = std::tuple(7, 71);
         EXPECT_EQ(GlobalAnim, expected) << mode;
         EXPECT_EQ(boxes.back(), kTooLong);
-    }
-}
-
-TEST_F(Player, SavesUnderAnyNameAndKeepsOwnerAndRights) {
-    QString asked;
-    SetFileDialogAnswerer([&](CommonDialog::Kind kind, const CommonDialog& dialog) {
-        asked = u"%1 %2 %3 %4"_qs.arg(int(kind)).arg(dialog.Flags).arg(dialog.Filter, dialog.FileName);
-        return files.front();
-    });
-    ASSERT_TRUE(Open(form));
-    const bool root = geteuid() == 0; // who alone can give files away
-    std::int16_t zoom = 1;
-    for (const QString& name :
-         {u"New WALK.ANM"_qs, QString(255, u'N'), u"d/"_qs.repeated(60) + u"%1 [*] \u0416"_qs}) {
-        SCOPED_TRACE(name.toStdString());
-        const QString before = form.GetFilename(), file = Path(name.toLower());
-        const QByteArray path = QFile::encodeName(file);
-        QFileInfo(file).dir().mkpath(u"."_qs);
-        files = {Path(name)};
-        EXPECT_TRUE(SaveAnimationAs(form));
-        EXPECT_EQ(asked, u"2 38916 Animation files (*.ANM)|*.ANM|All files (*.*)|*.* "_qs + before);
-        EXPECT_EQ(form.GetFilename(), file);
-        ASSERT_EQ(chown(path, root ? 1234 : geteuid(), root ? 2345 : getegid()) + chmod(path, 0646), 0);
-        form.SetZoom(++zoom);
-        EXPECT_TRUE(SaveAnimationCommand(form) && !probe.Changed());
-        const auto saved = ReadFile(name.toLower());
-        EXPECT_EQ(std::string(&saved[0], &saved[100]), path.leftJustified(100, ' ', true).toStdString());
-        EXPECT_EQ(saved[234], zoom);
-        const QFileInfo kept(file);
-        EXPECT_EQ(kept.permissions().toInt() & 0x7077, 0x6046);
-        EXPECT_TRUE(!root || (kept.ownerId() == 1234 && kept.groupId() == 2345));
     }
 }
 

@@ -94,9 +94,9 @@ INSTANTIATE_TEST_SUITE_P(ZoomAndBorder, PictureOnScreen,
 TEST(PictureMouse, EveryPressHasItsReleaseAndSideButtonsDoNothing) {
     PictureBox box;
     std::string told;
-    box.MouseDown = [&told](const MouseArgs& args) { told += "d" + std::to_string(args.Button); };
-    box.MouseMove = [&told](const MouseArgs& args) { told += "m" + std::to_string(args.Button); };
-    box.MouseUp = [&told](const MouseArgs& args) { told += "u" + std::to_string(args.Button); };
+    box.MouseDown = [&told](const MouseArgs& args) { (told += 'd') += std::to_string(args.Button); };
+    box.MouseMove = [&told](const MouseArgs& args) { (told += 'm') += std::to_string(args.Button); };
+    box.MouseUp = [&told](const MouseArgs& args) { (told += 'u') += std::to_string(args.Button); };
     const std::tuple<int, int, const char*> cases[] = {
         {1, 1, "d1"}, {2, 3, "d2"},   {0, 3, "m3"},   {2, 1, "u2"},  {8, 9, ""},
         {0, 9, "m1"}, {8, 1, ""},     {0, 0, "u1m0"}, // a menu had the release
