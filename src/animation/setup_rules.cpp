@@ -73,7 +73,7 @@ Result TestSnapFile(const SetupTexts& texts, const std::optional<std::int64_t>& 
         return texts.bSnapFileCut ? tooLong : SetupFault{SetupField::SnapFile, "Cannot find specified file"};
     }
     // What the field would give back has to be the same path, or another file would be opened next time.
-    if (!decltype(AnimationRecord::sSnapFile)::Fits(TrimBlanks(texts.sSnapFile))) {
+    if (!FixedString<100>::Fits(TrimBlanks(texts.sSnapFile))) {
         return tooLong;
     }
     return std::nullopt;
