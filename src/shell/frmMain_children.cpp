@@ -52,6 +52,9 @@ void frmMain::AdoptChild(QWidget* child) {
     auto* frame = new DocumentFrame;
     frame->setWidget(child);
     frame->setAttribute(Qt::WA_DeleteOnClose);
+    // The frame's menu belongs to the title bar alone: a second button pressed there while a control holds the mouse
+    // is the control's.
+    child->setContextMenuPolicy(Qt::PreventContextMenu);
     if (dynamic_cast<frmAnimation*>(child) != nullptr) {
         // It has one size for its zoom, so there is nothing to minimise, maximise or drag.
         frame->setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -64,9 +67,6 @@ void frmMain::AdoptChild(QWidget* child) {
     for (QAction* entry : frame->systemMenu()->actions()) {
         entry->setShortcuts(QList<QKeySequence>());
     }
-    // That menu belongs to the title bar alone: a second button pressed there while a control holds the mouse is
-    // the control's.
-    child->setContextMenuPolicy(Qt::PreventContextMenu);
     connect(child, &QWidget::windowTitleChanged, this, &frmMain::ShowCaption);
 }
 
