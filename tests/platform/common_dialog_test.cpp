@@ -33,7 +33,7 @@ TEST(FileDialog, OpensNothingAndRemembersWhereAndAmongWhatWasChosen) {
                 QTest::keyClick(types, Qt::Key_Down);
             } else {
                 EXPECT_TRUE(
-                    QTest::qWaitFor([&] { return list->model()->hasIndex(0, 0, list->rootIndex()); }));
+                    QTest::qWaitFor([&] { return list->model()->hasIndex(0, 0, list->rootIndex()); }, 60000));
             }
             EXPECT_EQ(types->currentIndex(), 1);
             dialog.findChild<QLineEdit*>()->setText(typed);

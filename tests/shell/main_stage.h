@@ -61,7 +61,8 @@ class MainStage : public Stage {
                 menu == bar ? bar->actionGeometry(*entry) : static_cast<QMenu*>(menu)->actionGeometry(*entry);
             QTest::mouseClick(menu, Qt::LeftButton, {}, place.center());
             menu = (*entry)->menu();
-            EXPECT_TRUE(menu == nullptr || QTest::qWaitFor([menu] { return menu->isVisible(); })) << path;
+            EXPECT_TRUE(menu == nullptr || QTest::qWaitFor([menu] { return menu->isVisible(); }, 60000))
+                << path;
         }
     }
     /// The same by keys: Alt and a letter, then letters in the menu that is open; v stands for the key Down and a

@@ -519,7 +519,7 @@ TEST(MainWindow, PlacesCountTheFrame) {
     EXPECT_TRUE(main.screen()->geometry().contains(main.frameGeometry()));
     frmPrefs form(&main);
     form.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form, 60000));
     EXPECT_LE((main.screen()->geometry().center() - form.frameGeometry().center()).manhattanLength(), 1);
 }
 

@@ -143,7 +143,7 @@ TEST_F(SnapshotWindow, BoxesTakeDigitsOnlyAndWhatTheModeAllows) {
     testing::FromContextMenu(probe.Box(0), "&Undo");
     EXPECT_EQ(probe.form.GetOffset(), 12);
     // The click that brings the focus selects the number, the next one sets the caret.
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&area));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&area, 60000));
     probe.Bar().setFocus();
     for (const char* selected : {"12", ""}) {
         QTest::mouseClick(&probe.Box(0), Qt::LeftButton);
@@ -190,7 +190,7 @@ TEST_F(SnapshotWindow, TheAddressBarStepsAndRests) {
     ClickArrow(spin, false);
     EXPECT_EQ(probe.form.GetOffset(), 1663);
     QTest::mousePress(&bar, Qt::LeftButton, {}, {8, 4}); // held down it goes on
-    EXPECT_TRUE(QTest::qWaitFor([&probe] { return probe.form.GetOffset() < 1663 - 3 * 64; }));
+    EXPECT_TRUE(QTest::qWaitFor([&probe] { return probe.form.GetOffset() < 1663 - 3 * 64; }, 60000));
     QTest::mouseRelease(&bar, Qt::LeftButton, {}, {8, 4});
     Type(probe, 0, "49170");
     EXPECT_LT(Place(probe), 10) << "a number typed moves the picture and not the thumb";
