@@ -7,6 +7,8 @@
 
 namespace lumrake {
 
+// A copy: the window that shows it may be closed while a dialog asks.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void ExportBitmap(lmk::BitPicture picture, int factor) {
     const QString sFile =
         AskNewFileName(QStringLiteral("Save Bitmap file as..."),
