@@ -52,7 +52,8 @@ class PlainIcons : public QFileIconProvider {
   public:
     using QFileIconProvider::icon;
     QIcon icon(const QFileInfo& info) const override { return icon(info.isDir() ? Folder : File); }
-    QString type(const QFileInfo&) const override { return {}; } // of a column that is not shown
+    /// Of a column that is not shown. Never empty: the dialog leaves such a file out of its list at times.
+    QString type(const QFileInfo&) const override { return QStringLiteral("File"); }
 };
 
 /// The dialog of the toolkit, but that the name of a file to open may be typed in another case.

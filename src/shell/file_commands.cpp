@@ -98,13 +98,12 @@ void AddRecentFile(const QString& sFile) {
     ShowRecentFiles();
 }
 
-std::array<RecentFile, 4> RecentFiles() {
-    std::array<RecentFile, 4> files;
+std::array<QString, 4> RecentFiles() {
+    std::array<QString, 4> files;
     for (std::size_t slot = 0; slot < files.size(); ++slot) {
         // The menu shows the whole path of this run even where the record had to cut it.
         const QString& sTrue = truePaths[slot];
-        files[slot].sShown = sTrue.isEmpty() ? StoredPath(slot) : sTrue.toLower();
-        files[slot].sTruePath = sTrue;
+        files[slot] = sTrue.isEmpty() ? StoredPath(slot) : sTrue.toLower();
     }
     return files;
 }

@@ -29,12 +29,8 @@ void TellFileNotFound();
 /// The settings record keeps the path in lower case, cut at 100 bytes; the true path is kept for this run.
 void AddRecentFile(const QString& sFile);
 
-/// The recent list, newest first; empty texts for empty slots. `sShown` is what the menu shows.
-struct RecentFile {
-    QString sShown;
-    QString sTruePath; ///< empty when the slot comes from an earlier run
-};
-std::array<RecentFile, 4> RecentFiles();
+/// The recent list as the menu shows it, newest first; empty texts for empty slots.
+std::array<QString, 4> RecentFiles();
 /// Forgets the true paths and takes the list from Settings, as at the start of the run.
 void ResetRecentFiles();
 

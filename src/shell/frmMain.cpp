@@ -2,14 +2,12 @@
 
 #include "shell/frmMain.h"
 
-#include "animation/frmAnimation.h"
 #include "assistant/frmHelp.h"
 #include "assistant/prompts.h"
 #include "platform/panel_bar.h"
 #include "platform/screen.h"
 #include "platform/toolbar.h"
 #include "shell/startup.h"
-#include "snapshot/frmSnapshot.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -155,13 +155,13 @@ void frmMain::ShowFlipTick(bool bOn) {
 void frmMain::ShowRecentFiles() {
     bool bAny = false;
     int slot = 0;
-    for (const RecentFile& file : RecentFiles()) {
+    for (const QString& sFile : RecentFiles()) {
         ++slot;
         QAction* entry = Entry(Menu::menu_recent, slot);
-        const bool bUsed = !file.sShown.isEmpty();
+        const bool bUsed = !sFile.isEmpty();
         if (bUsed) {
-            entry->setText(QStringLiteral("&%1. ").arg(slot) + Displayed(file.sShown));
-            entry->setToolTip(WholeTip(file.sShown)); // the menu may not have room for all of it
+            entry->setText(QStringLiteral("&%1. ").arg(slot) + Displayed(sFile));
+            entry->setToolTip(WholeTip(sFile)); // the menu may not have room for all of it
         }
         entry->setVisible(bUsed);
         bAny = bAny || bUsed;

@@ -19,12 +19,12 @@ TEST(FileDialog, OpensNothingAndRemembersWhereAndAmongWhatWasChosen) {
     const Stage stage;
     SetFileDialogAnswerer({});
     QDir(stage.Path(QString())).mkdir(u"Sub"_qs);
-    const QString hero = stage.MakeFile(u"Sub/Hero.RAW"_qs, NoiseBytes(9));
+    const QString hero = stage.MakeFile(u"Sub/Hero.Q7"_qs, NoiseBytes(9));
     const int watch = inotify_init1(IN_NONBLOCK);
     inotify_add_watch(watch, QFile::encodeName(hero), IN_OPEN);
-    comDialog.Filter = u"Snapshots (*.SNA)|*.SNA|Raw (*.RAW)|*.RAW"_qs;
+    comDialog.Filter = u"Snapshots (*.SNA)|*.SNA|Others (*.Q7)|*.Q7"_qs;
     // The same name in other letters: with its path, then where the first one left the dialog.
-    for (const QString& typed : {stage.Path(u"sub/hero.raw"_qs), u"HERO.raw"_qs}) {
+    for (const QString& typed : {stage.Path(u"sub/hero.q7"_qs), u"HERO.q7"_qs}) {
         comDialog.FileName.clear();
         const WhenOpen<QFileDialog> typing([&](QFileDialog& dialog) {
             auto* types = dialog.findChild<QComboBox*>(u"fileTypeCombo"_qs);
