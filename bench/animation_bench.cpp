@@ -2,8 +2,8 @@
 /// offscreen platform, beside the painting of its exposure alone.
 #include "probes.h"
 
-#include "animation/animation_record.h"
-#include "platform/files.h"
+#include "animation/rules/animation_record.h"
+#include "disk/files.h"
 #include "shell/shell.h"
 
 #include <QApplication>

@@ -2,7 +2,7 @@
 /// so the worst case counts: the last of 500 entries.
 #include "bench.h"
 
-#include "assistant/help_file.h"
+#include "assistant/rules/help_file.h"
 
 #include <cstdio>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "bench.h"
 
-#include "platform/files.h"
+#include "disk/files.h"
 #include "shell/shell.h"
 
 #include <QFileInfo>

@@ -4,7 +4,7 @@
 ///   lumrake_bench --benchmark_... runs what is chosen and reports it in the library's own way
 #include "figures.h"
 
-#include "platform/screen.h"
+#include "controls/screen.h"
 
 #include <QApplication>
 

@@ -6,10 +6,10 @@
 /// DIR takes the place of the program's directory, so that no settings of a user count.
 #include "first_paint.h"
 
-#include "shell/file_commands.h"
-#include "shell/frmMain.h"
 #include "shell/shell.h"
-#include "shell/startup.h"
+#include "shell/window/file_commands.h"
+#include "shell/window/frmMain.h"
+#include "shell/window/startup.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <cstdlib>

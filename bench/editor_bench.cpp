@@ -2,7 +2,7 @@
 #include "probes.h"
 
 #include "shell/shell.h"
-#include "snapshot/block.h"
+#include "snapshot/rules/block.h"
 
 namespace lumrake::bench {
 namespace {

@@ -1,13 +1,13 @@
 /// What reading and writing files costs, beside the bare system calls on as many bytes.
 #include "probes.h"
 
+#include "controls/common_dialog.h"
+#include "controls/message_box.h"
+#include "controls/save_picture.h"
+#include "disk/files.h"
 #include "display/lmk.h"
-#include "platform/common_dialog.h"
-#include "platform/files.h"
-#include "platform/message_box.h"
-#include "platform/save_picture.h"
 #include "shell/shell.h"
-#include "snapshot/raw_export.h"
+#include "snapshot/rules/raw_export.h"
 
 #include <QDir>
 #include <QFile>

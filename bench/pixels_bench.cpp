@@ -2,7 +2,7 @@
 /// reads or writes every pixel of a view of 256 x 192, in the order of a block operation.
 #include "bench.h"
 
-#include "snapshot/addressing.h"
+#include "snapshot/rules/addressing.h"
 
 #include <string>
 #include <vector>

@@ -3,7 +3,7 @@
 #include "bench.h"
 
 #include "animation/frmAnimation.h"
-#include "platform/picture_box.h"
+#include "controls/picture_box.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <QCoreApplication>

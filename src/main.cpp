@@ -1,4 +1,4 @@
-#include "shell/startup.h"
+#include "shell/window/startup.h"
 
 int main(int argc, char** argv) {
     return lumrake::RunProgram(argc, argv);

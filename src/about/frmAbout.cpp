@@ -1,8 +1,8 @@
 #include "about/frmAbout.h"
 
-#include "platform/drawing_box.h"
-#include "platform/screen.h"
-#include "platform/twips.h"
+#include "base/twips.h"
+#include "controls/drawing_box.h"
+#include "controls/screen.h"
 #include "shell/shell.h"
 
 #include <QFrame>

@@ -1,6 +1,6 @@
 #include "about/frmSplash.h"
 
-#include "platform/screen.h"
+#include "controls/screen.h"
 
 #include <QElapsedTimer>
 #include <QThread>

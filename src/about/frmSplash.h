@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/drawing_box.h"
+#include "controls/drawing_box.h"
 
 namespace lumrake {
 

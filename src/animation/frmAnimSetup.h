@@ -1,10 +1,10 @@
 #pragma once
 
-#include "animation/animation_record.h"
-#include "animation/setup_rules.h"
-#include "platform/limited_edit.h"
-#include "platform/limited_text.h"
-#include "platform/watched.h"
+#include "animation/rules/animation_record.h"
+#include "animation/rules/setup_rules.h"
+#include "controls/limited_edit.h"
+#include "controls/limited_text.h"
+#include "controls/watched.h"
 
 #include <QCheckBox>
 #include <QComboBox>

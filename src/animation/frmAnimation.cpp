@@ -1,12 +1,11 @@
 #include "animation/frmAnimation.h"
 
-#include "animation/animation_commands.h"
 #include "animation/frmAnimSetup.h"
 #include "animation/snapshot_file.h"
-#include "platform/files.h"
-#include "platform/message_box.h"
-#include "platform/picture_box.h"
-#include "platform/texts.h"
+#include "controls/message_box.h"
+#include "controls/picture_box.h"
+#include "disk/files.h"
+#include "disk/texts.h"
 #include "shell/shell.h"
 
 #include <QCloseEvent>
@@ -149,7 +148,7 @@ void frmAnimation::Form_Unload(bool& Cancel) {
             sFilePath.isEmpty() ? QStringLiteral("Save new animation?")
                                 : QStringLiteral("Save changes to %1?").arg(TrimBlanks(sFilePath.toLower()));
         const BoxAnswer answer = MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, kTitle);
-        Cancel = answer == BoxAnswer::Yes ? !SaveAnimationBeforeClosing(*this) : answer != BoxAnswer::No;
+        Cancel = answer == BoxAnswer::Yes ? !SaveBeforeClosing(this) : answer != BoxAnswer::No;
     }
     if (!Cancel) {
         --iAnimationCount;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "animation/animation_record.h"
-#include "animation/stepping.h"
-#include "platform/memory_block.h"
-#include "platform/watched.h"
+#include "animation/rules/animation_record.h"
+#include "animation/rules/stepping.h"
+#include "base/memory_block.h"
+#include "controls/watched.h"
 
 #include <QPushButton>
 #include <QString>

@@ -8,11 +8,11 @@
 // while it plays; a click that zooms and the zoom menu work always.
 #include "animation/frmAnimSetup.h"
 #include "animation/frmAnimation.h"
-#include "animation/layout.h"
+#include "animation/rules/layout.h"
+#include "controls/picture_box.h"
+#include "controls/pictures.h"
+#include "disk/texts.h"
 #include "display/lmk.h"
-#include "platform/picture_box.h"
-#include "platform/pictures.h"
-#include "platform/texts.h"
 #include "shell/shell.h"
 
 #include <QKeyEvent>

@@ -1,8 +1,8 @@
 #include "animation/snapshot_file.h"
 
-#include "animation/animation_record.h"
-#include "platform/files.h"
-#include "platform/texts.h"
+#include "animation/rules/animation_record.h"
+#include "disk/files.h"
+#include "disk/texts.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #include "assistant/frmHelp.h"
 
-#include "platform/drawing_box.h"
-#include "platform/numbers.h"
-#include "platform/twips.h"
+#include "base/numbers.h"
+#include "base/twips.h"
+#include "controls/drawing_box.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>

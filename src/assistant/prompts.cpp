@@ -1,10 +1,10 @@
 #include "assistant/prompts.h"
 
 #include "assistant/frmHelp.h"
-#include "assistant/help_file.h"
-#include "platform/files.h"
-#include "platform/memory_block.h"
-#include "platform/text_codec.h"
+#include "assistant/rules/help_file.h"
+#include "base/memory_block.h"
+#include "base/text_codec.h"
+#include "disk/files.h"
 #include "shell/shell.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "preferences/colour_swatch.h"
 
-#include "platform/accessible_role.h"
-#include "platform/screen_colour.h"
-#include "platform/whole_pixels.h"
+#include "controls/accessible_role.h"
+#include "controls/screen_colour.h"
+#include "controls/whole_pixels.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/watched.h"
-#include "shell/settings.h"
+#include "controls/watched.h"
+#include "shell/rules/settings.h"
 
 #include <QWidget>
 

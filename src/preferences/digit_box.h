@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/limited_edit.h"
+#include "controls/limited_edit.h"
 
 namespace lumrake {
 

@@ -1,14 +1,14 @@
 #include "preferences/frmPrefs.h"
 
-#include "platform/message_box.h"
-#include "platform/numbers.h"
-#include "platform/screen.h"
-#include "platform/tab_strip.h"
-#include "platform/texts.h"
+#include "base/numbers.h"
+#include "controls/message_box.h"
+#include "controls/screen.h"
+#include "controls/tab_strip.h"
+#include "disk/texts.h"
 #include "preferences/digit_box.h"
 #include "shell/shell.h"
-#include "snapshot/addressing.h"
 #include "snapshot/frmColours.h"
+#include "snapshot/rules/addressing.h"
 
 #include <QCheckBox>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "preferences/palette_rules.h"
-#include "preferences/prefs_rules.h"
+#include "preferences/rules/palette_rules.h"
+#include "preferences/rules/prefs_rules.h"
 
 #include <QDialog>
 

@@ -1,7 +1,7 @@
 #include "shell/shell.h"
 
-#include "platform/files.h"
-#include "platform/message_box.h"
+#include "controls/message_box.h"
+#include "disk/files.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -89,6 +89,10 @@ void AdoptChild(QWidget* child) {
     registered->AdoptChild(child);
 }
 
+bool SaveBeforeClosing(QWidget* child) {
+    return registered->SaveBeforeClosing(child);
+}
+
 QWidget* ChildFrame(QWidget* child) {
     auto* frame = qobject_cast<QMdiSubWindow*>(child->parentWidget());
     return frame != nullptr ? frame : child;
@@ -167,6 +171,11 @@ void TellFileError(const QString& doing, const QString& reason, const QString& t
     } else {
         MsgBox(sText, BoxButtons::Ok, BoxIcon::Exclamation, title);
     }
+}
+
+void TellFileNotFound() {
+    MsgBox(QStringLiteral("File not found!"), BoxButtons::Ok, BoxIcon::Information,
+           QStringLiteral("Open file"));
 }
 
 void ShowNotAvailable() {

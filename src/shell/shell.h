@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/settings.h"
+#include "shell/rules/settings.h"
 
 #include <QString>
 
@@ -52,6 +52,7 @@ class ShellNotices {
     virtual void PopupSnapshotMenu(const QPoint&) {}
     virtual void ShowRecentFiles() {}
     virtual void AdoptChild(QWidget*) {}
+    virtual bool SaveBeforeClosing(QWidget*) { return false; }
 };
 
 /// Registers the receiver of the notices, or nobody with null; returns the one before.
@@ -85,6 +86,9 @@ void ShowRecentFiles();
 /// main window the child stays a window of its own, owned by whoever made it. In both cases the outermost
 /// widget of the document is ChildFrame(child).
 void AdoptChild(QWidget* child);
+/// Saves a child that closes after the answer Yes, as SaveUntilGivenUp does. False when its window is to stay, with
+/// nobody registered as well.
+bool SaveBeforeClosing(QWidget* child);
 
 /// The frame that a child was adopted into, or the child itself when there is none: what is shown, sized,
 /// closed.
@@ -117,6 +121,9 @@ void SaveSettings();
 /// text goes there instead, for a question that continues it.
 void TellFileError(const QString& doing, const QString& reason, const QString& title,
                    QString* sTold = nullptr);
+
+/// The message about a snapshot that is not there.
+void TellFileNotFound();
 
 /// The box for a command that is not built.
 void ShowNotAvailable();

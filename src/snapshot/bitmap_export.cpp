@@ -1,8 +1,8 @@
 #include "snapshot/bitmap_export.h"
 
-#include "platform/save_picture.h"
-#include "platform/screen.h"
-#include "shell/file_commands.h"
+#include "controls/common_dialog.h"
+#include "controls/save_picture.h"
+#include "controls/screen.h"
 #include "shell/shell.h"
 
 namespace lumrake {

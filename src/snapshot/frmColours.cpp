@@ -1,9 +1,9 @@
 #include "snapshot/frmColours.h"
 
-#include "platform/screen_colour.h"
-#include "platform/tab_strip.h"
-#include "platform/texts.h"
-#include "platform/watched.h"
+#include "controls/screen_colour.h"
+#include "controls/tab_strip.h"
+#include "controls/watched.h"
+#include "disk/texts.h"
 #include "shell/shell.h"
 
 #include <QAbstractButton>

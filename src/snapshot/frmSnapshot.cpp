@@ -1,16 +1,15 @@
 // The document: opening, drawing, saving, closing.
 #include "snapshot/frmSnapshot.h"
 
+#include "controls/message_box.h"
+#include "controls/panel_bar.h"
+#include "controls/screen.h"
+#include "controls/value_box.h"
+#include "disk/files.h"
+#include "disk/texts.h"
 #include "display/lmk.h"
-#include "platform/files.h"
-#include "platform/message_box.h"
-#include "platform/panel_bar.h"
-#include "platform/screen.h"
-#include "platform/texts.h"
-#include "platform/value_box.h"
-#include "shell/file_commands.h"
 #include "shell/shell.h"
-#include "snapshot/view_limits.h"
+#include "snapshot/rules/view_limits.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -193,7 +192,7 @@ void frmSnapshot::Form_Unload(bool& Cancel) {
             QLatin1String("Save changes to ") + TrimBlanks(sSnapFile.toLower()) + QLatin1Char('?');
         switch (MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("Snapshot"))) {
         case BoxAnswer::Cancel: Cancel = true; break;
-        case BoxAnswer::Yes: Cancel = !SaveSnapshotBeforeClosing(*this); break;
+        case BoxAnswer::Yes: Cancel = !SaveBeforeClosing(this); break;
         default: break;
         }
     }

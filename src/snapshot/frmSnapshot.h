@@ -1,9 +1,9 @@
 #pragma once
 
-#include "platform/memory_block.h"
-#include "platform/picture_box.h"
-#include "snapshot/addressing.h"
-#include "snapshot/block.h"
+#include "base/memory_block.h"
+#include "controls/picture_box.h"
+#include "snapshot/rules/addressing.h"
+#include "snapshot/rules/block.h"
 
 #include <QString>
 #include <QWidget>

@@ -20,8 +20,8 @@
 #include "snapshot/frmSnapshot.h"
 
 #include "shell/shell.h"
-#include "snapshot/block.h"
 #include "snapshot/frmClip.h"
+#include "snapshot/rules/block.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,13 +1,13 @@
 #include "snapshot/frmSnapshot.h"
 
-#include "platform/files.h"
-#include "platform/message_box.h"
-#include "shell/file_commands.h"
+#include "controls/common_dialog.h"
+#include "controls/message_box.h"
+#include "disk/files.h"
 #include "shell/shell.h"
 #include "snapshot/bitmap_export.h"
-#include "snapshot/block.h"
 #include "snapshot/frmClip.h"
-#include "snapshot/raw_export.h"
+#include "snapshot/rules/block.h"
+#include "snapshot/rules/raw_export.h"
 
 #include <QPointer>
 

@@ -1,17 +1,17 @@
 // Controls, their places, zoom, status bar, activation.
-#include "platform/accessible_role.h"
-#include "platform/colour_button.h"
-#include "platform/mouse_filter.h"
-#include "platform/panel_bar.h"
-#include "platform/spin_bar.h"
-#include "platform/texts.h"
-#include "platform/twips.h"
-#include "platform/value_box.h"
-#include "platform/whole_pixels.h"
+#include "base/twips.h"
+#include "controls/accessible_role.h"
+#include "controls/colour_button.h"
+#include "controls/mouse_filter.h"
+#include "controls/panel_bar.h"
+#include "controls/spin_bar.h"
+#include "controls/value_box.h"
+#include "controls/whole_pixels.h"
+#include "disk/texts.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
-#include "snapshot/navigation.h"
-#include "snapshot/view_limits.h"
+#include "snapshot/rules/navigation.h"
+#include "snapshot/rules/view_limits.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -1,11 +1,11 @@
 // Display mode, flip and attribute.
-#include "platform/colour_button.h"
-#include "platform/screen_colour.h"
-#include "platform/spin_bar.h"
-#include "platform/value_box.h"
+#include "controls/colour_button.h"
+#include "controls/screen_colour.h"
+#include "controls/spin_bar.h"
+#include "controls/value_box.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
-#include "snapshot/view_limits.h"
+#include "snapshot/rules/view_limits.h"
 
 namespace lumrake {
 

@@ -5,15 +5,15 @@
 // view changes and the picture is redrawn. A write of the same text raises nothing, so that an operation at
 // a limit draws nothing. A correction inside txtValue_Change writes to the box and so runs it once more,
 // inside itself: the inner run finds a legal number and draws, the outer one draws again.
-#include "platform/message_box.h"
-#include "platform/mouse_filter.h"
-#include "platform/numbers.h"
-#include "platform/spin_bar.h"
-#include "platform/value_box.h"
+#include "base/numbers.h"
+#include "controls/message_box.h"
+#include "controls/mouse_filter.h"
+#include "controls/spin_bar.h"
+#include "controls/value_box.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
-#include "snapshot/navigation.h"
-#include "snapshot/view_limits.h"
+#include "snapshot/rules/navigation.h"
+#include "snapshot/rules/view_limits.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

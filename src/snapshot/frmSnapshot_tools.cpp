@@ -2,8 +2,8 @@
 // handed to it. The net is told in frmSnapshot_net.cpp, the block of a paste in frmSnapshot_clipboard.cpp.
 #include "snapshot/frmSnapshot.h"
 
-#include "platform/numbers.h"
-#include "platform/pictures.h"
+#include "base/numbers.h"
+#include "controls/pictures.h"
 #include "shell/shell.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "animation/frmAnimSetup.h"
 #include "animation/frmAnimation.h"
-#include "platform/picture_box.h"
+#include "controls/picture_box.h"
 #include "support/forms_support.h"
 #include "support/when_open.h"
 

@@ -1,7 +1,7 @@
 /// The player and its setup dialog.
 #include "animation/anim_support.h"
-#include "animation/animation_commands.h"
-#include "platform/tab_strip.h"
+#include "controls/tab_strip.h"
+#include "shell/window/animation_commands.h"
 #include "snapshot/frmColours.h"
 #include "snapshot/frmSnapshot.h"
 

@@ -1,7 +1,7 @@
-#include "animation/animation_record.h"
-#include "animation/layout.h"
-#include "animation/setup_rules.h"
-#include "animation/stepping.h"
+#include "animation/rules/animation_record.h"
+#include "animation/rules/layout.h"
+#include "animation/rules/setup_rules.h"
+#include "animation/rules/stepping.h"
 
 #include <gtest/gtest.h>
 

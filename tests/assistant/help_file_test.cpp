@@ -1,4 +1,4 @@
-#include "assistant/help_file.h"
+#include "assistant/rules/help_file.h"
 
 #include <gtest/gtest.h>
 

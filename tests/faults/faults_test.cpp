@@ -1,10 +1,10 @@
 /// What stands on the disk, and what the user knows of it, after any call to the system has failed.
 #include "animation/anim_support.h"
-#include "animation/animation_commands.h"
+#include "disk/system_calls.h"
 #include "faults/fault_shim.h"
 #include "faults/file_stage.h"
-#include "platform/system_calls.h"
-#include "shell/file_commands.h"
+#include "shell/window/animation_commands.h"
+#include "shell/window/file_commands.h"
 
 #include <QDir>
 

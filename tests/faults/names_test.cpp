@@ -1,6 +1,6 @@
 /// Files with all kinds of names, and files that somebody changed behind the program's back.
 #include "faults/file_stage.h"
-#include "shell/file_commands.h"
+#include "shell/window/file_commands.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 /// An .ANM file of any bytes with any snapshot behind it: it is held for use, stepped in all ways and drawn.
 /// The first 759 bytes are the record (a short input is filled up with 0), the rest is the snapshot.
-#include "animation/animation_record.h"
-#include "animation/stepping.h"
+#include "animation/rules/animation_record.h"
+#include "animation/rules/stepping.h"
 #include "display/lmk.h"
 #include "fuzz/require.h"
 

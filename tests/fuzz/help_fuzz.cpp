@@ -1,8 +1,8 @@
 /// Any bytes as a help file: the reader comes to an end, reads what a plain reader of single bytes reads, and
 /// finds exactly the prompts that follow a key.
-#include "assistant/help_file.h"
+#include "assistant/rules/help_file.h"
+#include "base/numbers.h"
 #include "fuzz/require.h"
-#include "platform/numbers.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,10 +1,10 @@
 /// Any text as a number: what is read is what the C library reads from the prefix that counts, it stays inside
 /// the field it goes to, and the texts that pass the tests of a dialog hold numbers in their limits. The lines of
 /// the input are the fields of a dialog.
-#include "animation/setup_rules.h"
+#include "animation/rules/setup_rules.h"
+#include "base/numbers.h"
 #include "fuzz/require.h"
-#include "platform/numbers.h"
-#include "preferences/prefs_rules.h"
+#include "preferences/rules/prefs_rules.h"
 
 #include <array>
 #include <regex>

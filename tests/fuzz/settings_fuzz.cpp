@@ -2,9 +2,9 @@
 /// limits whatever they hold. The bytes behind the record are the file's length.
 #include "display/lmk.h"
 #include "fuzz/require.h"
-#include "preferences/prefs_rules.h"
-#include "shell/settings.h"
-#include "snapshot/view_limits.h"
+#include "preferences/rules/prefs_rules.h"
+#include "shell/rules/settings.h"
+#include "snapshot/rules/view_limits.h"
 
 #include <algorithm>
 #include <cstring>

@@ -2,7 +2,7 @@
 /// is written is one bit. 21 bytes say offset, width, lines, columns, options and attribute; the rest is memory.
 #include "display/lmk.h"
 #include "fuzz/require.h"
-#include "snapshot/addressing.h"
+#include "snapshot/rules/addressing.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-#include "platform/tab_strip.h"
+#include "controls/tab_strip.h"
 #include "preferences/frmPrefs.h"
 #include "snapshot/frmColours.h"
 #include "support/forms_support.h"

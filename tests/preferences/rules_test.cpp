@@ -1,5 +1,5 @@
-#include "preferences/palette_rules.h"
-#include "preferences/prefs_rules.h"
+#include "preferences/rules/palette_rules.h"
+#include "preferences/rules/prefs_rules.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "platform/clock.h"
-#include "platform/texts.h"
-#include "platform/toolbar.h"
-#include "shell/frmMain.h"
-#include "shell/startup.h"
+#include "base/clock.h"
+#include "controls/toolbar.h"
+#include "disk/texts.h"
+#include "shell/window/frmMain.h"
+#include "shell/window/shut_down.h"
+#include "shell/window/startup.h"
 #include "support/forms_support.h"
 
 #include <QAction>

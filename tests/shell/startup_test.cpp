@@ -1,6 +1,6 @@
 #include "shell/main_stage.h"
 
-#include "shell/file_commands.h"
+#include "shell/window/file_commands.h"
 
 #include <QApplication>
 

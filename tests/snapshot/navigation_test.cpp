@@ -1,5 +1,5 @@
-#include "snapshot/navigation.h"
-#include "snapshot/view_limits.h"
+#include "snapshot/rules/navigation.h"
+#include "snapshot/rules/view_limits.h"
 
 #include <gtest/gtest.h>
 

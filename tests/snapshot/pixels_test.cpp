@@ -1,6 +1,6 @@
 /// One pixel, a block of pixels and whole rows of them, in the bytes of a file.
-#include "snapshot/block.h"
-#include "snapshot/raw_export.h"
+#include "snapshot/rules/block.h"
+#include "snapshot/rules/raw_export.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/panel_bar.h"
-#include "platform/spin_bar.h"
-#include "platform/value_box.h"
+#include "controls/panel_bar.h"
+#include "controls/spin_bar.h"
+#include "controls/value_box.h"
 #include "snapshot/frmClip.h"
 #include "snapshot/frmSnapshot.h"
 #include "support/forms_support.h"

@@ -1,5 +1,5 @@
 /// A snapshot window as a document, and the controls around its picture.
-#include "platform/colour_button.h"
+#include "controls/colour_button.h"
 #include "snapshot/snapshot_probe.h"
 
 #include <QClipboard>

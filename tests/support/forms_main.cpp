@@ -1,4 +1,4 @@
-#include "platform/screen.h"
+#include "controls/screen.h"
 
 #include <QApplication>
 

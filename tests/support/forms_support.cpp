@@ -1,5 +1,10 @@
 #include "support/forms_support.h"
 
+#include "animation/frmAnimation.h"
+#include "shell/window/animation_commands.h"
+#include "shell/window/file_commands.h"
+#include "snapshot/frmSnapshot.h"
+
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QMenu>
@@ -42,6 +47,13 @@ Stage::~Stage() {
     SetMessageBoxAnswerer({});
     SetFileDialogAnswerer({});
     SetProgramDirectory(QString());
+}
+
+bool Stage::SaveBeforeClosing(QWidget* child) {
+    if (auto* snapshot = dynamic_cast<frmSnapshot*>(child)) {
+        return SaveSnapshotBeforeClosing(*snapshot);
+    }
+    return SaveAnimationBeforeClosing(dynamic_cast<frmAnimation&>(*child));
 }
 
 int Stage::TakeNotices(const QString& notice) {

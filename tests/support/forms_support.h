@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/common_dialog.h"
-#include "platform/message_box.h"
+#include "controls/common_dialog.h"
+#include "controls/message_box.h"
 #include "shell/shell.h"
 
 #include <QFile>
@@ -56,6 +56,8 @@ class Stage : public ShellNotices {
     void UpdateToolbars(const QString& kind, bool enable) override {
         notices.push_back(u"UpdateToolbars %1 %2"_qs.arg(kind).arg(enable ? 1 : 0));
     }
+
+    bool SaveBeforeClosing(QWidget* child) override;
 
   private:
     QTemporaryDir directory_;

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "animation/rules/animation_record.h"
+#include "snapshot/rules/addressing.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace lumrake {
+
+/// The fields of the setup dialog that are tested.
+enum class SetupField { SnapFile, Offset, Width, Lines, Frames, Step, Repeat, Pause };
+
+/// What stands in the dialog, as far as it is tested. Texts are UTF-8, as typed.
+struct SetupTexts {
+    std::string sSnapFile;
+    std::string sOffset, sWidth, sLines, sFrames, sStep, sPause;
+    int iRepeatIndex = -1;     ///< place in the list of repeat types, -1 for none
+    bool bSnapFileCut = false; ///< sSnapFile is what the field took of a longer name
+};
+
+/// The first fault found, and what the user is told about it.
+struct SetupFault {
+    SetupField field;
+    std::string sMessage;
+};
+
+/// Tests the fields from the file name to the pause and gives the first fault, or nothing when all is well.
+/// `lSnapLength` is the length in bytes of the file that sSnapFile names, nothing when there is no such file.
+/// A text that does not begin with a number counts as 0; numbers are rounded to whole ones, a half to the
+/// even neighbour. A number that passes fits its field of the record.
+std::optional<SetupFault> ValidateSettings(const SetupTexts& texts, std::optional<std::int64_t> lSnapLength);
+
+/// The step to propose when width or lines were left: that of frames which stand close together.
+std::string ProposedStep(const std::string& sWidth, const std::string& sLines, std::int16_t iMode);
+
+/// Modes in the order of the dialog's list, and the place of a mode in it, -1 for a mode without one.
+inline constexpr std::array<std::int16_t, 3> kListedModes = {kGraphics, kLineMasks, kByteMasks};
+int ModeIndex(std::int16_t iMode);
+
+/// Notes with the line breaks of the screen (LF) from those of the record: CR LF; a CR or LF alone counts as one
+/// too.
+std::string NotesOnScreen(std::string_view record);
+/// Notes of the screen as the record takes them, with CR LF. Where they do not fit so, and came out of a record
+/// (`old`, as it is read) that has shorter line breaks, they get LF alone.
+std::string NotesInRecord(std::string_view screen, std::string_view old);
+
+} // namespace lumrake

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "base/memory_block.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+
+class QIODevice;
+
+namespace lumrake {
+
+/// The result of work on a file: nothing when it went well, else the system's reason in its own words.
+using FileError = std::optional<QString>;
+
+/// The last component of a path. "/" and "\" both end a directory; with neither in it the empty text.
+QString FileTitleOf(const QString& sPath);
+
+/// The true path of an existing file: `path` itself when it is there, else the one file that differs from it
+/// only in letter case, looked for component by component, and in blanks at its end, which records do not keep.
+/// Nothing when there is none, or more than one; a symbolic link that leads nowhere is none.
+/// Directories are found as well: what can be done with them is for the reader to say.
+std::optional<QString> FindFile(const QString& path);
+
+/// All files that a path from a record may mean, where it stands in lower case and without blanks at its end. With
+/// `isCut` the record may have had no room for the rest: then files with longer names that begin so count as well.
+QStringList FilesOfStoredPath(const QString& path, bool isCut);
+
+/// Where a file goes whose name the program makes new from what a dialog gave: the directory as it stands and
+/// the name, without the blanks round it, in lower case. A file that is already there under `chosen`'s own
+/// spelling, or else the one that differs only in case, is meant instead: then `exists` is true and `path` is
+/// that file. Where several differ only in case, none of them is meant.
+struct NewFile {
+    QString path;
+    bool exists = false;
+};
+NewFile PathForNewFile(const QString& chosen);
+
+/// True when the system says that nothing stands at `path`; false as well when it cannot say.
+bool IsMissing(const QString& path);
+
+/// Length in bytes of a regular file, or nothing when it cannot be had.
+std::optional<std::int64_t> FileLength(const QString& path);
+
+/// Reads the whole file, or the first `limit` bytes of it, into memory of its own in one pass.
+/// `target` is left alone on failure. What is no regular file (a directory, a pipe), and a file that ends
+/// before its length, is a failure.
+FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit = INT64_MAX);
+
+/// Makes the file hold exactly `bytes`: they go to a temporary file beside it, are brought to the disk, and
+/// the new file takes the place of the old one in one step, so that whatever fails leaves the old file as it
+/// was. Symbolic links are followed. All rights are kept (mode bits, group, access lists, other extended attributes),
+/// or nothing is written; the owner as far as the system lets the user. A file without any write permission and what
+/// is no regular file are refused. When only the new name in the directory cannot be brought to the disk, that is a
+/// failure as well, although the new file stands there.
+FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes);
+
+/// The same for contents that a function writes into the open device; it says false when it failed.
+FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write);
+
+/// Writes `record` as the first bytes of the file and keeps what stands behind it. Atomic as WriteWholeFile.
+/// Nothing is written when the old tail cannot be read.
+FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record);
+
+} // namespace lumrake

@@ -1,0 +1,183 @@
+#include "disk/system_calls.h"
+
+#if defined(__unix__) || defined(__APPLE__)
+#include <cerrno>
+#include <csignal>
+#include <cstdint>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#elif defined(_WIN32)
+#include <io.h>
+#endif
+#if defined(__linux__)
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+#include <sys/xattr.h>
+#include <vector>
+#endif
+
+namespace lumrake {
+
+namespace {
+
+#if defined(__unix__) || defined(__APPLE__)
+bool Fails(int error) {
+    errno = error;
+    return false;
+}
+
+/// Owner and group of `old`. Only the administrator gives a file away: it may stay with the one who saves, unless
+/// it runs in its owner's name. A foreign group is made up for only where it may do no more and no less than
+/// everybody.
+bool KeepOwner(const struct stat& old, int handle) {
+    constexpr uid_t kAsItIs = static_cast<uid_t>(-1);
+    struct stat now {};
+    if (fstat(handle, &now) != 0) {
+        return false;
+    }
+    if ((now.st_uid == old.st_uid && now.st_gid == old.st_gid) ||
+        fchown(handle, old.st_uid, old.st_gid) == 0) {
+        return true;
+    }
+    const bool notAllowed =
+        errno == EPERM || errno == EINVAL; // EINVAL: a user whom a container does not know
+    if (!notAllowed || (now.st_uid != old.st_uid && (old.st_mode & S_ISUID) != 0)) {
+        return false;
+    }
+    const bool likeEverybody =
+        (old.st_mode & S_ISGID) == 0 && (old.st_mode & S_IRWXG) >> 3 == (old.st_mode & S_IRWXO);
+    return now.st_gid == old.st_gid || fchown(handle, kAsItIs, old.st_gid) == 0 || likeEverybody;
+}
+#endif
+
+#if defined(__linux__)
+constexpr const char* kAccessList = "system.posix_acl_access";
+
+/// Check sums of the contents, which the system keeps itself.
+bool IsOfTheContents(std::string_view attribute) {
+    return attribute == "security.ima" || attribute == "security.evm";
+}
+
+/// The extended attributes, of which an access list is one. A file system that knows none has none to keep.
+bool KeepAttributes(const char* path, int handle) {
+    constexpr std::size_t kLongest = 65536; // bytes of all names, or of a value
+    std::vector<char> names(kLongest), old(kLongest), now(kLongest);
+    const ssize_t length = listxattr(path, names.data(), names.size());
+    if (length < 0 && errno != ENOTSUP) {
+        return false;
+    }
+    const char* const end = names.data() + std::max<ssize_t>(length, 0);
+    bool hasAccessList = false;
+    for (const char* name = names.data(); name < end; name += std::strlen(name) + 1) {
+        if (IsOfTheContents(name)) {
+            continue;
+        }
+        hasAccessList = hasAccessList || std::string_view(name) == kAccessList;
+        const ssize_t size = getxattr(path, name, old.data(), old.size());
+        if (size < 0) {
+            return false;
+        }
+        const auto bytes = static_cast<std::size_t>(size);
+        const bool same = fgetxattr(handle, name, now.data(), now.size()) == size &&
+                          std::memcmp(now.data(), old.data(), bytes) == 0;
+        if (!same && fsetxattr(handle, name, old.data(), bytes, 0) != 0) {
+            return false;
+        }
+    }
+    // A directory may have given the new file a list that the old one does not have.
+    return hasAccessList || fgetxattr(handle, kAccessList, nullptr, 0) < 0 ||
+           fremovexattr(handle, kAccessList) == 0;
+}
+#elif defined(__unix__) || defined(__APPLE__)
+bool KeepAttributes(const char*, int) {
+    return true;
+}
+#endif
+
+} // namespace
+
+void AdviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
+#if defined(__linux__)
+    constexpr std::uintptr_t kLargePage = std::uintptr_t{2} << 20;
+    const std::uintptr_t address = reinterpret_cast<std::uintptr_t>(memory);
+    const std::uintptr_t begin = (address + kLargePage - 1) & ~(kLargePage - 1);
+    const std::uintptr_t end = (address + size) & ~(kLargePage - 1);
+    if (begin < end) {
+        madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+    }
+#endif
+}
+
+std::int64_t LengthOfFile(int handle) {
+#if defined(_WIN32)
+    return _filelengthi64(handle);
+#else
+    struct stat file {};
+    return fstat(handle, &file) == 0 ? std::int64_t{file.st_size} : -1;
+#endif
+}
+
+bool SyncFile(int handle) {
+#if defined(_WIN32)
+    return _commit(handle) == 0;
+#else
+    int result = 0;
+    do {
+        result = fsync(handle);
+    } while (result != 0 && errno == EINTR);
+    // Files that cannot be synced by their nature (a pipe, some network shares) are not a failure.
+    return result == 0 || errno == EINVAL || errno == ENOTSUP;
+#endif
+}
+
+bool SyncDirectory([[maybe_unused]] const char* path) {
+#if defined(_WIN32)
+    return true;
+#else
+    const int handle = open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0) {
+        return errno == EACCES; // one may be allowed to write into it and not to read it
+    }
+    const bool synced = SyncFile(handle);
+    const int error = errno;
+    close(handle);
+    return synced || Fails(error);
+#endif
+}
+
+bool KeepRights([[maybe_unused]] const char* path, [[maybe_unused]] int handle) {
+#if defined(_WIN32)
+    return true;
+#else
+    constexpr mode_t kBits = 07777;
+    struct stat old {
+    }, now{};
+    // An owner takes bits away, and a list sets some: they come last.
+    if (stat(path, &old) != 0 || !KeepOwner(old, handle) || !KeepAttributes(path, handle) ||
+        fstat(handle, &now) != 0) {
+        return false;
+    }
+    if ((now.st_mode & kBits) == (old.st_mode & kBits)) {
+        return true;
+    }
+    if (fchmod(handle, old.st_mode & kBits) != 0 || fstat(handle, &now) != 0) {
+        return false;
+    }
+    // The bit of a group that is not the user's is left out without a word.
+    return (now.st_mode & kBits) == (old.st_mode & kBits) || Fails(EPERM);
+#endif
+}
+
+void HoldWriteSignals() {
+#if defined(SIGXFSZ)
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
+#if defined(SIGPIPE)
+    std::signal(SIGPIPE, SIG_IGN);
+#endif
+}
+
+} // namespace lumrake

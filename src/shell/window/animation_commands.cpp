@@ -1,0 +1,88 @@
+#include "shell/window/animation_commands.h"
+
+#include "animation/frmAnimSetup.h"
+#include "animation/frmAnimation.h"
+#include "base/numbers.h"
+#include "controls/common_dialog.h"
+#include "snapshot/frmSnapshot.h"
+
+#include <QPointer>
+
+namespace lumrake {
+
+namespace {
+
+const QString kFilter = QStringLiteral("Animation files (*.ANM)|*.ANM|All files (*.*)|*.*");
+
+/// A window that opens belongs to its frame in the main window; one that does not is let go at once.
+void OpenWindow(const QString& sFile, const QString& sSnapFile = {}) {
+    auto* child = new frmAnimation;
+    if (!child->Launch(sFile, sSnapFile)) {
+        delete child;
+    }
+}
+
+/// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
+std::optional<QString> AskName(const QPointer<frmAnimation>& animation) {
+    const std::optional<QString> sName =
+        AskNewFileName(QStringLiteral("Save animation file as..."), kFilter, animation->GetFilename());
+    return animation.isNull() ? std::nullopt : sName;
+}
+
+} // namespace
+
+void NewAnimation() {
+    OpenWindow(QString());
+}
+
+void OpenAnimationDialog() {
+    const QString sFile = AskOpenFileName(QStringLiteral("Open animation file..."), kFilter);
+    if (!sFile.isEmpty()) {
+        OpenWindow(sFile);
+    }
+}
+
+bool SaveAnimationCommand(frmAnimation& animation) {
+    const QString sFile = animation.GetFilename();
+    return sFile.isEmpty() ? SaveAnimationAs(animation) : animation.SaveAnimation(sFile);
+}
+
+bool SaveAnimationAs(frmAnimation& animation) {
+    const std::optional<QString> sNewName = AskName(&animation);
+    return sNewName && animation.SaveAnimation(*sNewName);
+}
+
+bool SaveAnimationBeforeClosing(frmAnimation& animation) {
+    std::optional<QString> sName = animation.GetFilename();
+    if (sName->isEmpty()) {
+        sName = AskName(&animation);
+    }
+    if (!sName || sName->isEmpty()) { // a new one is given up with its dialog
+        return true;
+    }
+    return SaveUntilGivenUp(
+        *sName, QStringLiteral("Animation"), [&animation] { return AskName(&animation); },
+        [&animation](const QString& sFile, QString* sReason) {
+            return animation.SaveAnimation(sFile, sReason);
+        });
+}
+
+void AnimateSnapshot(const frmSnapshot& snapshot) {
+    const std::int16_t iMode = snapshot.GetMode();
+    GlobalAnim.sSnapFile.Set(snapshot.GetFilename().toStdString());
+    GlobalAnim.iWidth = snapshot.GetWidth();
+    GlobalAnim.iLines = snapshot.GetLines();
+    GlobalAnim.lOffset = snapshot.GetOffset();
+    GlobalAnim.iFrames = snapshot.GetColumns();
+    GlobalAnim.byAttribute = static_cast<std::uint8_t>(snapshot.GetAttribute());
+    GlobalAnim.iMode = iMode == kScreen || iMode == kText ? std::int16_t{kGraphics} : iMode;
+    GlobalAnim.iUpsideDown = snapshot.GetUpsideDown();
+    GlobalAnim.iRepeat = kContinuous;
+    GlobalAnim.iPause = 100;
+    GlobalAnim.lStep = HeldTo<std::int32_t>(
+        static_cast<double>(FrameBytes(GlobalAnim.iMode, GlobalAnim.iWidth, GlobalAnim.iLines)));
+    GlobalAnim.sTitle.Set("New Animation");
+    OpenWindow(QString(), snapshot.GetFilename()); // whole, where the record has to cut it
+}
+
+} // namespace lumrake

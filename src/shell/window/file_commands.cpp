@@ -1,0 +1,141 @@
+#include "shell/window/file_commands.h"
+
+#include "controls/common_dialog.h"
+#include "controls/message_box.h"
+#include "disk/files.h"
+#include "disk/texts.h"
+#include "shell/shell.h"
+#include "snapshot/frmSnapshot.h"
+
+#include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace lumrake {
+
+namespace {
+
+const QString kOpenTitle = QStringLiteral("Open snapshot file...");
+const QString kOpenFilter = QStringLiteral(
+    "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|Raw files (*.RAW)|*.RAW|"
+    "All files (*.*)|*.*");
+const QString kSaveFilter = QStringLiteral(
+    "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|All files (*.*)|*.*");
+
+/// The true path beside each slot of the record, for this run; empty when the slot comes from an earlier run.
+std::array<QString, 4> truePaths;
+
+QString StoredPath(std::size_t slot) {
+    return QString::fromStdString(Settings.sRecentFile[slot].Trimmed());
+}
+
+/// The path may go on behind the end of the field: not even the longest character has room there.
+bool IsCut(std::size_t slot) {
+    const auto& bytes = Settings.sRecentFile[slot].Bytes();
+    return std::any_of(bytes.end() - 4, bytes.end(), [](char byte) { return byte != ' '; });
+}
+
+/// A window that opens belongs to its frame in the main window; one that does not open is let go at once.
+void OpenWindow(const QString& sFullName, const QString& sTitle) {
+    auto* child = new frmSnapshot;
+    if (!child->Launch(sFullName, sTitle)) {
+        delete child;
+    }
+}
+
+/// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
+std::optional<QString> AskName(const QPointer<frmSnapshot>& document) {
+    const std::optional<QString> sName =
+        AskNewFileName(QStringLiteral("Save snapshot file as..."), kSaveFilter, document->GetFilename());
+    return document.isNull() ? std::nullopt : sName;
+}
+
+} // namespace
+
+void OpenSnapshotFile(const QString& sFile) {
+    if (!sFile.isEmpty()) {
+        const QString sFullName = QFileInfo(sFile).absoluteFilePath(); // a bare name has no title
+        OpenWindow(sFullName, FileTitleOf(sFullName));
+        return;
+    }
+    const QString sChosen = AskOpenFileName(kOpenTitle, kOpenFilter);
+    if (!sChosen.isEmpty()) {
+        AddRecentFile(sChosen);
+        OpenWindow(sChosen, comDialog.FileTitle);
+    }
+}
+
+void OpenRecentFile(std::size_t slot) {
+    const QString sTrue = truePaths[slot], sStored = StoredPath(slot);
+    const QStringList meant = !sTrue.isEmpty() ? QStringList(sTrue) : FilesOfStoredPath(sStored, false);
+    const QStringList possible = sTrue.isEmpty() && IsCut(slot) ? FilesOfStoredPath(sStored, true) : meant;
+    if (possible.isEmpty() || IsMissing(possible[0])) { // one of another case is not meant
+        TellFileNotFound();
+    } else if (meant.size() == 1 && possible.size() == 1) {
+        OpenWindow(meant[0], FileTitleOf(meant[0]));
+    } else {
+        const QString sNear = possible.contains(sStored) ? sStored : possible[0];
+        const QString sChosen = AskOpenFileName(kOpenTitle, kOpenFilter, QFileInfo(sNear).path());
+        if (!sChosen.isEmpty()) {
+            OpenWindow(sChosen, comDialog.FileTitle);
+        }
+    }
+}
+
+void AddRecentFile(const QString& sFile) {
+    for (std::size_t slot = 3; slot > 0; --slot) {
+        Settings.sRecentFile[slot] = Settings.sRecentFile[slot - 1];
+        truePaths[slot] = truePaths[slot - 1];
+    }
+    Settings.sRecentFile[0].Set(sFile.toLower().toStdString());
+    truePaths[0] = sFile;
+    ShowRecentFiles();
+}
+
+std::array<QString, 4> RecentFiles() {
+    std::array<QString, 4> files;
+    for (std::size_t slot = 0; slot < files.size(); ++slot) {
+        // The menu shows the whole path of this run even where the record had to cut it.
+        const QString& sTrue = truePaths[slot];
+        files[slot] = sTrue.isEmpty() ? StoredPath(slot) : sTrue.toLower();
+    }
+    return files;
+}
+
+void ResetRecentFiles() {
+    truePaths.fill(QString());
+    ShowRecentFiles();
+}
+
+bool SaveSnapshot(frmSnapshot& document) {
+    const QString sFile = document.GetFilename();
+    return document.SaveSnap(sFile, FileTitleOf(sFile));
+}
+
+bool SaveSnapshotAs(frmSnapshot& document) {
+    const std::optional<QString> sNewName = AskName(&document);
+    if (!sNewName || !document.SaveSnap(*sNewName, FileTitleOf(*sNewName))) {
+        return false;
+    }
+    AddRecentFile(*sNewName);
+    return true;
+}
+
+bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
+    bool bAsked = false;
+    const auto askName = [&] {
+        bAsked = true;
+        return AskName(&document);
+    };
+    const auto save = [&](const QString& sFile, QString* sReason) {
+        const bool bSaved = document.SaveSnap(sFile, FileTitleOf(sFile), sReason);
+        if (bSaved && bAsked) {
+            AddRecentFile(sFile);
+        }
+        return bSaved;
+    };
+    return SaveUntilGivenUp(document.GetFilename(), QStringLiteral("Save"), askName, save);
+}
+
+} // namespace lumrake

@@ -1,0 +1,33 @@
+#include "shell/window/shut_down.h"
+
+#include "shell/shell.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace lumrake {
+
+namespace {
+
+std::function<void()>& ProcessEnd() {
+    static std::function<void()> end;
+    return end;
+}
+
+} // namespace
+
+void ShutDown() {
+    SaveSettings();
+    if (ProcessEnd()) {
+        ProcessEnd()();
+        return;
+    }
+    // At once: a command may still be waiting in a loop of events further up, and nothing is left to do.
+    std::_Exit(EXIT_SUCCESS);
+}
+
+void SetProcessEnd(std::function<void()> end) {
+    ProcessEnd() = std::move(end);
+}
+
+} // namespace lumrake

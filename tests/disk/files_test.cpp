@@ -1,0 +1,57 @@
+#include "disk/files.h"
+#include "support/forms_support.h"
+
+#include <QDir>
+
+#include <sys/stat.h>
+
+namespace lumrake {
+namespace {
+
+using testing::NoiseBytes;
+using testing::Stage;
+
+TEST(Files, AreFoundWithoutRegardToCaseWhenThereIsOne) {
+    const Stage stage;
+    const auto find = [&stage](const char* name) { return FindFile(stage.Path(QString::fromLatin1(name))); };
+    QDir(stage.Path(QString())).mkpath(QStringLiteral("Games/Old"));
+    const QString sHero = stage.MakeFile(QStringLiteral("Games/Old/Hero.SNA"), NoiseBytes(3));
+    EXPECT_EQ(find("games/old/hero.sna"), sHero);
+    EXPECT_EQ(find("games/old/none.sna"), std::nullopt);
+    EXPECT_EQ(FindFile(QString()), std::nullopt);
+    stage.MakeFile(QStringLiteral("Games/Old/hero.sna"), NoiseBytes(4));
+    EXPECT_EQ(find("Games/Old/Hero.SNA"), sHero);
+    EXPECT_EQ(find("Games/Old/HERO.sna"), std::nullopt) << "it is not known which one is meant";
+    ASSERT_TRUE(QFile::link(stage.Path(QStringLiteral("none")), stage.Path(QStringLiteral("Nowhere"))));
+    EXPECT_EQ(find("Nowhere"), std::nullopt);
+    EXPECT_EQ(find("nowhere"), std::nullopt);
+}
+
+TEST(Files, ANewNameThatMayMeanTwoFilesMeansNeither) {
+    const Stage stage;
+    for (const char* name : {"SCREEN.bmp", "ScReEn.bmp"}) {
+        stage.MakeFile(QLatin1String(name), NoiseBytes(1));
+    }
+    EXPECT_EQ(PathForNewFile(stage.Path(u" Screen.BMP "_qs)).path, stage.Path(u"screen.bmp"_qs));
+    EXPECT_TRUE(PathForNewFile(QString()).path.isEmpty());
+}
+
+TEST(Files, AFirstRecordKeepsTheTailBehindIt) {
+    const Stage stage;
+    auto bytes = NoiseBytes(20);
+    const QString sFile = stage.MakeFile(QStringLiteral("records"), bytes);
+    const auto record = NoiseBytes(8, 2);
+    ASSERT_EQ(WriteFirstRecord(sFile, record), std::nullopt);
+    std::copy(record.begin(), record.end(), bytes.begin());
+    EXPECT_EQ(stage.ReadFile(QStringLiteral("records")), bytes);
+
+    MemoryBlock block;
+    ASSERT_EQ(ReadWholeFile(sFile, block, 5), std::nullopt);
+    const QString pipe = stage.Path(QStringLiteral("pipe")); // nobody writes into it
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_NE(ReadWholeFile(pipe, block), std::nullopt);
+    EXPECT_EQ(block.size(), 5U);
+}
+
+} // namespace
+} // namespace lumrake
