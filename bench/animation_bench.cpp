@@ -28,7 +28,7 @@ struct Player {
         record.lFileLength = 48 * 1024;
         record.byAttribute = 56;
         const QString file = FilePath(Place::Memory, QStringLiteral("walk.anm"));
-        opened = !WriteWholeFile(file, EncodeAnimation(record)) && form.Launch(file);
+        opened = WriteWholeFile(file, EncodeAnimation(record)).IsDone() && form.Launch(file);
         QCoreApplication::processEvents();
     }
 

@@ -35,7 +35,7 @@ void BitmapsOurs(benchmark::State& state) {
     const QString source = ViewsFile();
     for (auto _ : state) {
         MemoryBlock bytes;
-        bool done = !ReadWholeFile(source, bytes);
+        bool done = ReadWholeFile(source, bytes).IsDone();
         lmk::DeviceContext context;
         for (int view = 0; view < kViews && done; ++view) {
             lmk::zxShowMem(&context, bytes.data(), view * kViewBytes, kViews * kViewBytes, 256, 192, 1,
@@ -101,7 +101,7 @@ void RawOurs(benchmark::State& state) {
             const auto from = rows.Row(row);
             bytes.insert(bytes.end(), from.begin(), from.end());
         }
-        if (WriteWholeFile(FilePath(Place::Memory, QStringLiteral("rows.raw")), bytes)) {
+        if (WriteWholeFile(FilePath(Place::Memory, QStringLiteral("rows.raw")), bytes).IsNotDone()) {
             state.SkipWithError("the file can't be written");
         }
     }
@@ -129,7 +129,7 @@ void OpenOurs(benchmark::State& state, std::int64_t length) {
     const QString path = FileOf(Place::Disk, length);
     for (auto _ : state) {
         MemoryBlock bytes;
-        if (ReadWholeFile(path, bytes)) {
+        if (ReadWholeFile(path, bytes).IsNotDone()) {
             state.SkipWithError("the file can't be read");
         }
     }
@@ -162,8 +162,7 @@ void SaveOurs(benchmark::State& state) {
         }
     }
     for (auto _ : state) {
-        QString reason;
-        if (!form->SaveSnap(path, QStringLiteral("saved.sna"), &reason)) {
+        if (form->SaveSnap(path, QStringLiteral("saved.sna")).IsNotDone()) {
             state.SkipWithError("the file can't be saved");
         }
     }

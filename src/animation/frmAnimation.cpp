@@ -67,14 +67,14 @@ bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
 }
 
 bool frmAnimation::ReadRecord(const QString& sFile) {
-    const QString sDoing = QStringLiteral("The animation %1 could not be opened.").arg(sFile.toLower());
     MemoryBlock bytes;
-    if (const FileError error = ReadWholeFile(sFile, bytes, kAnimationBytes)) {
-        TellFileError(sDoing, *error, kTitle);
-        return false;
+    Outcome read = ReadWholeFile(sFile, bytes, kAnimationBytes);
+    if (read.IsDone() && bytes.size() < kAnimationBytes) {
+        read = Outcome::Failed(QStringLiteral("It is too short for an animation."));
     }
-    if (bytes.size() < kAnimationBytes) {
-        TellFileError(sDoing, QStringLiteral("It is too short for an animation."), kTitle);
+    if (!TellFailure(
+            read.During(QStringLiteral("The animation %1 could not be opened.").arg(sFile.toLower())),
+            kTitle)) {
         return false;
     }
     record = DecodeAnimation(bytes.Bytes().first<kAnimationBytes>());
@@ -108,29 +108,24 @@ bool frmAnimation::LoadSnapshot(const QString& sFile) {
     record = HeldForUse(record, static_cast<std::int32_t>(std::min<std::int64_t>(
                                     lBytes, std::numeric_limits<std::int32_t>::max())));
     // A record may ask for more bytes than the file has: they are not stored, the display reads them as 0.
-    if (const FileError error = ReadWholeFile(sFile, byMemory, record.lFileLength)) {
-        TellFileError(QStringLiteral("The snapshot %1 could not be read.").arg(sFile.toLower()), *error,
-                      kTitle);
-        return false;
-    }
-    return true;
+    const Outcome read = ReadWholeFile(sFile, byMemory, record.lFileLength);
+    return TellFailure(read.During(QStringLiteral("The snapshot %1 could not be read.").arg(sFile.toLower())),
+                       kTitle);
 }
 
-bool frmAnimation::SaveAnimation(const QString& sFilename, QString* sReason) {
+Outcome frmAnimation::SaveAnimation(const QString& sFilename) {
     if (sFilename.isEmpty()) {
-        return false;
+        return Outcome::CalledOff();
     }
     AnimationRecord saved = record;
     saved.sAnimFile.Set(sFilename.toStdString());
-    if (const FileError error = WriteWholeFile(sFilename, EncodeAnimation(saved))) {
-        TellFileError(QStringLiteral("The animation %1 could not be saved.").arg(sFilename.toLower()), *error,
-                      kTitle, sReason);
-        return false;
+    const Outcome written = WriteWholeFile(sFilename, EncodeAnimation(saved));
+    if (written.IsDone()) {
+        record = saved;
+        sFilePath = sFilename;
+        SetChanged(0);
     }
-    record = saved;
-    sFilePath = sFilename;
-    SetChanged(0);
-    return true;
+    return written.During(QStringLiteral("The animation %1 could not be saved.").arg(sFilename.toLower()));
 }
 
 void frmAnimation::AnimToGlobal() const {

@@ -4,6 +4,7 @@
 #include "animation/rules/stepping.h"
 #include "base/memory_block.h"
 #include "controls/watched.h"
+#include "disk/outcome.h"
 
 #include <QPushButton>
 #include <QString>
@@ -33,9 +34,9 @@ class frmAnimation : public QWidget {
     bool Launch(const QString& AnimFile, const QString& sSnapFile = {});
 
     /// Writes the record to `sFilename` and makes it this window's file. Nothing happens for an empty name.
-    /// False when nothing was written: the animation then keeps its name and stays changed. A failure is told
-    /// in a message box, or handed to the caller in `sReason` when that is given.
-    bool SaveAnimation(const QString& sFilename, QString* sReason = nullptr);
+    /// Unless it is done the animation keeps its name and stays changed;
+    /// the caller tells why.
+    Outcome SaveAnimation(const QString& sFilename);
 
     /// The true path of the file; empty for an animation that was never saved.
     QString GetFilename() const { return sFilePath; }

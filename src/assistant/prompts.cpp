@@ -34,7 +34,7 @@ QString TextOfPrompt(const std::string& prompt) {
 QString HelpPrompt(std::int32_t number) {
     const auto path = FindFile(QDir(ProgramDirectory()).filePath(QStringLiteral("LMKHELP.DAT")));
     MemoryBlock file;
-    if (!path || ReadWholeFile(*path, file)) {
+    if (!path || ReadWholeFile(*path, file).IsNotDone()) {
         return QStringLiteral(
             "It would appear that somebody has stolen the help file.  It's called LMKHELP.DAT and was "
             "last seen in the directory where you installed LMK.");

@@ -7,13 +7,13 @@
 
 namespace lumrake {
 
-FileError SavePicture(const QString& path, const lmk::BitPicture& picture, int factor) {
+Outcome SavePicture(const QString& path, const lmk::BitPicture& picture, int factor) {
     if (picture.Width() == 0 || picture.Height() == 0) {
-        return QStringLiteral("The picture is empty.");
+        return Outcome::Failed(QStringLiteral("The picture is empty."));
     }
     QImage image(picture.Width() * factor, picture.Height() * factor, QImage::Format_Mono);
     if (image.isNull()) {
-        return QStringLiteral("There is not enough memory for the picture.");
+        return Outcome::Failed(QStringLiteral("There is not enough memory for the picture."));
     }
     image.setColorTable({picture.backColour, picture.foreColour});
     const auto stride = static_cast<std::size_t>(image.bytesPerLine());

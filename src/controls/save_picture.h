@@ -10,6 +10,6 @@ namespace lumrake {
 /// factor pixels. The enlarged picture exists only meanwhile: 64 MiB for 65536 x 8192 pixels. A picture
 /// without width or height has no bitmap: that is a failure, as is a lack of memory. Atomic as
 /// WriteWholeFile.
-FileError SavePicture(const QString& path, const lmk::BitPicture& picture, int factor);
+Outcome SavePicture(const QString& path, const lmk::BitPicture& picture, int factor);
 
 } // namespace lumrake

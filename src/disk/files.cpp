@@ -89,8 +89,8 @@ bool IsTaken(const QString& path) {
     return info.exists() || info.isSymLink();
 }
 
-FileError ReasonOf(const std::error_code& failure) {
-    return QString::fromLocal8Bit(failure.message().c_str());
+Outcome ReasonOf(const std::error_code& failure) {
+    return Outcome::Failed(QString::fromLocal8Bit(failure.message().c_str()));
 }
 
 /// Where a save goes.
@@ -101,44 +101,44 @@ struct Target {
 
 /// Looks for the target, and says why an existing file must not get new contents, or nothing. The new file would take
 /// its place whatever it was.
-FileError FindTarget(const QString& path, Target& target) {
+Outcome FindTarget(const QString& path, Target& target) {
     namespace fs = std::filesystem;
     const fs::path given = QFileInfo(path).filesystemFilePath();
     target.path = path;
     std::error_code failure;
     const fs::file_status status = fs::status(given, failure);
     if (!fs::exists(status) && fs::status_known(status)) {
-        return std::nullopt;
+        return Outcome::Done();
     }
     if (failure) {
         return ReasonOf(failure);
     }
     if (fs::is_directory(status)) {
-        return kDirectory;
+        return Outcome::Failed(kDirectory);
     }
     if (!fs::is_regular_file(status)) { // a pipe or a device would be gone
-        return kNotRegular;
+        return Outcome::Failed(kNotRegular);
     }
     // Left alone even by the administrator, whom the system would let through.
     constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
     if ((status.permissions() & kAnyWrite) == fs::perms::none) {
-        return QStringLiteral("The file is write-protected.");
+        return Outcome::Failed(QStringLiteral("The file is write-protected."));
     }
     QFile file(path); // only the system knows the reason: a read-only disk, no permission, a running program
     if (!file.open(QIODevice::Append | QIODevice::ExistingOnly)) {
-        return file.errorString();
+        return Outcome::Failed(file.errorString());
     }
     target.path = QFileInfo(fs::canonical(given, failure)).filePath();
     target.exists = true;
-    return failure ? ReasonOf(failure) : std::nullopt;
+    return failure ? ReasonOf(failure) : Outcome::Done();
 }
 
 /// Gives the new file what says who may do what with the old one.
-FileError TakeOverRights(const Target& target, const QSaveFile& file) {
+Outcome TakeOverRights(const Target& target, const QSaveFile& file) {
     if (!target.exists || KeepRights(QFile::encodeName(target.path).constData(), file.handle())) {
-        return std::nullopt;
+        return Outcome::Done();
     }
-    return QLatin1String("Its rights cannot be kept: ") + qt_error_string();
+    return Outcome::Failed(QLatin1String("Its rights cannot be kept: ") + qt_error_string());
 }
 
 /// Where the bytes for the file at `path` go. A temporary file beside it has a dot and six letters more, which a
@@ -158,7 +158,7 @@ QString StandInFor(const QString& path) {
 }
 
 /// Lets `standIn` take the place of the file at `path`.
-FileError Rename(const QString& standIn, const QString& path) {
+Outcome Rename(const QString& standIn, const QString& path) {
     std::error_code failure;
     std::filesystem::rename(QFileInfo(standIn).filesystemFilePath(), QFileInfo(path).filesystemFilePath(),
                             failure);
@@ -166,7 +166,7 @@ FileError Rename(const QString& standIn, const QString& path) {
         QFile::remove(standIn);
         return ReasonOf(failure);
     }
-    return std::nullopt;
+    return Outcome::Done();
 }
 
 /// Writes all bytes. A disk that runs full takes a part without a word and says why it refuses only when it is
@@ -241,91 +241,92 @@ std::optional<std::int64_t> FileLength(const QString& path) {
     return failure ? std::nullopt : std::optional(static_cast<std::int64_t>(length));
 }
 
-FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit) {
+Outcome ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit) {
     QFile file(path);
     const QFileInfo info(path);
     if (info.isDir()) {
-        return kDirectory;
+        return Outcome::Failed(kDirectory);
     }
     if (info.exists() && !info.isFile()) { // a pipe would be waited for, a device has no length
-        return kNotRegular;
+        return Outcome::Failed(kNotRegular);
     }
     // Unbuffered: the bytes go from the system straight into their place.
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        return file.errorString();
+        return Outcome::Failed(file.errorString());
     }
     // The toolkit takes a length that the system does not tell for 0.
     const std::int64_t length = std::min(LengthOfFile(file.handle()), limit);
     if (length < 0) {
-        return qt_error_string();
+        return Outcome::Failed(qt_error_string());
     }
     MemoryBlock block(static_cast<std::size_t>(length));
     AdviseLargePages(block.data(), block.size());
     if (length > 0 && block.size() == 0) {
-        return QStringLiteral("There is not enough memory for it.");
+        return Outcome::Failed(QStringLiteral("There is not enough memory for it."));
     }
     std::int64_t done = 0;
     while (done < length) {
         const qint64 count = file.read(reinterpret_cast<char*>(block.data()) + done, length - done);
         if (count < 0) {
-            return file.errorString();
+            return Outcome::Failed(file.errorString());
         }
         if (count == 0) {
-            return QStringLiteral("The file ended before its length.");
+            return Outcome::Failed(QStringLiteral("The file ended before its length."));
         }
         done += count;
     }
     target = std::move(block);
-    return std::nullopt;
+    return Outcome::Done();
 }
 
-FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write) {
+Outcome WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write) {
     Target target;
-    if (const FileError error = FindTarget(path, target)) {
-        return error;
+    if (const Outcome outcome = FindTarget(path, target); outcome.IsNotDone()) {
+        return outcome;
     }
     const QString standIn = StandInFor(target.path);
     QSaveFile file(standIn); // it follows a link that leads nowhere yet
     if (!file.open(QIODevice::WriteOnly)) {
-        return file.errorString();
+        return Outcome::Failed(file.errorString());
     }
-    if (const FileError error = TakeOverRights(target, file)) {
-        return error;
+    if (const Outcome outcome = TakeOverRights(target, file); outcome.IsNotDone()) {
+        return outcome;
     }
     if (!write(file) || !file.flush()) {
-        return WriteErrorOf(file);
+        return Outcome::Failed(WriteErrorOf(file));
     }
-    if (const FileError error = TakeOverRights(target, file)) { // what the write took away
-        return error;
+    if (const Outcome outcome = TakeOverRights(target, file);
+        outcome.IsNotDone()) { // what the write took away
+        return outcome;
     }
     if (!SyncFile(file.handle())) {
-        return qt_error_string();
+        return Outcome::Failed(qt_error_string());
     }
     if (!file.commit()) {
-        return file.errorString();
+        return Outcome::Failed(file.errorString());
     }
     if (standIn != target.path) {
-        if (const FileError error = Rename(standIn, target.path)) {
-            return error;
+        if (const Outcome outcome = Rename(standIn, target.path); outcome.IsNotDone()) {
+            return outcome;
         }
     }
     const QByteArray directory = QFile::encodeName(QFileInfo(target.path).path());
-    return SyncDirectory(directory.constData()) ? std::nullopt : FileError(qt_error_string());
+    return SyncDirectory(directory.constData()) ? Outcome::Done() : Outcome::Failed(qt_error_string());
 }
 
-FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
+Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
     return WriteFileWith(path, [bytes](QIODevice& device) { return WriteAll(device, bytes); });
 }
 
-FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
+Outcome WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
     MemoryBlock old;
     Target target;
-    if (const FileError error = FindTarget(path, target)) {
-        return error;
+    if (const Outcome outcome = FindTarget(path, target); outcome.IsNotDone()) {
+        return outcome;
     }
     if (target.exists) {
-        if (const FileError error = ReadWholeFile(path, old)) {
-            return error;
+        if (const Outcome outcome = ReadWholeFile(path, old); outcome.IsNotDone()) {
+            return outcome;
         }
     }
     const auto tail = old.Bytes().subspan(std::min(record.size(), old.size()));

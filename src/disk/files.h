@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/memory_block.h"
+#include "disk/outcome.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,9 +14,6 @@
 class QIODevice;
 
 namespace lumrake {
-
-/// The result of work on a file: nothing when it went well, else the system's reason in its own words.
-using FileError = std::optional<QString>;
 
 /// The last component of a path. "/" and "\" both end a directory; with neither in it the empty text.
 QString FileTitleOf(const QString& sPath);
@@ -49,7 +47,7 @@ std::optional<std::int64_t> FileLength(const QString& path);
 /// Reads the whole file, or the first `limit` bytes of it, into memory of its own in one pass.
 /// `target` is left alone on failure. What is no regular file (a directory, a pipe), and a file that ends
 /// before its length, is a failure.
-FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit = INT64_MAX);
+Outcome ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit = INT64_MAX);
 
 /// Makes the file hold exactly `bytes`: they go to a temporary file beside it, are brought to the disk, and
 /// the new file takes the place of the old one in one step, so that whatever fails leaves the old file as it
@@ -57,13 +55,13 @@ FileError ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t l
 /// or nothing is written; the owner as far as the system lets the user. A file without any write permission and what
 /// is no regular file are refused. When only the new name in the directory cannot be brought to the disk, that is a
 /// failure as well, although the new file stands there.
-FileError WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes);
+Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes);
 
 /// The same for contents that a function writes into the open device; it says false when it failed.
-FileError WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write);
+Outcome WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write);
 
 /// Writes `record` as the first bytes of the file and keeps what stands behind it. Atomic as WriteWholeFile.
 /// Nothing is written when the old tail cannot be read.
-FileError WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record);
+Outcome WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record);
 
 } // namespace lumrake

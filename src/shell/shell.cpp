@@ -140,10 +140,12 @@ void LoadSettings(const WindowTwips& window) {
         return;
     }
     MemoryBlock file;
-    if (const FileError error = ReadWholeFile(SettingsFile(), file, kSettingsBytes)) {
+    const Outcome read = ReadWholeFile(SettingsFile(), file, kSettingsBytes);
+    if (read.IsNotDone()) {
         useDefaults();
-        TellFileError(QStringLiteral("The settings could not be read, the default settings are used."),
-                      *error, QStringLiteral("Settings"));
+        TellFailure(
+            read.During(QStringLiteral("The settings could not be read, the default settings are used.")),
+            QStringLiteral("Settings"));
         return;
     }
     // What a short file lacks counts as blanks and zeros until its stamp has been looked at.
@@ -159,18 +161,16 @@ void LoadSettings(const WindowTwips& window) {
 
 void SaveSettings() {
     const auto bytes = EncodeSettings(Settings);
-    if (const FileError error = WriteFirstRecord(SettingsFile(), bytes)) {
-        TellFileError(QStringLiteral("The settings could not be saved."), *error, QStringLiteral("Settings"));
-    }
+    TellFailure(
+        WriteFirstRecord(SettingsFile(), bytes).During(QStringLiteral("The settings could not be saved.")),
+        QStringLiteral("Settings"));
 }
 
-void TellFileError(const QString& doing, const QString& reason, const QString& title, QString* sTold) {
-    const QString sText = doing + QLatin1String("\n\n") + reason;
-    if (sTold != nullptr) {
-        *sTold = sText;
-    } else {
-        MsgBox(sText, BoxButtons::Ok, BoxIcon::Exclamation, title);
+bool TellFailure(const Outcome& outcome, const QString& title) {
+    if (!outcome.Reason().isEmpty()) {
+        MsgBox(outcome.Reason(), BoxButtons::Ok, BoxIcon::Exclamation, title);
     }
+    return outcome.IsDone();
 }
 
 void TellFileNotFound() {

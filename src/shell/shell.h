@@ -1,5 +1,6 @@
 #pragma once
 
+#include "disk/outcome.h"
 #include "shell/rules/settings.h"
 
 #include <QString>
@@ -117,10 +118,9 @@ void LoadSettings(const WindowTwips& window);
 /// once.
 void SaveSettings();
 
-/// A message about a failed file operation: what was being done, then the system's reason. With `sTold` the
-/// text goes there instead, for a question that continues it.
-void TellFileError(const QString& doing, const QString& reason, const QString& title,
-                   QString* sTold = nullptr);
+/// Tells the user why something failed, in a box with this title; nothing when it did not, or was called off. Gives
+/// IsDone() back.
+bool TellFailure(const Outcome& outcome, const QString& title);
 
 /// The message about a snapshot that is not there.
 void TellFileNotFound();

@@ -17,14 +17,12 @@ void ExportBitmap(lmk::BitPicture picture, int factor) {
     if (sFile.isEmpty()) {
         return;
     }
-    FileError error;
+    Outcome saved = Outcome::CalledOff();
     {
         const HourglassScope hourglass;
-        error = SavePicture(sFile, picture, factor);
+        saved = SavePicture(sFile, picture, factor);
     }
-    if (error) {
-        TellFileError(QStringLiteral("The bitmap could not be saved."), *error, QStringLiteral("Save"));
-    }
+    TellFailure(saved.During(QStringLiteral("The bitmap could not be saved.")), QStringLiteral("Save"));
 }
 
 } // namespace lumrake

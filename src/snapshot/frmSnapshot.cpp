@@ -28,14 +28,14 @@ constexpr int kTitleLength = 40; ///< of the caption, in characters
 constexpr int kProgressHeight = 16;
 
 /// Why a file of this length is no document, or nothing. One that is not known is for the reader to tell.
-FileError Refusal(std::optional<std::int64_t> length) {
+Outcome Refusal(std::optional<std::int64_t> length) {
     if (length == 0) {
-        return QStringLiteral("The file is empty.");
+        return Outcome::Failed(QStringLiteral("The file is empty."));
     }
     if (length > std::numeric_limits<std::int32_t>::max()) {
-        return QStringLiteral("The file is longer than 2147483647 bytes.");
+        return Outcome::Failed(QStringLiteral("The file is longer than 2147483647 bytes."));
     }
-    return std::nullopt;
+    return Outcome::Done();
 }
 
 } // namespace
@@ -53,16 +53,15 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
         return false;
     }
     const HourglassScope hourglass;
-    FileError error = Refusal(FileLength(sFile));
-    if (!error) {
-        error = ReadWholeFile(sFile, byMemory);
+    Outcome opened = Refusal(FileLength(sFile));
+    if (opened.IsDone()) {
+        opened = ReadWholeFile(sFile, byMemory);
     }
-    if (!error) {
-        error = Refusal(static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
+    if (opened.IsDone()) {
+        opened = Refusal(static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
     }
-    if (error) {
-        TellFileError(sFile.toLower() + QLatin1String(" could not be opened."), *error,
-                      QStringLiteral("Open file"));
+    if (!TellFailure(opened.During(sFile.toLower() + QLatin1String(" could not be opened.")),
+                     QStringLiteral("Open file"))) {
         return false;
     }
 
@@ -127,31 +126,30 @@ std::int16_t frmSnapshot::ReadPixel(float X, float Y) const {
     return lumrake::ReadPixel(byMemory.Bytes(), view, X, Y);
 }
 
-bool frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle, QString* sReason) {
+Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     if (sFilename.isEmpty()) {
-        return false;
+        return Outcome::CalledOff();
     }
     // Between the stages only painting and timers run: nothing can be drawn that would not be saved.
     SetProgress(0);
     if (!ShowProgress(true) || !ShowStage(20)) {
-        return false; // closed, and its question answered
+        return Outcome::CalledOff(); // closed, and its question answered
     }
-    if (const FileError error = WriteWholeFile(sFilename, byMemory.Bytes())) {
+    const Outcome written = WriteWholeFile(sFilename, byMemory.Bytes());
+    if (written.IsNotDone()) {
         ShowProgress(false);
-        TellFileError(sFilename.toLower() + QLatin1String(" could not be saved."), *error,
-                      QStringLiteral("Save"), sReason);
-        return false;
+        return written.During(sFilename.toLower() + QLatin1String(" could not be saved."));
     }
     if (!ShowStage(40)) {
-        return true; // the bytes are on the disk, and nobody is left to be told
+        return written; // the bytes are on the disk, and nobody is left to be told
     }
     sSnapFile = sFilename;
     if (!ShowStage(60)) {
-        return true;
+        return written;
     }
     sSnapTitle = sTitle.toLower().left(kTitleLength);
     if (!ShowStage(80)) {
-        return true;
+        return written;
     }
     SetCaption(this, sSnapTitle.trimmed());
     sbrSnapshot->SetText(1, sSnapFile.toLower());
@@ -159,7 +157,7 @@ bool frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle, QStr
         bChanged = 0;
         ShowProgress(false);
     }
-    return true;
+    return written;
 }
 
 bool frmSnapshot::ServeEvents() {

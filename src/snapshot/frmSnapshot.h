@@ -2,6 +2,7 @@
 
 #include "base/memory_block.h"
 #include "controls/picture_box.h"
+#include "disk/outcome.h"
 #include "snapshot/rules/addressing.h"
 #include "snapshot/rules/block.h"
 
@@ -39,11 +40,10 @@ class frmSnapshot : public QWidget {
     /// told, no window is shown and the caller lets the instance go.
     bool Launch(const QString& sFullFileName, const QString& sFileTitle);
 
-    /// Writes all bytes to `sFilename` and makes it this window's file. Nothing happens for an empty name.
-    /// False when nothing was written: the document then stays changed and keeps its name. Pending events run, and may
-    /// close the window. A failure is told
-    /// in a message box, or handed to the caller in `sReason` when that is given.
-    bool SaveSnap(const QString& sFilename, const QString& sTitle, QString* sReason = nullptr);
+    /// Writes all bytes to `sFilename` and makes it this window's file. Called off for an empty name. Unless
+    /// it is done the document stays changed and keeps its name; the caller tells why. Pending events run, and may
+    /// close the window.
+    Outcome SaveSnap(const QString& sFilename, const QString& sTitle);
 
     /// Draws the view into the picture and repaints it; nothing else draws.
     void ShowMem();

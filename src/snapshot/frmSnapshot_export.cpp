@@ -40,13 +40,11 @@ void frmSnapshot::ExportViewToRaw() {
             window->ShowStage(rows.Progress(row + 1 - rowsAtOnce));
         }
     }
-    const FileError error = WriteWholeFile(sFile, bytes);
+    const Outcome saved = WriteWholeFile(sFile, bytes);
     if (!window.isNull()) {
         window->ShowProgress(false);
     }
-    if (error) {
-        TellFileError(QStringLiteral("The raw data could not be saved."), *error, QStringLiteral("Save"));
-    }
+    TellFailure(saved.During(QStringLiteral("The raw data could not be saved.")), QStringLiteral("Save"));
 }
 
 void frmSnapshot::ExportSelectionToBMP() {

@@ -52,8 +52,8 @@ struct Rig : FileStage {
         MakeFile(kSnapshotFile, NoiseBytes(40000));
         MakeFile(kAnimationFile, EncodeAnimation(SampleRecord(Path(kSnapshotFile))));
         if (!HasOwnNames()) {
-            ASSERT_TRUE(snapshot->SaveSnap(Path(kSnapshotFile), kSnapshotFile));
-            ASSERT_TRUE(animation->SaveAnimation(Path(kAnimationFile)));
+            ASSERT_TRUE(snapshot->SaveSnap(Path(kSnapshotFile), kSnapshotFile).IsDone());
+            ASSERT_TRUE(animation->SaveAnimation(Path(kAnimationFile)).IsDone());
         }
         SnapshotProbe{*snapshot}.Changed() = -1;
         animation->SetChanged(-1);

@@ -4,6 +4,7 @@
 #include "animation/frmAnimation.h"
 #include "base/numbers.h"
 #include "controls/common_dialog.h"
+#include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <QPointer>
@@ -12,6 +13,7 @@ namespace lumrake {
 
 namespace {
 
+const QString kTitle = QStringLiteral("Animation"); ///< of messages
 const QString kFilter = QStringLiteral("Animation files (*.ANM)|*.ANM|All files (*.*)|*.*");
 
 /// A window that opens belongs to its frame in the main window; one that does not is let go at once.
@@ -44,12 +46,12 @@ void OpenAnimationDialog() {
 
 bool SaveAnimationCommand(frmAnimation& animation) {
     const QString sFile = animation.GetFilename();
-    return sFile.isEmpty() ? SaveAnimationAs(animation) : animation.SaveAnimation(sFile);
+    return sFile.isEmpty() ? SaveAnimationAs(animation) : TellFailure(animation.SaveAnimation(sFile), kTitle);
 }
 
 bool SaveAnimationAs(frmAnimation& animation) {
     const std::optional<QString> sNewName = AskName(&animation);
-    return sNewName && animation.SaveAnimation(*sNewName);
+    return sNewName && TellFailure(animation.SaveAnimation(*sNewName), kTitle);
 }
 
 bool SaveAnimationBeforeClosing(frmAnimation& animation) {
@@ -61,10 +63,8 @@ bool SaveAnimationBeforeClosing(frmAnimation& animation) {
         return true;
     }
     return SaveUntilGivenUp(
-        *sName, QStringLiteral("Animation"), [&animation] { return AskName(&animation); },
-        [&animation](const QString& sFile, QString* sReason) {
-            return animation.SaveAnimation(sFile, sReason);
-        });
+        *sName, kTitle, [&animation] { return AskName(&animation); },
+        [&animation](const QString& sFile) { return animation.SaveAnimation(sFile); });
 }
 
 void AnimateSnapshot(const frmSnapshot& snapshot) {

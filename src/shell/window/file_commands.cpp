@@ -20,6 +20,7 @@ const QString kOpenTitle = QStringLiteral("Open snapshot file...");
 const QString kOpenFilter = QStringLiteral(
     "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|Raw files (*.RAW)|*.RAW|"
     "All files (*.*)|*.*");
+const QString kSaveTitle = QStringLiteral("Save"); ///< of messages
 const QString kSaveFilter = QStringLiteral(
     "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|All files (*.*)|*.*");
 
@@ -110,12 +111,12 @@ void ResetRecentFiles() {
 
 bool SaveSnapshot(frmSnapshot& document) {
     const QString sFile = document.GetFilename();
-    return document.SaveSnap(sFile, FileTitleOf(sFile));
+    return TellFailure(document.SaveSnap(sFile, FileTitleOf(sFile)), kSaveTitle);
 }
 
 bool SaveSnapshotAs(frmSnapshot& document) {
     const std::optional<QString> sNewName = AskName(&document);
-    if (!sNewName || !document.SaveSnap(*sNewName, FileTitleOf(*sNewName))) {
+    if (!sNewName || !TellFailure(document.SaveSnap(*sNewName, FileTitleOf(*sNewName)), kSaveTitle)) {
         return false;
     }
     AddRecentFile(*sNewName);
@@ -128,14 +129,14 @@ bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
         bAsked = true;
         return AskName(&document);
     };
-    const auto save = [&](const QString& sFile, QString* sReason) {
-        const bool bSaved = document.SaveSnap(sFile, FileTitleOf(sFile), sReason);
-        if (bSaved && bAsked) {
+    const auto save = [&](const QString& sFile) {
+        const Outcome outcome = document.SaveSnap(sFile, FileTitleOf(sFile));
+        if (outcome.IsDone() && bAsked) {
             AddRecentFile(sFile);
         }
-        return bSaved;
+        return outcome;
     };
-    return SaveUntilGivenUp(document.GetFilename(), QStringLiteral("Save"), askName, save);
+    return SaveUntilGivenUp(document.GetFilename(), kSaveTitle, askName, save);
 }
 
 } // namespace lumrake
