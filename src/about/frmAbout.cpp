@@ -1,22 +1,20 @@
 #include "about/frmAbout.h"
 
+#include "assistant/rules/help_numbers.h"
 #include "base/twips.h"
+#include "controls/control_table.h"
 #include "controls/drawing_box.h"
 #include "controls/screen.h"
+#include "controls/watch.h"
 #include "shell/shell.h"
 
 #include <QFrame>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 
 namespace lumrake {
 
 namespace {
-
-QString CreditCaption() {
-    return QStringLiteral("C&redit");
-}
 
 struct Credit {
     const char* sName;
@@ -30,25 +28,26 @@ constexpr Credit kCredits[] = {
     {"A player/A pixel artist", "ideas"},
 };
 
-/// A widget at a place given in twips of its parent.
-template <class Widget>
-Widget* Placed(Widget* widget, const char* name, int left, int top, int width, int height) {
-    widget->setObjectName(QLatin1String(name));
-    widget->setGeometry(PixelsFromTwips(left), PixelsFromTwips(top), PixelsFromTwips(width),
-                        PixelsFromTwips(height));
-    return widget;
+QWidget* NewPage(QWidget* form) {
+    auto* page = new QFrame(form);
+    page->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    return page;
 }
 
-QLabel* MakeLabel(QWidget* page, const QString& caption) {
-    auto* label = new QLabel(caption, page);
+QWidget* NewLogo(QWidget* page) {
+    return new DrawingBox(QStringLiteral("about/logo.svg"), QSize(64, 64), page);
+}
+
+QWidget* NewLabel(QWidget* page) {
+    auto* label = new QLabel(page);
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setWordWrap(true);
     return label;
 }
 
-QLabel* MakeTitle(QWidget* page) {
-    QLabel* title = MakeLabel(page, QString());
+QWidget* NewTitle(QWidget* page) {
+    QWidget* title = NewLabel(page);
     QFont font = title->font();
     font.setPixelSize(18);
     font.setBold(true);
@@ -56,11 +55,32 @@ QLabel* MakeTitle(QWidget* page) {
     return title;
 }
 
-QFrame* MakePage(QWidget* form) {
-    auto* page = new QFrame(form);
-    page->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    return page;
+constexpr auto kAbout =
+    "LMK is an editor for the graphics of ZX Spectrum programs. It shows the bytes of any file as pictures, "
+    "in the five ways in which games keep them. You can page through a snapshot until its sprites, fonts "
+    "and screens come into view, draw on them, copy and export them, and set them in motion.";
+constexpr auto kThanks = "The following people have also contributed to the development of LMK for Windows";
+
+constexpr int T(int twips) {
+    return PixelsFromTwips(twips);
 }
+
+// clang-format off
+constexpr ControlRow kControls[] = {
+    {NewPage,          "Frame1",     kAlone, "",       T(60),   T(0),    T(4320), T(3255), "", "", "", kHelpNone, kOnMove},
+    {NewPage,          "Frame2",     kAlone, "",       T(60),   T(0),    T(4320), T(3255), "", "", "", kHelpNone, kOnMove},
+    {NewLogo,          "Image1",     kAlone, "Frame1", T(225),  T(225),  T(960),  T(960),  "", "", "", kHelpLogo, kOnMove},
+    {NewTitle,         "lblApp",     kAlone, "Frame1", T(1425), T(240),  T(2700), T(375),  "", "", "", kHelpNone, kOnMove},
+    {NewLabel,         "lblVersion", kAlone, "Frame1", T(1425), T(645),  T(2700), T(240),  "", "", "", kHelpNone, kOnMove},
+    {NewLabel,         "Label2",     kAlone, "Frame1", T(1425), T(915),  T(2700), T(240),  "By the makers of Lumrake, 2026", "", "", kHelpAuthor, kOnMove},
+    {NewLabel,         "Label1",     kAlone, "Frame1", T(225),  T(1425), T(3900), T(1680), kAbout, "", "", kHelpNone, kOnMove},
+    {NewTitle,         "lblApp2",    kAlone, "Frame2", T(225),  T(135),  T(3900), T(375),  "", "", "", kHelpNone, kOnMove},
+    {NewLabel,         "Label3",     kAlone, "Frame2", T(225),  T(525),  T(3900), T(420),  kThanks, "", "", kHelpNone, kOnMove},
+    {NewLabel,         "lblPeople",  kAlone, "Frame2", T(225),  T(1020), T(3900), T(2175), "", "", "", kHelpNone, kOnMove},
+    {New<QPushButton>, "cmdFlip",    kAlone, "",       T(120),  T(3360), T(1215), T(375),  "C&redit", "", "", kHelpCredit, kOnMove},
+    {New<QPushButton>, "cmdOkay",    kAlone, "",       T(3120), T(3360), T(1215), T(375),  "&Okay", "", "", kHelpAboutOkay, kOnMove},
+};
+// clang-format on
 
 } // namespace
 
@@ -70,92 +90,44 @@ frmAbout::frmAbout(QWidget* parent)
     setObjectName(QStringLiteral("frmAbout"));
     setWindowTitle(QStringLiteral("About"));
     setFixedSize(PixelsFromTwips(4440), PixelsFromTwips(3840));
-    CreateAboutPage();
-    CreateCreditPage();
+    SetHelp(this, kHelpNone);
+    CreateControls(*this, nullptr, kControls);
+    Frame1 = Find<QWidget>(*this, "Frame1");
+    Frame2 = Find<QWidget>(*this, "Frame2");
     Frame2->hide();
-    cmdFlip = Placed(new QPushButton(CreditCaption(), this), "cmdFlip", 120, 3360, 1215, 375);
-    cmdOkay = Placed(new QPushButton(QStringLiteral("&Okay"), this), "cmdOkay", 3120, 3360, 1215, 375);
+    cmdFlip = Find<QPushButton>(*this, "cmdFlip");
+    auto* cmdOkay = Find<QPushButton>(*this, "cmdOkay");
     cmdOkay->setDefault(true);
     cmdOkay->setFocus();
-    connect(cmdFlip, &QPushButton::clicked, this, [this] { cmdFlip_Click(); });
-    connect(cmdOkay, &QPushButton::clicked, this, [this] { close(); });
-    setMouseTracking(true);
-    installEventFilter(this);
-    for (QWidget* control : findChildren<QWidget*>()) {
-        control->setMouseTracking(true);
-        control->installEventFilter(this);
-    }
+    connect(cmdFlip, &QPushButton::clicked, this, &frmAbout::cmdFlip_Click);
+    connect(cmdOkay, &QPushButton::clicked, this, &frmAbout::cmdOkay_Click);
     Form_Load();
 }
 
-void frmAbout::CreateAboutPage() {
-    Frame1 = Placed(MakePage(this), "Frame1", 60, 0, 4320, 3255);
-    Image1 = new DrawingBox(QStringLiteral("about/logo.svg"), QSize(64, 64), Frame1);
-    Placed(Image1, "Image1", 225, 225, 960, 960);
-    lblApp = Placed(MakeTitle(Frame1), "lblApp", 1425, 240, 2700, 375);
-    lblVersion = Placed(MakeLabel(Frame1, QString()), "lblVersion", 1425, 645, 2700, 240);
-    Label2 = Placed(MakeLabel(Frame1, QStringLiteral("By the makers of Lumrake, 2026")), "Label2", 1425, 915,
-                    2700, 240);
-    const QString about = QStringLiteral(
-        "LMK is an editor for the graphics of ZX Spectrum programs. It shows the bytes of any file as "
-        "pictures, "
-        "in the five ways in which games keep them. You can page through a snapshot until its sprites, fonts "
-        "and screens come into view, draw on them, copy and export them, and set them in motion.");
-    Label1 = Placed(MakeLabel(Frame1, about), "Label1", 225, 1425, 3900, 1680);
-}
-
-void frmAbout::CreateCreditPage() {
-    Frame2 = Placed(MakePage(this), "Frame2", 60, 0, 4320, 3255);
-    lblApp2 = Placed(MakeTitle(Frame2), "lblApp2", 225, 135, 3900, 375);
-    Label3 = Placed(
-        MakeLabel(Frame2, QStringLiteral("The following people have also contributed to the development "
-                                         "of LMK for Windows")),
-        "Label3", 225, 525, 3900, 420);
-    lblPeople = Placed(MakeLabel(Frame2, QString()), "lblPeople", 225, 1020, 3900, 2175);
+void frmAbout::cmdOkay_Click() {
+    close();
 }
 
 void frmAbout::Form_Load() {
     CentreOnScreen(*this);
-    lblApp->setText(sAppTitle);
-    lblApp2->setText(sAppTitle);
-    lblVersion->setText(QLatin1String("Version ") + QString::fromStdString(sAppVersion.Text()));
+    Find<QLabel>(*this, "lblApp")->setText(sAppTitle);
+    Find<QLabel>(*this, "lblApp2")->setText(sAppTitle);
+    Find<QLabel>(*this, "lblVersion")
+        ->setText(QLatin1String("Version ") + QString::fromStdString(sAppVersion.Text()));
     QString sPeople;
     for (const Credit& credit : kCredits) {
         sPeople += QStringLiteral("%1 - %2\n\n")
                        .arg(QLatin1String(credit.sName), QLatin1String(credit.sContribution));
     }
-    lblPeople->setText(sPeople);
+    Find<QLabel>(*this, "lblPeople")->setText(sPeople);
 }
 
 void frmAbout::cmdFlip_Click() {
     const bool toCredits = !Frame1->isHidden();
     Frame1->setHidden(toCredits);
     Frame2->setHidden(!toCredits);
-    cmdFlip->setText(toCredits ? QStringLiteral("&About") : CreditCaption());
-}
-
-std::int32_t frmAbout::HelpNumberOf(const QObject* control) const {
-    if (control == Image1) {
-        return 12;
-    }
-    if (control == cmdOkay) {
-        return 13;
-    }
-    if (control == cmdFlip) {
-        return cmdFlip->text() == CreditCaption() ? 14 : 16;
-    }
-    return control == Label2 ? 15 : 0;
-}
-
-bool frmAbout::eventFilter(QObject* control, QEvent* event) {
-    if (event->type() != QEvent::MouseMove) {
-        return QDialog::eventFilter(control, event);
-    }
-    ShowPrompt(HelpNumberOf(control));
-    // A move that a control leaves alone would go on to the form behind it and count as one over the form. A
-    // button that is held down needs its moves to know when the mouse has left it.
-    const bool held = static_cast<QMouseEvent*>(event)->buttons().testFlag(Qt::LeftButton);
-    return !(held && (control == cmdFlip || control == cmdOkay));
+    cmdFlip->setText(toCredits ? QStringLiteral("&About") : QStringLiteral("C&redit"));
+    SetHelp(cmdFlip, toCredits ? kHelpAbout : kHelpCredit);
 }
 
 void ShowAbout() {

@@ -54,7 +54,7 @@ bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
 
 bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
     bool bOkay = false;
-    frmAnimSetup().GetAnimSettings(bOkay, QString(), sSnapFile);
+    frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay, QString(), sSnapFile);
     if (!bOkay) {
         return false;
     }
@@ -96,7 +96,7 @@ bool frmAnimation::AskForSnapshot() {
     }
     AnimToGlobal();
     bool bOkay = false;
-    frmAnimSetup().GetAnimSettings(bOkay, sFilePath, ProposedSnapshot(SnapshotPath(), sFilePath));
+    frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay, sFilePath, ProposedSnapshot(SnapshotPath(), sFilePath));
     if (bOkay) {
         GlobalToAnim();
     }

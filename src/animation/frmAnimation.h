@@ -3,7 +3,7 @@
 #include "animation/rules/animation_record.h"
 #include "animation/rules/stepping.h"
 #include "base/memory_block.h"
-#include "controls/watched.h"
+#include "controls/control_array.h"
 #include "disk/outcome.h"
 
 #include <QPushButton>
@@ -70,7 +70,6 @@ class frmAnimation : public QWidget {
     bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
     friend struct AnimationProbe; // lets tests read the fields
@@ -85,6 +84,7 @@ class frmAnimation : public QWidget {
     // ---- the player ----
     void CreateControls();
     void NextFrame();
+    void Timer1_Timer();
     void Setup();
     /// What the outer size of the window has more than its inner one.
     QSize FrameSize() const;
@@ -107,7 +107,7 @@ class frmAnimation : public QWidget {
 
     // ---- controls ----
     PictureBox* picImage = nullptr;
-    std::array<Watched<QPushButton>*, 5> cmdControl{};
+    ControlArray<QPushButton, 5> cmdControl{};
 };
 
 } // namespace lumrake

@@ -9,8 +9,11 @@
 #include "animation/frmAnimSetup.h"
 #include "animation/frmAnimation.h"
 #include "animation/rules/layout.h"
+#include "assistant/rules/help_numbers.h"
+#include "controls/control_table.h"
 #include "controls/picture_box.h"
 #include "controls/pictures.h"
+#include "controls/watch.h"
 #include "disk/texts.h"
 #include "display/lmk.h"
 #include "shell/shell.h"
@@ -25,33 +28,32 @@ namespace lumrake {
 
 namespace {
 
-struct ControlRow {
+struct PlayerRow {
     const char* tag;
     const char* name; ///< for screen readers; the faces are drawings
     const char* icon;
     const char* caption;
-    int helpKey;
+    std::int32_t help;
     int width;
     bool whileStopped; ///< enabled while the window is stopped; the others are enabled while it plays
 };
 
 constexpr int kControlHeight = 21;
-constexpr int kPictureHelpKey = 45;
 
 // clang-format off
-constexpr ControlRow kControls[] = {
-    {"BACK",    "Back",    "animation/back.svg",    "",       40, 24, true},
-    {"STOP",    "Stop",    "animation/stop.svg",    "",       41, 24, false},
-    {"PLAY",    "Play",    "animation/play.svg",    "",       42, 24, true},
-    {"FORWARD", "Forward", "animation/forward.svg", "",       43, 24, true},
-    {"SETUP",   "Setup",   "",                      "&Setup", 44, 49, true},
+constexpr PlayerRow kControls[] = {
+    {"BACK",    "Back",    "animation/back.svg",    "",       kHelpBack,    24, true},
+    {"STOP",    "Stop",    "animation/stop.svg",    "",       kHelpStop,    24, false},
+    {"PLAY",    "Play",    "animation/play.svg",    "",       kHelpPlay,    24, true},
+    {"FORWARD", "Forward", "animation/forward.svg", "",       kHelpForward, 24, true},
+    {"SETUP",   "Setup",   "",                      "&Setup", kHelpSetup,   49, true},
 };
 // clang-format on
 
 } // namespace
 
 void frmAnimation::CreateControls() {
-    setMouseTracking(true);
+    SetHelp(this, kHelpNone);
     setWindowTitle(QStringLiteral("animation..."));
     picImage = new PictureBox(this);
     picImage->setObjectName(QStringLiteral("picImage"));
@@ -61,10 +63,10 @@ void frmAnimation::CreateControls() {
     picImage->setCursor(DrawCursor(kToolMagnify, devicePixelRatioF()));
     picImage->setFocusPolicy(Qt::StrongFocus);
     picImage->MouseDown = [this](const MouseArgs& args) { picImage_MouseDown(args); };
-    picImage->MouseMove = [](const MouseArgs&) { ShowPrompt(kPictureHelpKey); };
+    SetHelp(picImage, kHelpFrame);
     for (std::size_t i = 0; i < cmdControl.size(); ++i) {
-        const ControlRow& row = kControls[i];
-        cmdControl[i] = new Watched<QPushButton>(Latin(row.caption), this);
+        const PlayerRow& row = kControls[i];
+        cmdControl[i] = new QPushButton(Latin(row.caption), this);
         cmdControl[i]->setObjectName(QStringLiteral("cmdControl(%1)").arg(i));
         cmdControl[i]->setAccessibleName(Latin(row.name));
         cmdControl[i]->resize(row.width, kControlHeight);
@@ -72,12 +74,11 @@ void frmAnimation::CreateControls() {
             cmdControl[i]->setIcon(LoadIcon(Latin(row.icon), QSize(16, 16)));
             cmdControl[i]->setIconSize(QSize(16, 16));
         }
-        cmdControl[i]->MouseMove = [&row] { ShowPrompt(row.helpKey); };
-        QObject::connect(cmdControl[i], &QPushButton::clicked, this,
-                         [this, i] { cmdControl_Click(static_cast<int>(i)); });
+        SetHelp(cmdControl[i], row.help);
     }
+    Connect(this, cmdControl, &QPushButton::clicked, &frmAnimation::cmdControl_Click);
     Timer1.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&Timer1, &QTimer::timeout, this, [this] { NextFrame(); });
+    QObject::connect(&Timer1, &QTimer::timeout, this, &frmAnimation::Timer1_Timer);
     EnableControls(false);
 }
 
@@ -95,6 +96,10 @@ void frmAnimation::Play() {
 void frmAnimation::StopPlay() {
     Timer1.stop();
     EnableControls(false);
+}
+
+void frmAnimation::Timer1_Timer() {
+    NextFrame();
 }
 
 void frmAnimation::NextFrame() {
@@ -173,7 +178,7 @@ void frmAnimation::Setup() {
     const QPointer<frmAnimation> alive(this);
     AnimToGlobal();
     bool bOkay = false;
-    frmAnimSetup().GetAnimSettings(bOkay, sFilePath);
+    frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay, sFilePath);
     if (!bOkay || !alive) {
         return;
     }
@@ -243,10 +248,6 @@ void frmAnimation::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QWidget::keyPressEvent(event);
-}
-
-void frmAnimation::mouseMoveEvent(QMouseEvent*) {
-    ShowPrompt(0);
 }
 
 } // namespace lumrake

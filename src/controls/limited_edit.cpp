@@ -31,7 +31,7 @@ class LimitedEdit::Fit : public QValidator {
     std::function<bool(const QString&)> fits_;
 };
 
-LimitedEdit::LimitedEdit(QWidget* parent) : Watched<QLineEdit>(parent) {
+LimitedEdit::LimitedEdit(QWidget* parent) : QLineEdit(parent) {
     connect(this, &QLineEdit::textChanged, this, [this] { LimitTo(text().size()); });
     connect(this, &QLineEdit::inputRejected, this, [this] { sCut_ = text(); });
 }

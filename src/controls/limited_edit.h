@@ -1,7 +1,5 @@
 #pragma once
 
-#include "controls/watched.h"
-
 #include <QLineEdit>
 
 #include <functional>
@@ -10,7 +8,7 @@ namespace lumrake {
 
 /// A text box that holds the user to a number of characters, and to what a test lets through. The program may show
 /// a longer text whole; the user can then only make it shorter, and not longer again.
-class LimitedEdit : public Watched<QLineEdit> {
+class LimitedEdit : public QLineEdit {
   public:
     explicit LimitedEdit(QWidget* parent = nullptr);
 

@@ -68,7 +68,7 @@ void LimitedText::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    Watched<QPlainTextEdit>::keyPressEvent(event);
+    QPlainTextEdit::keyPressEvent(event);
 }
 
 void LimitedText::inputMethodEvent(QInputMethodEvent* event) {
@@ -77,14 +77,14 @@ void LimitedText::inputMethodEvent(QInputMethodEvent* event) {
     const int to = caret.selectionEnd() + event->replacementStart() + event->replacementLength();
     const QString part = FittingPart(event->commitString(), from, to);
     if (part == event->commitString()) {
-        Watched<QPlainTextEdit>::inputMethodEvent(event);
+        QPlainTextEdit::inputMethodEvent(event);
         return;
     }
     QInputMethodEvent fitting(event->preeditString(), event->attributes());
     if (!part.isEmpty()) {
         fitting.setCommitString(part, event->replacementStart(), event->replacementLength());
     }
-    Watched<QPlainTextEdit>::inputMethodEvent(&fitting);
+    QPlainTextEdit::inputMethodEvent(&fitting);
 }
 
 /// Pasting and dropping. An empty clipboard has no formats, nor has one whose owner does not answer; the toolkit would

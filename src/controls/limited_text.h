@@ -1,7 +1,5 @@
 #pragma once
 
-#include "controls/watched.h"
-
 #include <QPlainTextEdit>
 
 #include <functional>
@@ -11,9 +9,9 @@ namespace lumrake {
 /// A text box of several lines that holds the user to a number of characters and to what a test lets through. What
 /// does not fit never gets in, so that it is in no undo step either; of a longer text that is pasted as much gets in
 /// as fits. What the program shows is not tested.
-class LimitedText : public Watched<QPlainTextEdit> {
+class LimitedText : public QPlainTextEdit {
   public:
-    using Watched<QPlainTextEdit>::Watched;
+    explicit LimitedText(QWidget* parent) : QPlainTextEdit(parent) {}
 
     /// At most `characters`, a line break counting as one, in a text that `fits`.
     void SetLimit(int characters, std::function<bool(const QString&)> fits);

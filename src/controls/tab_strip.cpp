@@ -1,7 +1,8 @@
 #include "controls/tab_strip.h"
 
+#include "controls/watch.h"
+
 #include <QApplication>
-#include <QMouseEvent>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <QStyleOptionTab>
@@ -24,7 +25,6 @@ class FixedTabBar : public QTabBar {
         setUsesScrollButtons(false);
         setDrawBase(false);
         setElideMode(Qt::ElideNone);
-        setMouseTracking(true);
         for (std::size_t i = 0; i < tabs.size(); ++i) {
             const bool last = i + 1 == tabs.size();
             widths_.push_back(last ? tabs[i].Width : tabs[i + 1].Left - tabs[i].Left);
@@ -41,8 +41,6 @@ class FixedTabBar : public QTabBar {
         }
         return width;
     }
-
-    std::function<void(QPoint)> Moved;
 
   protected:
     QSize tabSizeHint(int index) const override {
@@ -61,13 +59,6 @@ class FixedTabBar : public QTabBar {
         if (currentIndex() >= 0) {
             PaintTab(painter, currentIndex());
         }
-    }
-    void mouseMoveEvent(QMouseEvent* event) override {
-        QTabBar::mouseMoveEvent(event);
-        if (Moved) {
-            Moved(event->position().toPoint());
-        }
-        event->accept();
     }
 
   private:
@@ -91,7 +82,6 @@ class FixedTabBar : public QTabBar {
 
 TabStrip::TabStrip(const std::vector<Tab>& tabs, QWidget* parent)
     : QWidget(parent), bar_(new FixedTabBar(tabs, this)), pages_(new QStackedWidget(this)) {
-    setMouseTracking(true);
     pages_->setMouseTracking(true);
     for (std::size_t i = 0; i < tabs.size(); ++i) {
         auto* page = new QWidget;
@@ -102,11 +92,8 @@ TabStrip::TabStrip(const std::vector<Tab>& tabs, QWidget* parent)
         bar_->setFocusPolicy(Qt::NoFocus); // there is nothing to choose
     }
     bar_->setGeometry(tabs.empty() ? 0 : tabs.front().Left, 0, bar_->FullWidth(), kTabHeight);
-    bar_->Moved = [this](QPoint place) {
-        if (MouseMove) {
-            MouseMove(place.x() + bar_->x(), place.y() + bar_->y());
-        }
-    };
+    SetHelpAt(this, [this](QPoint place) { return HelpAt ? HelpAt(place) : 0; });
+    SetHelpAt(bar_, [this](QPoint place) { return HelpAt ? HelpAt(place + bar_->pos()) : 0; });
     QObject::connect(bar_, &QTabBar::currentChanged, this, [this](int index) {
         // Left to itself the focus of a page that goes away would wander through whatever comes next.
         const QWidget* leaving = pages_->currentWidget();
@@ -162,13 +149,6 @@ void TabStrip::paintEvent(QPaintEvent*) {
 void TabStrip::resizeEvent(QResizeEvent*) {
     pages_->setGeometry(rect().adjusted(kFrame, kTabHeight, -kFrame, -kFrame));
     bar_->raise(); // the tab in front lies over the frame's upper edge
-}
-
-void TabStrip::mouseMoveEvent(QMouseEvent* event) {
-    if (MouseMove) {
-        const QPoint place = event->position().toPoint();
-        MouseMove(place.x(), place.y());
-    }
 }
 
 } // namespace lumrake

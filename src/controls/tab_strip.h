@@ -39,13 +39,13 @@ class TabStrip : public QWidget {
 
     /// A page came to the front, or the user pressed the tab of the one that already is.
     std::function<void(int index)> Click;
-    /// The mouse moved over the tabs or over a bare place of a page; pixels from the strip's corner.
-    std::function<void(int x, int y)> MouseMove;
+    /// The help number of a place over the tabs or over a bare place of a page; pixels from the strip's corner. None
+    /// at first.
+    std::function<std::int32_t(QPoint)> HelpAt;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
     FixedTabBar* bar_;

@@ -1,6 +1,6 @@
 #include "controls/value_box.h"
 
-#include "controls/watched.h"
+#include "controls/watch.h"
 
 #include <QKeyEvent>
 #include <QStyle>

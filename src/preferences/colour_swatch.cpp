@@ -9,7 +9,7 @@
 
 namespace lumrake {
 
-ColourSwatch::ColourSwatch(QWidget* parent) : Watched<QWidget>(parent) {
+ColourSwatch::ColourSwatch(QWidget* parent) : QWidget(parent) {
     SetAccessibleRole(this, QAccessible::Graphic);
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "controls/watched.h"
 #include "shell/rules/settings.h"
 
 #include <QWidget>
@@ -10,7 +9,7 @@
 namespace lumrake {
 
 /// A square painted in one colour inside a thin line, to be clicked.
-class ColourSwatch : public Watched<QWidget> {
+class ColourSwatch : public QWidget {
   public:
     explicit ColourSwatch(QWidget* parent);
 

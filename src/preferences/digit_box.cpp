@@ -1,5 +1,7 @@
 #include "preferences/digit_box.h"
 
+#include "controls/watch.h"
+
 #include <QKeyEvent>
 
 #include <utility>

@@ -1,9 +1,11 @@
 #include "preferences/frmPrefs.h"
 
 #include "base/numbers.h"
+#include "controls/control_table.h"
 #include "controls/message_box.h"
 #include "controls/screen.h"
 #include "controls/tab_strip.h"
+#include "controls/watch.h"
 #include "disk/texts.h"
 #include "preferences/digit_box.h"
 #include "shell/shell.h"
@@ -23,23 +25,19 @@ namespace lumrake {
 
 namespace {
 
-QString TagOf(const QObject* control) {
-    return control->property("Tag").toString();
-}
-
 std::int16_t NumberOfTag(const QObject* control) {
     return WholeNumberFromText<std::int16_t>(TagOf(control).toStdString());
 }
 
 /// Sets the option whose Tag is `value`; a value that no option has is shown as the first.
-template <std::size_t N> void SetByTag(const std::array<QRadioButton*, N>& options, std::int16_t value) {
+template <std::size_t N> void SetByTag(const ControlArray<QRadioButton, N>& options, std::int16_t value) {
     const auto found = std::find_if(options.begin(), options.end(), [value](const QRadioButton* option) {
         return NumberOfTag(option) == value;
     });
     (found == options.end() ? options.front() : *found)->setChecked(true);
 }
 
-template <std::size_t N> std::size_t IndexOfSet(const std::array<QRadioButton*, N>& options) {
+template <std::size_t N> std::size_t IndexOfSet(const ControlArray<QRadioButton, N>& options) {
     const auto found = std::find_if(options.begin(), options.end(),
                                     [](const QRadioButton* option) { return option->isChecked(); });
     return static_cast<std::size_t>(found - options.begin()) % N;
@@ -62,20 +60,18 @@ frmPrefs::frmPrefs(QWidget* parent) : QDialog(parent) {
 }
 
 void frmPrefs::ConnectControls() {
-    for (int i = 0; i < static_cast<int>(cmdPrefs.size()); ++i) {
-        if (QPushButton* button = cmdPrefs[static_cast<std::size_t>(i)]) {
-            connect(button, &QPushButton::clicked, this, [this, i] { cmdPrefs_Click(i); });
-        }
-    }
+    Connect(this, cmdPrefs, &QPushButton::clicked, &frmPrefs::cmdPrefs_Click);
     for (int i = 0; i < static_cast<int>(optMode.size()); ++i) {
-        connect(optMode[static_cast<std::size_t>(i)], &QRadioButton::toggled, this, [this, i](bool on) {
+        connect(optMode[i], &QRadioButton::toggled, this, [this, i](bool on) {
             if (on) {
                 optMode_Click(i);
             }
         });
     }
+    for (int i = 0; i < static_cast<int>(txtDefault.size()); ++i) {
+        Watch(txtDefault[i]).LostFocus = [this, i] { txtDefault_LostFocus(i); };
+    }
     SSTab1->Click = [this](int page) { SSTab1_Click(page); };
-    SSTab1->MouseMove = [this](int x, int y) { SSTab1_MouseMove(x, y); };
 }
 
 void frmPrefs::Form_Load() {
@@ -86,14 +82,11 @@ void frmPrefs::Form_Load() {
 void frmPrefs::SettingsToScreen() {
     chkGeneral[0]->setChecked(Settings.bPromptSave != 0);
     chkGeneral[1]->setChecked(Settings.bAutoload != 0);
-    const std::array<std::int32_t, kDefaultFields> numbers{Settings.lDefaultOffset, Settings.iDefaultWidth,
-                                                           Settings.iDefaultLines, Settings.iDefaultColumns,
-                                                           Settings.iDefaultAttribute};
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        txtDefault[i]->ShowWhole(QString::number(numbers[i]));
+    for (std::size_t i = 0; i < txtDefault.size(); ++i) {
+        txtDefault[i]->ShowWhole(QString::number(NumberAt(Settings, kDefaultPlaces[i])));
     }
     const std::int16_t iMode = KnownMode(Settings.iDefaultMode);
-    optMode[static_cast<std::size_t>(iMode)]->setChecked(true);
+    optMode[iMode]->setChecked(true);
     optMode_Click(iMode); // an option that was set already raises no event
     SetByTag(optSmall, Settings.iSmallChange);
     SetByTag(optLarge, Settings.iLargeChange);
@@ -103,12 +96,9 @@ void frmPrefs::SettingsToScreen() {
 void frmPrefs::ScreenToSettings() const {
     Settings.bPromptSave = chkGeneral[0]->isChecked() ? 1 : 0;
     Settings.bAutoload = chkGeneral[1]->isChecked() ? 1 : 0;
-    const DefaultTexts texts = Texts();
-    Settings.lDefaultOffset = WholeNumberFromText<std::int32_t>(texts[kOffset]);
-    Settings.iDefaultWidth = WholeNumberFromText<std::int16_t>(texts[kWidth]);
-    Settings.iDefaultLines = WholeNumberFromText<std::int16_t>(texts[kLines]);
-    Settings.iDefaultColumns = WholeNumberFromText<std::int16_t>(texts[kColumns]);
-    Settings.iDefaultAttribute = WholeNumberFromText<std::int16_t>(texts[kAttribute]);
+    for (std::size_t i = 0; i < txtDefault.size(); ++i) {
+        SetNumberAt(Settings, kDefaultPlaces[i], txtDefault[i]->text().toStdString());
+    }
     Settings.iDefaultMode = static_cast<std::int16_t>(IndexOfSet(optMode));
     Settings.iSmallChange = NumberOfTag(optSmall[IndexOfSet(optSmall)]);
     Settings.iLargeChange = NumberOfTag(optLarge[IndexOfSet(optLarge)]);
@@ -132,12 +122,12 @@ DefaultTexts frmPrefs::Texts() const {
 }
 
 void frmPrefs::cmdPrefs_Click(int Index) {
-    const QString tag = TagOf(cmdPrefs[static_cast<std::size_t>(Index)]);
+    const QString tag = TagOf(cmdPrefs[Index]);
     if (tag == QLatin1String("OKAY")) {
         // An access key or Enter leaves the focus in its field, which has its say nevertheless.
         const auto field = std::find(txtDefault.begin(), txtDefault.end(), focusWidget());
         if (field != txtDefault.end()) {
-            (*field)->LostFocus();
+            txtDefault_LostFocus(static_cast<int>(field - txtDefault.begin()));
         }
         if (ValidatePrefs()) {
             ScreenToSettings();
@@ -169,16 +159,16 @@ void frmPrefs::optMode_Click(int Index) {
 }
 
 void frmPrefs::txtDefault_LostFocus(int Index) {
-    DigitBox* box = txtDefault[static_cast<std::size_t>(Index)];
+    DigitBox* box = txtDefault[Index];
     if (TagOf(box) == QLatin1String("LINES") && optMode[kText]->isChecked()) {
         box->setText(QString::fromStdString(TextModeLines(box->text().toStdString())));
     }
 }
 
 void frmPrefs::SSTab1_Click(int page) {
-    const std::array<QWidget*, 4> first{chkGeneral[0], txtDefault[0], optSmall[IndexOfSet(optSmall)],
-                                        scrCol[0]};
-    first[static_cast<std::size_t>(page)]->setFocus();
+    const ControlArray<QWidget, 4> first{
+        {chkGeneral[0], txtDefault[0], optSmall[IndexOfSet(optSmall)], scrCol[0]}};
+    first[page]->setFocus();
 }
 
 } // namespace lumrake

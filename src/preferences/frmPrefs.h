@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/control_array.h"
 #include "preferences/rules/palette_rules.h"
 #include "preferences/rules/prefs_rules.h"
 
@@ -10,7 +11,6 @@
 #include <cstdint>
 
 class QCheckBox;
-class QGroupBox;
 class QLabel;
 class QMenu;
 class QPushButton;
@@ -23,8 +23,6 @@ class ColourSwatch;
 class DigitBox;
 class SwatchMarker;
 class TabStrip;
-struct ControlRow;
-enum class Prompt;
 
 /// Shows the preferences modally and returns when they are closed. Okay and Cancel alike may have changed the
 /// palette, so the caller redraws the open windows in both cases. The settings change in memory only.
@@ -50,24 +48,14 @@ class frmPrefs : public QDialog {
 
   protected:
     void showEvent(QShowEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
   private:
     // ---- controls and prompts: frmPrefs_layout.cpp ----
 
     void CreateControls();
-    template <class Made, class Shown, std::size_t N>
-    void CreateArray(std::array<Shown*, N>& controls, const char* name, const ControlRow (&rows)[N],
-                     Prompt prompt);
-    QWidget* Container(int number);
-    void CreatePictures();
-    void CreateMenu();
-    void ChainTabOrder() const;
     /// Red, green and blue for the numbers beside the sliders, legible on the present background.
     void ColourNumbers();
-    /// x and y in logical pixels of SSTab1.
-    void SSTab1_MouseMove(int x, int y);
 
     // ---- the dialog and its first three pages: frmPrefs.cpp ----
 
@@ -97,21 +85,17 @@ class frmPrefs : public QDialog {
     // ---- fields ----
 
     TabStrip* SSTab1 = nullptr;
-    std::array<QWidget*, 4> pages_{};
-    std::array<QLabel*, 4> imgPrefs{};
-    std::array<QLabel*, 11> lblPrefs{};
-    std::array<QGroupBox*, 5> frmPrefs_{};  ///< frmPrefs(0..4): the name is the form's as well
-    std::array<QPushButton*, 5> cmdPrefs{}; ///< there is no cmdPrefs(3)
+    ControlArray<QPushButton, 5> cmdPrefs{}; ///< there is no cmdPrefs(3)
 
-    std::array<QCheckBox*, 2> chkGeneral{};
-    std::array<DigitBox*, kDefaultFields> txtDefault{};
-    std::array<QRadioButton*, 5> optMode{};
-    std::array<QRadioButton*, 4> optSmall{}, optLarge{};
+    ControlArray<QCheckBox, 2> chkGeneral{};
+    ControlArray<DigitBox, kDefaultFields> txtDefault{};
+    ControlArray<QRadioButton, 5> optMode{};
+    ControlArray<QRadioButton, 4> optSmall{}, optLarge{};
 
-    std::array<ColourSwatch*, 16> lblPalette{};
+    ControlArray<ColourSwatch, 16> lblPalette{};
     SwatchMarker* shpMarker = nullptr;
-    std::array<QSlider*, 3> scrCol{}; ///< red, green, blue
-    std::array<QLabel*, 3> lblCol{};
+    ControlArray<QSlider, 3> scrCol{}; ///< red, green, blue
+    ControlArray<QLabel, 3> lblCol{};
     QMenu* menu_palettetop = nullptr;
     std::int16_t iPaletteIndex = 0;   ///< the selected swatch, 0 to 15
     std::int16_t bSettingSliders = 0; ///< -1 while the sliders take the colour of a swatch

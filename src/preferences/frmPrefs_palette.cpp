@@ -1,3 +1,4 @@
+#include "controls/control_table.h"
 #include "preferences/colour_swatch.h"
 #include "preferences/frmPrefs.h"
 #include "shell/shell.h"
@@ -10,13 +11,10 @@ namespace lumrake {
 
 void frmPrefs::ConnectPalette() {
     for (int i = 0; i < static_cast<int>(lblPalette.size()); ++i) {
-        lblPalette[static_cast<std::size_t>(i)]->Click = [this, i] { lblPalette_Click(i); };
+        lblPalette[i]->Click = [this, i] { lblPalette_Click(i); };
     }
-    for (int i = 0; i < static_cast<int>(scrCol.size()); ++i) {
-        // Comes during a drag as well, so the swatch and the number follow the slider.
-        connect(scrCol[static_cast<std::size_t>(i)], &QSlider::valueChanged, this,
-                [this, i] { scrCol_Change(i); });
-    }
+    // Comes during a drag as well, so the swatch and the number follow the slider.
+    Connect(this, scrCol, &QSlider::valueChanged, &frmPrefs::scrCol_Change);
     const QList<QAction*> entries = menu_palettetop->actions();
     for (int i = 0; i < static_cast<int>(entries.size()); ++i) {
         connect(entries[i], &QAction::triggered, this, [this, i] { menu_palette_Click(i); });
@@ -47,7 +45,7 @@ void frmPrefs::SetSwatches(const PaletteColours& colours) {
 }
 
 void frmPrefs::lblPalette_Click(int Index) {
-    const ColourSwatch* swatch = lblPalette[static_cast<std::size_t>(Index)];
+    const ColourSwatch* swatch = lblPalette[Index];
     shpMarker->move(swatch->pos() - QPoint(1, 1)); // the frame lies just outside the swatch
     iPaletteIndex = static_cast<std::int16_t>(Index);
     bSettingSliders = -1;

@@ -1,6 +1,7 @@
 #include "shell/shell.h"
 
 #include "controls/message_box.h"
+#include "controls/watch.h"
 #include "disk/files.h"
 
 #include <QCoreApplication>
@@ -36,6 +37,7 @@ QString& ReplacedDirectory() {
 } // namespace
 
 ShellNotices* SetShellNotices(ShellNotices* notices) {
+    SetHelpReceiver(ShowPrompt);
     return std::exchange(registered, notices != nullptr ? notices : &nobody);
 }
 

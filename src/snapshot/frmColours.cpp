@@ -1,17 +1,15 @@
 #include "snapshot/frmColours.h"
 
+#include "assistant/rules/help_numbers.h"
+#include "controls/control_table.h"
 #include "controls/screen_colour.h"
 #include "controls/tab_strip.h"
-#include "controls/watched.h"
-#include "disk/texts.h"
+#include "controls/watch.h"
 #include "shell/shell.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPushButton>
 
 namespace lumrake {
@@ -20,44 +18,38 @@ namespace {
 
 constexpr int kSample = 8; // index of the sample in lblColour
 
-// Places in logical pixels. The swatches lie on the page of the tab control, the buttons on the dialog.
 constexpr QSize kDialog(222, 252);
 constexpr QRect kTab(8, 8, 206, 204);
-constexpr QRect kSwatch(12, 12, 40, 32); // the first one
-constexpr int kSwatchStepX = 46, kSwatchStepY = 38, kSwatchesInRow = 4;
-constexpr QRect kSampleSquare(12, 96, 68, 68);
-constexpr QRect kBright(104, 118, 88, 24);
 constexpr int kSamplePixels = 48; // 36 points
 
-/// Prompts of the assistant.
-enum Help {
-    kHelpNone = 0,
-    kHelpSwatch = 64,
-    kHelpSample = 65,
-    kHelpBright = 66,
-    kHelpCancel = 67,
-    kHelpSelect = 68
-};
+/// A square of one colour in a sunken frame, named for screen readers alone.
+QWidget* NewSwatch(QWidget* parent) {
+    auto* label = new QLabel(parent);
+    label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
+    label->setAutoFillBackground(true);
+    return label;
+}
 
-struct ButtonRow {
-    const char* caption;
-    const char* tag;
-    QRect place;
-    Help help;
-};
 // clang-format off
-constexpr std::array<ButtonRow, 2> kButtons{{
-    {"&Select", "SELECT", QRect(138, 219, 76, 25), kHelpSelect},
-    {"&Cancel", "CANCEL", QRect( 56, 219, 76, 25), kHelpCancel},
-}};
+constexpr ControlRow kControls[] = {
+    {NewSwatch,        "lblColour", 0,      "0",  12,  12, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 1,      "0",  58,  12, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 2,      "0", 104,  12, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 3,      "0", 150,  12, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 4,      "0",  12,  50, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 5,      "0",  58,  50, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 6,      "0", 104,  50, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 7,      "0", 150,  50, 40, 32, "", "", "", kHelpColours, kOnMove},
+    {NewSwatch,        "lblColour", 8,      "0",  12,  96, 68, 68, "S", "", "", kHelpSample, kOnMove},
+    {New<QCheckBox>,   "chkBright", kAlone, "0", 104, 118, 88, 24, "Bright",  "", "", kHelpBright, kOnMove | kOnFocus},
+    {New<QPushButton>, "cmdColour", 0,      "",  138, 219, 76, 25, "&Select", "", "SELECT", kHelpSelect, kOnMove | kOnFocus},
+    {New<QPushButton>, "cmdColour", 1,      "",   56, 219, 76, 25, "&Cancel", "", "CANCEL", kHelpPickerCancel, kOnMove | kOnFocus},
+};
 // clang-format on
 
 /// What a screen reader calls the swatches and the sample.
 constexpr const char* kNames[] = {"Black", "Blue",   "Red",   "Magenta", "Green",
                                   "Cyan",  "Yellow", "White", "Sample"};
-
-const char* const kHelpProperty = "HelpContextID";
-const char* const kTagProperty = "Tag";
 
 QColor BackColor(const QLabel& label) {
     return label.palette().color(QPalette::Window);
@@ -81,53 +73,29 @@ frmColours::frmColours(QWidget* parent) : QDialog(parent) {
 }
 
 void frmColours::CreateControls() {
-    // Moves over a control belong to it, also where the toolkit would pass them on to what lies under it.
-    const auto watch = [this](QWidget* control, Help help) {
-        control->setProperty(kHelpProperty, static_cast<int>(help));
-        control->setMouseTracking(true);
-        control->installEventFilter(this);
-    };
-
+    SetHelp(this, kHelpNone);
     SSTab1 = new TabStrip({{QStringLiteral("Colour"), 1, 51}}, this);
     SSTab1->setGeometry(kTab);
-    SSTab1->MouseMove = [](int, int) { ShowPrompt(kHelpNone); };
-    QWidget* page = SSTab1->Page(0);
-
-    for (int index = 0; index < static_cast<int>(lblColour.size()); ++index) {
-        auto* label = new QLabel(page);
-        const bool sample = index == kSample;
-        label->setGeometry(sample ? kSampleSquare
-                                  : kSwatch.translated(index % kSwatchesInRow * kSwatchStepX,
-                                                       index / kSwatchesInRow * kSwatchStepY));
-        label->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
-        label->setAutoFillBackground(true);
-        label->setAccessibleName(Latin(kNames[index]));
-        watch(label, sample ? kHelpSample : kHelpSwatch);
-        lblColour[static_cast<std::size_t>(index)] = label;
+    lumrake::CreateControls(*this, SSTab1, kControls);
+    Bind(*this, "lblColour", lblColour);
+    chkBright = Find<QCheckBox>(*this, "chkBright");
+    Bind(*this, "cmdColour", cmdColour);
+    for (int Index = 0; Index < static_cast<int>(lblColour.size()); ++Index) {
+        lblColour[Index]->setAccessibleName(QLatin1String(kNames[Index]));
+        Watch(lblColour[Index]).MouseDown = [this, Index](const MouseArgs& args) {
+            lblColour_MouseDown(Index, args.Button);
+        };
     }
     QFont font(QStringLiteral("Arial"));
     font.setBold(true);
     font.setPixelSize(kSamplePixels);
     lblColour[kSample]->setFont(font);
     lblColour[kSample]->setAlignment(Qt::AlignCenter);
-    lblColour[kSample]->setText(QStringLiteral("S"));
-
-    chkBright = new QCheckBox(QStringLiteral("Bright"), page);
-    chkBright->setGeometry(kBright);
-    watch(chkBright, kHelpBright);
-    connect(chkBright, &QCheckBox::toggled, this, [this] { chkBright_Click(); });
-
-    for (std::size_t index = 0; index < kButtons.size(); ++index) {
-        const ButtonRow& row = kButtons[index];
-        auto* button = new QPushButton(Latin(row.caption), this);
-        button->setProperty(kTagProperty, Latin(row.tag));
-        button->setGeometry(row.place);
+    for (QPushButton* button : cmdColour) {
         button->setAutoDefault(false); // Enter does nothing special
-        watch(button, row.help);
-        connect(button, &QPushButton::clicked, this,
-                [this, index] { cmdColour_Click(static_cast<int>(index)); });
-        cmdColour[index] = button;
     }
+    connect(chkBright, &QCheckBox::toggled, this, &frmColours::chkBright_Click);
+    Connect(this, cmdColour, &QPushButton::clicked, &frmColours::cmdColour_Click);
 }
 
 std::int16_t frmColours::GetColour(std::int16_t iColour) {
@@ -150,63 +118,32 @@ void frmColours::ShowColours(std::int16_t iBright) {
 }
 
 void frmColours::ShowSample() {
-    SetColours(*lblColour[kSample], BackColor(*lblColour[static_cast<std::size_t>(iInk)]),
-               BackColor(*lblColour[static_cast<std::size_t>(iPaper)]));
+    SetColours(*lblColour[kSample], BackColor(*lblColour[iInk]), BackColor(*lblColour[iPaper]));
 }
 
 void frmColours::chkBright_Click() {
     ShowColours(chkBright->isChecked() ? 1 : 0);
 }
 
-void frmColours::lblColour_MouseDown(int Index, Qt::MouseButton Button) {
+void frmColours::lblColour_MouseDown(int Index, std::int16_t Button) {
     if (Index == kSample) {
         return; // it shows the choice and offers none
     }
-    if (Button == Qt::LeftButton) {
+    if (Button == 1) {
         iInk = static_cast<std::int16_t>(Index);
-    } else if (Button == Qt::RightButton) {
+    } else if (Button == 2) {
         iPaper = static_cast<std::int16_t>(Index);
     }
     ShowSample();
 }
 
 void frmColours::cmdColour_Click(int Index) {
-    if (cmdColour[static_cast<std::size_t>(Index)]->property(kTagProperty) == QStringLiteral("SELECT")) {
+    if (TagOf(cmdColour[Index]) == QLatin1String("SELECT")) {
         iResult = static_cast<std::int16_t>((chkBright->isChecked() ? 64 : 0) + iPaper * 8 + iInk);
         accept();
     } else {
         reject();
     }
-}
-
-bool frmColours::eventFilter(QObject* watched, QEvent* event) {
-    const int help = watched->property(kHelpProperty).toInt();
-    switch (event->type()) {
-    case QEvent::MouseMove:
-        ShowPrompt(help);
-        // A button follows the mouse while it is held down, to know whether it still lies under it.
-        return static_cast<QMouseEvent*>(event)->buttons() != Qt::LeftButton ||
-               qobject_cast<QAbstractButton*>(watched) == nullptr;
-    case QEvent::FocusIn:
-        if (IsMoveOfFocus(static_cast<QFocusEvent*>(event)->reason())) {
-            ShowPrompt(help);
-        }
-        return false;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick: // two quick presses are two presses
-        for (int index = 0; index < static_cast<int>(lblColour.size()); ++index) {
-            if (watched == lblColour[static_cast<std::size_t>(index)]) {
-                lblColour_MouseDown(index, static_cast<QMouseEvent*>(event)->button());
-                return true;
-            }
-        }
-        return false;
-    default: return false;
-    }
-}
-
-void frmColours::mouseMoveEvent(QMouseEvent*) {
-    ShowPrompt(kHelpNone);
 }
 
 /// Enter and Escape do nothing here: the dialog's own handling of them is passed over.

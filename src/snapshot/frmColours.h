@@ -1,8 +1,9 @@
 #pragma once
 
+#include "controls/control_array.h"
+
 #include <QDialog>
 
-#include <array>
 #include <cstdint>
 
 class QCheckBox;
@@ -25,8 +26,6 @@ class frmColours : public QDialog {
     std::int16_t GetColour(std::int16_t iColour);
 
   protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -37,7 +36,7 @@ class frmColours : public QDialog {
     void ShowColours(std::int16_t iBright);
     void ShowSample();
     void chkBright_Click();
-    void lblColour_MouseDown(int Index, Qt::MouseButton Button);
+    void lblColour_MouseDown(int Index, std::int16_t Button);
     void cmdColour_Click(int Index);
 
     std::int16_t iInk = 7;     ///< 0 to 7
@@ -45,9 +44,9 @@ class frmColours : public QDialog {
     std::int16_t iResult = -1; ///< what GetColour returns
 
     TabStrip* SSTab1 = nullptr;
-    std::array<QLabel*, 9> lblColour{}; ///< 0 to 7 the swatches, 8 the sample
+    ControlArray<QLabel, 9> lblColour{}; ///< 0 to 7 the swatches, 8 the sample
     QCheckBox* chkBright = nullptr;
-    std::array<QPushButton*, 2> cmdColour{};
+    ControlArray<QPushButton, 2> cmdColour{};
 };
 
 } // namespace lumrake

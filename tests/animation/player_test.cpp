@@ -5,6 +5,7 @@
 #include "snapshot/frmColours.h"
 #include "snapshot/frmSnapshot.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QDir>
 #include <QLabel>
@@ -283,7 +284,7 @@ class Setup : public ::testing::Test {
     bool Run(const std::function<void(frmAnimSetup&)>& act) {
         const WhenSetup driver(act);
         bool bOkay = false;
-        frmAnimSetup().GetAnimSettings(bOkay);
+        frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay);
         return bOkay;
     }
 

@@ -104,46 +104,45 @@ TEST(PlayerLayout, ChangesBetween153And154Pixels) {
 // ---- the setup dialog ----
 
 TEST(SetupRules, TheFirstFaultIsTold) {
-    const SetupTexts good{"game.sna", "0", "16", "8", "2", "1", "1", 0};
+    const SetupTexts good{{"game.sna", "", "0", "16", "8", "2", "1", "1"}, 0};
     constexpr std::int64_t kLength = 49179;
     const std::string kAddress = "Address must be between 0 and length of specified file -1 (49178)";
     const std::string kWidth = "Width must be between 8 and 256", kLines = "Lines must be between 1 and 192";
-    using T = SetupTexts;
     const struct {
-        std::string T::*field;
+        SetupField field;
         std::string typed, message; // empty: accepted
     } cases[] = {
         // clang-format off
-        {&T::sSnapFile, "",     "Snapshot filename must be entered"},
-        {&T::sOffset,  "  ",    "Please enter file offset"},     {&T::sOffset, "49178", ""},
-        {&T::sOffset,  "49179", kAddress},                       {&T::sOffset, "1e99",  kAddress},
-        {&T::sWidth,   "",      "Please enter width"},           {&T::sWidth,  "abc",   kWidth},
-        {&T::sWidth,   "12",    "Width must be divisible by 8"}, {&T::sWidth,  "264",   kWidth},
-        {&T::sLines,   "",      "Please enter number of lines"}, {&T::sLines,  "193",   kLines},
-        {&T::sLines,   "0.5",   kLines} /* even */,              {&T::sLines,  "192",   ""},
-        {&T::sFrames,  "",      "Please enter number of frames"},
-        {&T::sFrames,  "1",     "Frames must be greater than 1"},
-        {&T::sFrames,  "1e5",   "Frames must be between 2 and 32767"},
-        {&T::sStep,    "",      "Please enter frame step"},
-        {&T::sStep,    "0",     "Step must be greater than 1"},
-        {&T::sStep,    "1e10",  "Step must be between 1 and 2147483647"},
-        {&T::sPause,   "",      "Please enter frame pause"},
-        {&T::sPause,   "-2",    "Pause must be greater than 1"},
-        {&T::sPause,   "32768", "Pause must be between 1 and 32767"},
+        {kSnapFileField, "",     "Snapshot filename must be entered"},
+        {kOffsetField,  "  ",    "Please enter file offset"},     {kOffsetField, "49178", ""},
+        {kOffsetField,  "49179", kAddress},                       {kOffsetField, "1e99",  kAddress},
+        {kWidthField,   "",      "Please enter width"},           {kWidthField,  "abc",   kWidth},
+        {kWidthField,   "12",    "Width must be divisible by 8"}, {kWidthField,  "264",   kWidth},
+        {kLinesField,   "",      "Please enter number of lines"}, {kLinesField,  "193",   kLines},
+        {kLinesField,   "0.5",   kLines} /* even */,              {kLinesField,  "192",   ""},
+        {kFramesField,  "",      "Please enter number of frames"},
+        {kFramesField,  "1",     "Frames must be greater than 1"},
+        {kFramesField,  "1e5",   "Frames must be between 2 and 32767"},
+        {kStepField,    "",      "Please enter frame step"},
+        {kStepField,    "0",     "Step must be greater than 1"},
+        {kStepField,    "1e10",  "Step must be between 1 and 2147483647"},
+        {kPauseField,   "",      "Please enter frame pause"},
+        {kPauseField,   "-2",    "Pause must be greater than 1"},
+        {kPauseField,   "32768", "Pause must be between 1 and 32767"},
         // clang-format on
     };
     for (const auto& each : cases) {
         SetupTexts texts = good;
-        texts.*each.field = each.typed;
+        texts.fields[each.field] = each.typed;
         const auto fault = ValidateSettings(texts, kLength);
         EXPECT_EQ(fault ? fault->sMessage : "", each.message) << each.typed;
     }
     SetupTexts texts = good;
     texts.iRepeatIndex = -1;
-    texts.sPause.clear(); // comes after the list
-    EXPECT_EQ(ValidateSettings(texts, kLength)->field, SetupField::Repeat);
-    texts.sOffset = std::string("9"); // and the offset before everything else
-    EXPECT_EQ(ValidateSettings(texts, 9)->field, SetupField::Offset);
+    texts.fields[kPauseField].clear(); // comes after the list
+    EXPECT_EQ(ValidateSettings(texts, kLength)->field, kRepeatField);
+    texts.fields[kOffsetField] = std::string("9"); // and the offset before everything else
+    EXPECT_EQ(ValidateSettings(texts, 9)->field, kOffsetField);
 }
 
 TEST(SetupRules, LineBreaksOfAnyKindAreOneOnTheScreen) {

@@ -11,6 +11,7 @@
 #include "snapshot/snapshot_probe.h"
 #include "support/when_open.h"
 
+#include <QCheckBox>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>

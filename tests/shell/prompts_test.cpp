@@ -199,7 +199,7 @@ TEST_F(Prompts, AnimationSetup) {
     };
     const std::pair<QPoint, int> kTabs[] = {{{51, 18}, 46}, {{52, 9}, 0}, {{56, 3}, 47}, {{94, 9}, 47}, {{95, 9}, 0}};
     // clang-format on
-    frmAnimSetup form;
+    frmAnimSetup form(GlobalAnim);
     Open(form, 48);
     Try(form, kArrays, kTabs);
     Find<TabStrip>(form, "SSTab1")->SetTab(0);

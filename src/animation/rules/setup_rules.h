@@ -1,6 +1,7 @@
 #pragma once
 
 #include "animation/rules/animation_record.h"
+#include "base/number_field.h"
 #include "snapshot/rules/addressing.h"
 
 #include <array>
@@ -10,15 +11,36 @@
 
 namespace lumrake {
 
-/// The fields of the setup dialog that are tested.
-enum class SetupField { SnapFile, Offset, Width, Lines, Frames, Step, Repeat, Pause };
+/// The fields of the setup dialog: its boxes for texts by their place in txtAnimSetup, and what else is tested.
+enum SetupField : std::size_t {
+    kSnapFileField,
+    kTitleField,
+    kOffsetField,
+    kWidthField,
+    kLinesField,
+    kFramesField,
+    kStepField,
+    kPauseField,
+    kTextFields,
+    kRepeatField
+};
 
 /// What stands in the dialog, as far as it is tested. Texts are UTF-8, as typed.
 struct SetupTexts {
-    std::string sSnapFile;
-    std::string sOffset, sWidth, sLines, sFrames, sStep, sPause;
+    std::array<std::string, kTextFields> fields;
     int iRepeatIndex = -1;     ///< place in the list of repeat types, -1 for none
-    bool bSnapFileCut = false; ///< sSnapFile is what the field took of a longer name
+    bool bSnapFileCut = false; ///< the file name is what the field took of a longer name
+};
+
+/// The number that a box stands for.
+struct SetupNumber {
+    SetupField field;
+    NumberPlace<AnimationRecord> place;
+};
+inline constexpr SetupNumber kSetupNumbers[] = {
+    {kOffsetField, &AnimationRecord::lOffset}, {kWidthField, &AnimationRecord::iWidth},
+    {kLinesField, &AnimationRecord::iLines},   {kFramesField, &AnimationRecord::iFrames},
+    {kStepField, &AnimationRecord::lStep},     {kPauseField, &AnimationRecord::iPause},
 };
 
 /// The first fault found, and what the user is told about it.
@@ -28,7 +50,7 @@ struct SetupFault {
 };
 
 /// Tests the fields from the file name to the pause and gives the first fault, or nothing when all is well.
-/// `lSnapLength` is the length in bytes of the file that sSnapFile names, nothing when there is no such file.
+/// `lSnapLength` is the length in bytes of the file that the dialog names, nothing when there is no such file.
 /// A text that does not begin with a number counts as 0; numbers are rounded to whole ones, a half to the
 /// even neighbour. A number that passes fits its field of the record.
 std::optional<SetupFault> ValidateSettings(const SetupTexts& texts, std::optional<std::int64_t> lSnapLength);

@@ -1,7 +1,6 @@
 #include "preferences/rules/prefs_rules.h"
 
-#include "base/numbers.h"
-#include "base/text_codec.h"
+#include "base/number_field.h"
 #include "snapshot/rules/addressing.h"
 
 #include <algorithm>
@@ -11,39 +10,18 @@ namespace lumrake {
 
 namespace {
 
-struct FieldTests {
-    const char* missing;
-    std::int32_t divisor; ///< 0: any number will do
-    const char* notDivisible;
-    double least, most;
-    const char* outside;
-};
-
 constexpr double kNoLimit = std::numeric_limits<double>::infinity();
 
 // clang-format off
-constexpr FieldTests kTests[kDefaultFields] = {
-    // text empty                       divisor                                  least most
-    {"Please enter default offset",     0, "",                                   0, kNoLimit, "Invalid default offset"},
-    {"Please enter width",              8, "Width must be divisible by 8",       8, 256, "Width must be between 8 and 256"},
-    {"Please enter number of lines",    0, "",                                   1, 192, "Lines must be between 1 and 192"},
-    {"Please enter number of columns",  0, "",                                   1, 16,  "Columns must be between 1 and 16"},
+constexpr NumberTest kTests[kDefaultFields] = {
+    {"Please enter default offset",    0, kNoLimit, "Invalid default offset"},
+    {"Please enter width",             8, 256,      "Width must be between 8 and 256", nullptr, 8, "Width must be divisible by 8"},
+    {"Please enter number of lines",   1, 192,      "Lines must be between 1 and 192"},
+    {"Please enter number of columns", 1, 16,       "Columns must be between 1 and 16"},
     // Black ink on black paper is an attribute like any other, so 0 passes.
-    {"Please enter attribute",          0, "",                                   0, 127, "Attribute must be between 1 and 127"},
+    {"Please enter attribute",         0, 127,      "Attribute must be between 1 and 127"},
 };
 // clang-format on
-
-std::string_view FaultOf(std::string_view text, const FieldTests& tests) {
-    text = TrimBlanks(text);
-    if (text.empty()) {
-        return tests.missing;
-    }
-    const double value = NumberFromText(text);
-    if (IsDivisible(HeldTo<std::int32_t>(value), tests.divisor) == 0) {
-        return tests.notDivisible;
-    }
-    return value < tests.least || value > tests.most ? tests.outside : std::string_view();
-}
 
 } // namespace
 

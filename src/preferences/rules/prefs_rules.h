@@ -1,5 +1,8 @@
 #pragma once
 
+#include "base/number_field.h"
+#include "shell/rules/settings.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -10,6 +13,11 @@ namespace lumrake {
 
 /// The default view's text fields, in the order of txtDefault.
 enum DefaultField : std::size_t { kOffset, kWidth, kLines, kColumns, kAttribute, kDefaultFields };
+
+/// The place of each in the settings.
+inline constexpr std::array<NumberPlace<SettingsRecord>, kDefaultFields> kDefaultPlaces = {
+    &SettingsRecord::lDefaultOffset, &SettingsRecord::iDefaultWidth, &SettingsRecord::iDefaultLines,
+    &SettingsRecord::iDefaultColumns, &SettingsRecord::iDefaultAttribute};
 
 using DefaultTexts = std::array<std::string, kDefaultFields>;
 
