@@ -78,10 +78,13 @@ class MainStage : public Stage {
                             : QTest::keyClick(menu, key);
         }
     }
-    /// The buttons of the toolbar from left to right, hidden ones too.
+    /// The buttons of the toolbar from left to right, without those of hidden groups.
     static QList<QToolButton*> Buttons() {
-        auto buttons = Bar().findChildren<QToolButton*>();
-        std::ranges::stable_sort(buttons, {}, &QWidget::x);
+        QList<QToolButton*> buttons;
+        for (QAction* action : Bar().actions()) {
+            buttons.push_back(qobject_cast<QToolButton*>(Bar().widgetForAction(action)));
+        }
+        buttons.removeAll(nullptr); // gaps
         return buttons;
     }
     static QToolButton* Button(const char* toolTip) {

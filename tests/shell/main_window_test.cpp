@@ -188,7 +188,7 @@ const Command kCommands[] = {
     {'A', "View/Zoom/16:1",                   "VZvvvv\n", "",        "",                 "zoom 5"},
     {'A', "View/File",                        "VF",       "Ctrl+F1", "",                 "File off | bar ddd dddd dd eee"},
     {'0', "View/Editing",                     "VE",       "Ctrl+F2", "",                 "Editing off | bar edd dddd dd eed"},
-    {'0', "View/Drawing",                     "VD",       "Ctrl+F3", "",                 "Drawing off | bar edd ddd dd eed"},
+    {'0', "View/Drawing",                     "VD",       "Ctrl+F3", "",                 "Drawing off | bar edd ddd dd eed | tool 2"},
     {'S', "View/Snapshot",                    "VS",       "Ctrl+F4", "",                 "Snapshot off | bar eee eed eeee eed"},
     {'0', "View/Animation",                   "VA",       "Ctrl+F5", "",                 "Animation off | bar edd ddd dddd dd"},
     {'0', "View/Co-ordinates",                "VC",       "Ctrl+F6", "",                 "Co-ordinates off | panel off"},
@@ -286,16 +286,14 @@ class Program : public MainStage {
         seen["tool"] = std::to_string(iCurrentTool);
         int right = 0;
         for (QToolButton* button : Buttons()) {
-            if (button->isVisible()) { // a blank for each separator
-                seen["bar"] += right > 0 && button->x() > right ? " " : "";
-                seen["bar"] += button->grab().toImage().isGrayscale() ? 'd' : 'e'; // what is off is grey
-                right = button->geometry().right() + 1;
-            }
+            seen["bar"] += right > 0 && button->x() > right ? " " : "";        // for each separator
+            seen["bar"] += button->grab().toImage().isGrayscale() ? 'd' : 'e'; // what is off is grey
+            right = button->geometry().right() + 1;
             seen["tool"] += button->isChecked() ? ' ' + button->toolTip().toStdString() : "";
         }
         WindowList();
         for (const QAction* entry : main.findChildren<QAction*>()) {
-            if (entry->isCheckable()) {
+            if (entry->isCheckable() && !entry->text().isEmpty()) {
                 seen[entry->text().remove(u'&').toStdString()] = entry->isChecked() ? "on" : "off";
             }
         }
@@ -400,7 +398,7 @@ TEST(Wires, LeadFromMenuKeyAndButtonToTheSame) {
 
 TEST(Wires, ButtonsShowTheirDrawings) {
     const Program program('0');
-    const QStringList names = Latin("open save export cut copy paste draw zoom select pan toanim topleft "
+    const QStringList names = Latin("open save export cut copy paste draw magnify net pan toanim topleft "
                                     "anim_new anim_open anim_save")
                                   .split(u' ');
     for (int i = 0; i < names.size(); ++i) {
@@ -507,7 +505,7 @@ TEST(MainWindow, PlacesCountTheFrame) {
     const QWidget& coords = MainProbe::Coords(main);
     for (const int width : {1, 1400}) {
         main.resize(width, 400);
-        EXPECT_GE(coords.x(), stage.Bar().FullWidth()) << width;
+        EXPECT_GE(coords.x(), stage.Buttons().back()->geometry().right()) << width;
         EXPECT_EQ(coords.x(), main.frameGeometry().width() - 181);
     }
     MainProbe::Coords(main).move(0, 0); // as it lay before the frame was known
