@@ -48,7 +48,6 @@ TEST(Startup, TheWindowTakesOnWhatTheSettingsSay) {
     for (int group = 1; group <= 6; ++group) {
         EXPECT_EQ(main.Entry(Menu::menu_toolbar, group)->isChecked(), group % 2 == 1);
     }
-    EXPECT_EQ(stage.Buttons().size(), 3 + 4 + 3);
     EXPECT_EQ(stage.Buttons().back()->geometry(), QRect(9 * 24 + 3 * 8, 3, 24, 23));
     EXPECT_FALSE(MainProbe::Coords(main).isVisible());
     EXPECT_FALSE(main.Entry(Menu::menu_recent, 1)->isVisible());
