@@ -80,18 +80,6 @@ int PanelBar::PanelWidth(int index) const {
     return widths_[static_cast<std::size_t>(index - 1)];
 }
 
-int PanelBar::PanelAtX(int x) const {
-    int hit = 0;
-    int left = 0;
-    for (int index = 1; index <= PanelCount(); ++index) {
-        if (left + PanelWidth(index) > x && x > left) {
-            hit = index;
-        }
-        left += PanelWidth(index);
-    }
-    return hit;
-}
-
 QSize PanelBar::sizeHint() const {
     return {200, kHeight};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "base/row_hit.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -33,8 +35,8 @@ class PanelBar : public QWidget {
     /// Left edge and width in logical pixels of the bar, for its present size.
     int PanelLeft(int index) const;
     int PanelWidth(int index) const;
-    /// The last panel whose left edge is below x and whose right edge is above it; 0 when there is none.
-    int PanelAtX(int x) const;
+    /// The panel whose left edge is below x and whose right edge is above it; 0 when there is none.
+    int PanelAtX(int x) const { return HitInRow(x, widths_); }
 
     /// Called with the mouse button (1 left, 2 right, 4 middle) of a press.
     std::function<void(int button)> MouseDown;

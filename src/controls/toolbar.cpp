@@ -1,111 +1,114 @@
 #include "controls/toolbar.h"
 
-#include "controls/accessible_role.h"
-#include "controls/pictures.h"
+#include "base/row_hit.h"
 
+#include <QActionEvent>
 #include <QApplication>
+#include <QFrame>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QToolButton>
-#include <qdrawutil.h>
+#include <QWidgetAction>
+
+#include <algorithm>
 
 namespace lumrake {
 
 namespace {
-
 constexpr int kBarHeight = 29;
-constexpr int kButtonWidth = 24;
-constexpr int kButtonHeight = 23;
-constexpr int kSeparatorWidth = 8;
-constexpr QSize kPictureSize(18, 17);
-
-int WidthOf(ButtonStyle style) {
-    return style == ButtonStyle::Separator ? kSeparatorWidth : kButtonWidth;
-}
-
+constexpr int kGapWidth = 8;
+constexpr QRect kGapLine(0, 5, 6, kBarHeight - 11);
+constexpr QSize kButtonSize(24, 23);
 } // namespace
 
-Toolbar::Toolbar(QWidget* parent) : QWidget(parent) {
+Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
+    setMovable(false);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    toggleViewAction()->setVisible(false); // the bar itself always stays
     setMouseTracking(true);
-    setFixedHeight(kBarHeight);
-    SetAccessibleRole(this, QAccessible::ToolBar);
+    layout()->setContentsMargins(0, 0, 0, 0);
+    layout()->setSpacing(0);
+    setIconSize(kPictureSize);
+    setFixedHeight(kBarHeight); // behind the size of the icons, which takes a fixed height away
 }
 
-void Toolbar::AddButton(const ToolbarButton& button) {
-    Slot slot{.button = button};
-    if (button.Style != ButtonStyle::Separator) {
-        auto* control = new QToolButton(this);
-        control->setIcon(LoadIcon(button.Picture, kPictureSize));
-        control->setIconSize(kPictureSize);
-        control->setToolTip(button.ToolTipText);
-        control->setAccessibleName(button.ToolTipText);
-        control->setAutoRaise(true);
-        control->setFocusPolicy(Qt::NoFocus);
-        // A disabled button would keep its mouse moves to itself.
-        control->setMouseTracking(true);
-        control->installEventFilter(this);
-        control->setCheckable(button.Style == ButtonStyle::Group);
-        control->setAutoExclusive(button.Style == ButtonStyle::Group);
-        const int index = ButtonCount() + 1;
-        // Not toggled: a click on the button that is pressed already has to be told as well.
-        connect(control, &QToolButton::clicked, this, [this, index] {
-            if (ButtonClick) {
-                ButtonClick(index);
+QAction* Toolbar::NewGap() {
+    auto* line = new QFrame;
+    line->setFixedSize(kGapWidth, kBarHeight);
+    line->setFrameStyle(static_cast<int>(QFrame::VLine) | static_cast<int>(QFrame::Sunken));
+    line->setFrameRect(kGapLine);
+    auto* gap = new QWidgetAction(this);
+    gap->setDefaultWidget(line);
+    return gap;
+}
+
+void Toolbar::AddButton(int group, QAction* action) {
+    while (static_cast<int>(groups_.size()) <= group) {
+        groups_.push_back({NewGap()});
+        addAction(groups_.back().front());
+    }
+    addAction(action);
+    groups_[static_cast<std::size_t>(group)].push_back(action);
+}
+
+void Toolbar::ShowGroups(std::span<const std::int16_t> flags) {
+    // An action cannot be hidden on the bar alone, so it leaves it.
+    QAction* next = nullptr;
+    for (std::size_t group = groups_.size(); group-- > 0;) {
+        for (auto action = groups_[group].rbegin(); action != groups_[group].rend(); ++action) {
+            if (flags[group] == 0) {
+                removeAction(*action);
+                continue;
             }
-        });
-        slot.control = control;
+            if (!actions().contains(*action)) {
+                insertAction(next, *action);
+            }
+            next = *action;
+        }
     }
-    slots_.push_back(slot);
-    Arrange();
-}
-
-int Toolbar::ButtonWidth(int index) const {
-    return SlotAt(index).visible ? WidthOf(SlotAt(index).button.Style) : 0;
-}
-
-int Toolbar::FullWidth() const {
-    int width = 0;
-    for (const Slot& slot : slots_) {
-        width += slot.control != nullptr ? kButtonWidth : kSeparatorWidth;
-    }
-    return width;
-}
-
-void Toolbar::SetButtonStyle(int index, ButtonStyle style) {
-    SlotAt(index).button.Style = style;
-    Arrange();
-}
-
-void Toolbar::SetButtonVisible(int index, bool visible) {
-    SlotAt(index).visible = visible;
-    Arrange();
-}
-
-void Toolbar::SetButtonEnabled(int index, bool enabled) {
-    if (QToolButton* control = SlotAt(index).control) {
-        control->setEnabled(enabled);
+    layout()->activate();
+    for (QAction* action : actions()) {
+        if (auto* line = qobject_cast<QFrame*>(widgetForAction(action))) {
+            // A line at the very edge would separate nothing.
+            line->setFrameShape(action == actions().front() ? QFrame::NoFrame : QFrame::VLine);
+        }
     }
 }
 
-bool Toolbar::IsButtonEnabled(int index) const {
-    const QToolButton* control = SlotAt(index).control;
-    return control != nullptr && control->isEnabled();
-}
-
-void Toolbar::PressButton(int index) {
-    if (QToolButton* control = SlotAt(index).control) {
-        control->setChecked(true);
+void Toolbar::actionEvent(QActionEvent* event) {
+    QToolBar::actionEvent(event);
+    QWidget* control = event->type() == QEvent::ActionAdded ? widgetForAction(event->action()) : nullptr;
+    if (control == nullptr) {
+        return;
+    }
+    // A disabled button would keep its mouse moves to itself.
+    control->setMouseTracking(true);
+    control->installEventFilter(this);
+    if (qobject_cast<QToolButton*>(control) != nullptr) {
+        control->setFixedSize(kButtonSize);
+        control->setAccessibleName(event->action()->toolTip());
     }
 }
 
-bool Toolbar::IsButtonPressed(int index) const {
-    const QToolButton* control = SlotAt(index).control;
-    return control != nullptr && control->isChecked();
+int Toolbar::HelpAtX(double x) const {
+    std::vector<int> widths;
+    for (QAction* action : actions()) {
+        widths.push_back(widgetForAction(action)->width());
+    }
+    const int hit = HitInRow(x, widths);
+    return hit == 0 ? 0 : actions()[hit - 1]->data().toInt();
 }
 
-bool Toolbar::CanTakeKeys(int index) const {
-    return IsButtonVisible(index) && IsButtonEnabled(index);
+QList<QToolButton*> Toolbar::KeyStops() const {
+    QList<QToolButton*> stops;
+    for (QAction* action : actions()) {
+        auto* button = qobject_cast<QToolButton*>(widgetForAction(action));
+        if (button != nullptr && button->isEnabled()) {
+            stops.push_back(button);
+        }
+    }
+    return stops;
 }
 
 void Toolbar::TakeKeys() {
@@ -113,15 +116,11 @@ void Toolbar::TakeKeys() {
         GiveKeysBack();
         return;
     }
-    int first = 0;
-    for (int index = ButtonCount(); index >= 1; --index) {
-        if (CanTakeKeys(index) && (first == 0 || !IsButtonPressed(first))) {
-            first = index;
-        }
-    }
-    if (first != 0) {
+    const QList<QToolButton*> stops = KeyStops();
+    if (!stops.isEmpty()) {
         keysFrom_ = QApplication::focusWidget();
-        SlotAt(first).control->setFocus(Qt::ShortcutFocusReason);
+        const auto pressed = std::ranges::find_if(stops, &QToolButton::isChecked);
+        (pressed == stops.end() ? stops.front() : *pressed)->setFocus(Qt::ShortcutFocusReason);
     }
 }
 
@@ -134,45 +133,10 @@ void Toolbar::GiveKeysBack() {
 }
 
 void Toolbar::StepKeys(int step) {
-    int index = 1;
-    while (index < ButtonCount() && SlotAt(index).control != QApplication::focusWidget()) {
-        ++index;
-    }
-    do {
-        index += step;
-    } while (index >= 1 && index <= ButtonCount() && !CanTakeKeys(index));
-    if (index >= 1 && index <= ButtonCount()) {
-        SlotAt(index).control->setFocus(Qt::TabFocusReason);
-    }
-}
-
-void Toolbar::Arrange() {
-    int left = 0;
-    for (int index = 1; index <= ButtonCount(); ++index) {
-        if (QToolButton* control = SlotAt(index).control) {
-            control->setGeometry(left, (kBarHeight - kButtonHeight) / 2, kButtonWidth, kButtonHeight);
-            control->setVisible(SlotAt(index).visible);
-        }
-        left += ButtonWidth(index);
-    }
-    update();
-}
-
-QSize Toolbar::sizeHint() const {
-    return {FullWidth(), kBarHeight};
-}
-
-void Toolbar::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    int left = 0;
-    for (int index = 1; index <= ButtonCount(); ++index) {
-        const int width = ButtonWidth(index);
-        // A line at the very edge would separate nothing.
-        if (SlotAt(index).button.Style == ButtonStyle::Separator && width > 0 && left > 0) {
-            const int middle = left + width / 2 - 1;
-            qDrawShadeLine(&painter, middle, 5, middle, kBarHeight - 6, palette());
-        }
-        left += width;
+    const QList<QToolButton*> stops = KeyStops();
+    const auto from = std::ranges::find(stops, QApplication::focusWidget());
+    if (QToolButton* next = stops.value(from - stops.begin() + step)) {
+        next->setFocus(Qt::TabFocusReason);
     }
 }
 
@@ -188,7 +152,7 @@ bool Toolbar::eventFilter(QObject* control, QEvent* event) {
         default: break;
         }
     }
-    return QWidget::eventFilter(control, event);
+    return QToolBar::eventFilter(control, event);
 }
 
 void Toolbar::mouseMoveEvent(QMouseEvent* event) {

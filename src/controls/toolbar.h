@@ -1,87 +1,58 @@
 #pragma once
 
 #include <QPointer>
-#include <QString>
-#include <QWidget>
+#include <QToolBar>
 
 #include <functional>
+#include <span>
 #include <vector>
 
 class QToolButton;
 
 namespace lumrake {
 
-enum class ButtonStyle {
-    Plain,
-    Separator, ///< a gap that takes no clicks
-    Group,     ///< of all group buttons of a bar exactly one is pressed
-};
-
-/// One button of a toolbar.
-struct ToolbarButton {
-    QString Key; ///< what the form knows the button by; empty for a separator
-    ButtonStyle Style = ButtonStyle::Plain;
-    QString Picture; ///< name of its drawing in the resources, 18 x 17 pixels
-    QString ToolTipText;
-};
-
-/// A row of buttons, numbered from 1, that lie side by side from the left edge without a gap: the widths of
-/// the buttons before one add up to its left edge. Mouse moves over buttons, enabled or not, reach the bar.
-/// Neither a click nor the Tab key brings the keyboard to a button; that is what TakeKeys is for.
-class Toolbar : public QWidget {
+/// Groups of buttons, each with a gap before it, side by side from the left edge without a space. A button shares its
+/// action with whatever else gives the command; the action's data() is its help number. Mouse moves over buttons,
+/// enabled or not, reach the bar. Neither a click nor the Tab key brings the keyboard to a button; that is what
+/// TakeKeys is for.
+class Toolbar : public QToolBar {
   public:
+    static constexpr QSize kPictureSize{18, 17}; ///< of the drawings
+
     explicit Toolbar(QWidget* parent = nullptr);
 
-    void AddButton(const ToolbarButton& button);
-    int ButtonCount() const { return static_cast<int>(slots_.size()); }
-    const QString& KeyOf(int index) const { return SlotAt(index).button.Key; }
-    /// Width in logical pixels; a hidden button takes no room and reports 0.
-    int ButtonWidth(int index) const;
-    /// Right edge of the last button in logical pixels, counted as if all buttons were shown.
-    int FullWidth() const;
-
-    void SetButtonStyle(int index, ButtonStyle style);
-    void SetButtonVisible(int index, bool visible);
-    bool IsButtonVisible(int index) const { return SlotAt(index).visible; }
-    void SetButtonEnabled(int index, bool enabled);
-    bool IsButtonEnabled(int index) const;
-    /// Presses a group button without a click; the one that was pressed is let go.
-    void PressButton(int index);
-    bool IsButtonPressed(int index) const;
+    /// Puts the button of an action, with its tool tip, at the end of the bar, in the last group or the next one;
+    /// groups count from 0.
+    void AddButton(int group, QAction* action);
+    /// Shows the groups whose flag is not 0; the others take no room, nor does the gap before them.
+    void ShowGroups(std::span<const std::int16_t> flags);
+    /// The help number of the button at x, in logical pixels of the bar; 0 for a gap, the exact boundary of two
+    /// buttons and bare ground.
+    int HelpAtX(double x) const;
 
     /// Gives the keyboard to the pressed button, else to the first that can be clicked: the arrow keys walk over
     /// those, Space clicks, Esc gives the keyboard back to where it was. Called again it does the same as Esc.
     void TakeKeys();
 
-    /// Called with the number of a button that was clicked; for a group button also when it was already
-    /// pressed.
-    std::function<void(int index)> ButtonClick;
     /// Called with the mouse's x in logical pixels of the bar on every move.
     std::function<void(double x)> MouseMove;
 
-    QSize sizeHint() const override;
-
   protected:
+    void actionEvent(QActionEvent* event) override;
     bool eventFilter(QObject* control, QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
+    void paintEvent(QPaintEvent*) override {} ///< no frame
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
-    struct Slot {
-        ToolbarButton button;
-        QToolButton* control = nullptr; ///< none for a separator
-        bool visible = true;
-    };
-    const Slot& SlotAt(int index) const { return slots_[static_cast<std::size_t>(index - 1)]; }
-    Slot& SlotAt(int index) { return slots_[static_cast<std::size_t>(index - 1)]; }
-    void Arrange();
-    bool CanTakeKeys(int index) const;
-    /// Moves the keyboard from one button to the next that can be clicked, to the right (1) or left (-1).
+    QAction* NewGap();
+    /// The buttons that can be clicked, from left to right.
+    QList<QToolButton*> KeyStops() const;
+    /// Moves the keyboard to the next of those, to the right (1) or left (-1).
     void StepKeys(int step);
     void GiveKeysBack();
 
-    std::vector<Slot> slots_;
-    QPointer<QWidget> keysFrom_; ///< who had the keyboard before
+    std::vector<QList<QAction*>> groups_; ///< a group's first is its gap
+    QPointer<QWidget> keysFrom_;          ///< who had the keyboard before
 };
 
 } // namespace lumrake

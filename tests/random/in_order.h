@@ -128,30 +128,30 @@ class Inspector {
 
     void CheckCommands(bool pressed) {
         const frmMain& main = *MainWindow();
-        const bool active = main.ActiveForm() != nullptr, any = iSnapshotCount + iAnimationCount > 0;
         frmSnapshot* form = main.ActiveSnapshot();
-        const bool snapshot = form != nullptr;
+        const bool any = main.ActiveForm() != nullptr, snapshot = form != nullptr,
+                   animation = any && !snapshot;
+        Expect(any == (iSnapshotCount + iAnimationCount > 0), "no child is active");
         const auto expect = [&](bool on, Menu name, int first = 0, int last = 0) {
             for (int Index = first; Index <= last; ++Index) {
                 const QAction& entry = *main.Entry(name, Index);
                 Expect(entry.isEnabled() == on, entry.text().toStdString() + (on ? " is off" : " is on"));
             }
         };
-        Expect(active == any, "no child is active");
-        expect(snapshot, Menu::menu_save);
-        expect(snapshot, Menu::menu_saveas);
-        expect(snapshot, Menu::menu_exportviews);
+        for (const Menu name : {Menu::menu_save, Menu::menu_saveas, Menu::menu_exportviews}) {
+            expect(snapshot, name);
+        }
         expect(snapshot, Menu::menu_mode, 0, 4);
         expect(snapshot, Menu::menu_snapshot, 0, 3);
-        expect(active && !snapshot, Menu::menu_animation, 3, 4);
-        expect(active && !snapshot, Menu::menu_animationtogif);
+        expect(snapshot, Menu::tbrMain, kToolDraw, kToolPan);
+        expect(animation, Menu::menu_animation, 3, 4);
+        expect(animation, Menu::menu_animationtogif);
         expect(any, Menu::menu_zoomopt);
         if (!any || frmClip::Instance().IsEmpty() == 0) { // a copy of nothing leaves Paste on
             expect(any, Menu::menu_edit, 3, 3);
         }
-        bool net = false; // the commands are on
-        bool open =
-            false; // on or off: while a net is dragged, or when it is one pixel that grew with the zoom
+        // The commands are on; or on or off: while a net is dragged, or when it is one pixel that grew with the zoom.
+        bool net = false, open = false;
         if (snapshot) {
             const SnapshotProbe probe{*form};
             const auto& shape = probe.Net();

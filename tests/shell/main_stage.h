@@ -13,13 +13,11 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
-#include <QMenuBar>
 #include <QToolButton>
 
 namespace lumrake {
 
 struct MainProbe {
-    static Toolbar& Bar(frmMain& main) { return *main.tbrMain; }
     static QWidget& Coords(frmMain& main) { return *main.picCoords; }
     static QString CoordsText(frmMain& main) { return main.lblCoords[0]->text() + main.lblCoords[1]->text(); }
     static PanelBar& Status(frmMain& main) { return *main.sbrMain; }
@@ -49,25 +47,7 @@ class MainStage : public Stage {
     static void EndRun() { delete MainWindow(); }
 
     static void Click(Menu name, int Index = 0) { MainWindow()->Entry(name, Index)->trigger(); }
-    /// Walks the menus by clicks on captions, given without "&": "File/Export view/Raw data".
-    static void ClickMenu(const char* path) {
-        QMenuBar* bar = MainWindow()->menuBar();
-        QWidget* menu = bar;
-        for (const QString& caption : Latin(path).split(u'/')) {
-            const auto entries = menu->actions();
-            const auto entry = std::ranges::find(entries, caption,
-                                                 [](const QAction* one) { return one->text().remove(u'&'); });
-            ASSERT_NE(entry, entries.end()) << path;
-            const QRect place =
-                menu == bar ? bar->actionGeometry(*entry) : static_cast<QMenu*>(menu)->actionGeometry(*entry);
-            QTest::mouseClick(menu, Qt::LeftButton, {}, place.center());
-            menu = (*entry)->menu();
-            EXPECT_TRUE(menu == nullptr || QTest::qWaitFor([menu] { return menu->isVisible(); }, 60000))
-                << path;
-        }
-    }
-    /// The same by keys: Alt and a letter, then letters in the menu that is open; v stands for the key Down and a
-    /// line feed for Enter.
+    /// Alt and a letter, then letters in the menu that is open; v stands for the key Down and a line feed for Enter.
     static void KeyMenu(const char* letters) {
         for (; *letters != '\0'; ++letters) {
             QWidget* menu = QApplication::activePopupWidget();
@@ -78,10 +58,13 @@ class MainStage : public Stage {
                             : QTest::keyClick(menu, key);
         }
     }
-    /// The buttons of the toolbar from left to right, hidden ones too.
+    /// The buttons of the toolbar from left to right, without those of hidden groups.
     static QList<QToolButton*> Buttons() {
-        auto buttons = Bar().findChildren<QToolButton*>();
-        std::ranges::stable_sort(buttons, {}, &QWidget::x);
+        QList<QToolButton*> buttons;
+        for (QAction* action : Bar().actions()) {
+            buttons.push_back(qobject_cast<QToolButton*>(Bar().widgetForAction(action)));
+        }
+        buttons.removeAll(nullptr); // gaps
         return buttons;
     }
     static QToolButton* Button(const char* toolTip) {
@@ -108,7 +91,7 @@ class MainStage : public Stage {
         emit menu->aboutToShow();
         return menu->actions().mid(2); // behind "Close all" and a line
     }
-    static Toolbar& Bar() { return MainProbe::Bar(*MainWindow()); }
+    static Toolbar& Bar() { return static_cast<Toolbar&>(*MainWindow()->findChild<QToolBar*>()); }
 
     QString Snapshot(const QString& name) const { return MakeFile(name, NoiseBytes(6912)); }
 

@@ -15,6 +15,7 @@
 #include <QLocale>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -36,8 +37,6 @@ constexpr int kMinimumHeight = 240; ///< pixels: bars and a strip of the area
 } // namespace
 
 frmMain::frmMain() {
-    CreateMenus();
-
     auto* client = new QWidget(this);
     auto* rows = new QVBoxLayout(client);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -51,7 +50,11 @@ frmMain::frmMain() {
     rows->addWidget(sbrMain);
     setCentralWidget(client);
 
-    CreateToolbar();
+    tbrMain->MouseMove = [this](double X) { tbrMain_MouseMove(X); };
+    CreateCommands();
+    CreateCoordsPanel();
+    // The tools have no menu entry, so this is how they are chosen without a mouse.
+    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, tbrMain, &Toolbar::TakeKeys);
     CreateClient();
     sbrMain->AddPanel({.Key = {},
                        .Text = kNoDocument,

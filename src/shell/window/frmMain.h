@@ -3,14 +3,12 @@
 #include "shell/rules/settings.h"
 #include "shell/shell.h"
 
+#include <QList>
 #include <QMainWindow>
 #include <QPoint>
 #include <QPointer>
 
-#include <array>
 #include <cstdint>
-#include <map>
-#include <utility>
 #include <vector>
 
 class QAction;
@@ -22,13 +20,12 @@ class QTimer;
 
 namespace lumrake {
 
-class DrawingBox;
 class frmHelp;
 class frmSnapshot;
 class PanelBar;
 class Toolbar;
 
-/// Names of the menu entries. Several entries of one name are told apart by an index.
+/// Names of the commands, as menu entries. Several of one name are told apart by an index.
 enum class Menu : std::int8_t {
     menu_file,
     menu_open,
@@ -50,6 +47,7 @@ enum class Menu : std::int8_t {
     menu_zoom, ///< 1 to 5: the zoom index
     menu_bar3,
     menu_toolbar, ///< 1 to 6: the index of bToolbarVisible, counted from 1
+    tbrMain,      ///< 2 to 5: the tools, which are buttons alone
     menu_snapshot_top,
     menu_mode, ///< 0 to 4: the mode
     menu_bar6,
@@ -87,24 +85,24 @@ class frmMain : public QMainWindow, public ShellNotices {
     void ShowPrompt(std::int32_t lNumber) override;
     void menu_fizzlet_Click(int Index = 0);
 
-    // ---- menus: frmMain_menus.cpp ----
+    // ---- commands: frmMain_menus.cpp ----
 
-    /// An entry, or a menu of the bar as the entry that opens it.
-    QAction* Entry(Menu name, int Index = 0) const { return entries_.at({name, Index}); }
+    /// What gives a command in its menu and on the toolbar, or opens a menu.
+    QAction* Entry(Menu name, int Index = 0) const;
+    void EnableFunction(std::int16_t iGroup, bool bEnable) override;
+    void UpdateToolbars(const QString& sKind, bool bEnable) override;
     void ShowModeTick(std::int16_t iMode) override;
     void ShowFlipTick(bool bOn) override;
     void ShowRecentFiles() override;
     void PopupSnapshotMenu(const QPoint& screenPlace) override;
+    /// Ticks the entries of the View menu and the assistant's by Settings.
+    void ShowSettingsTicks();
 
     // ---- toolbar: frmMain_toolbar.cpp ----
 
-    void EnableFunction(std::int16_t iGroup, bool bEnable) override;
-    void UpdateToolbars(const QString& sKind, bool bEnable) override;
     /// Shows and hides the groups of buttons and the co-ordinates panel by bToolbarVisible.
     void ArrangeToolbars();
     void ShowCoords(std::int16_t iIndex, double x, double y) override;
-    /// Ticks the entries of the View menu and the assistant's by Settings.
-    void ShowSettingsTicks();
 
     // ---- children: frmMain_children.cpp ----
 
@@ -137,20 +135,29 @@ class frmMain : public QMainWindow, public ShellNotices {
     /// The last child closed, or none is open yet: status text and co-ordinates as at the start.
     void ShowNoDocument();
 
-    // ---- menus ----
-    struct MenuRow;
-    static const MenuRow kMenuRows[];
-    void CreateMenus();
+    // ---- commands: one row for each ----
+    /// What must be there for a command. 1 to 5 are the groups of EnableFunction; a further command on a net goes with
+    /// one of theirs.
+    enum Needs : std::int16_t {
+        kNothing,
+        kSnapshotActive = kGroupExportSelection + 1,
+        kAnimationActive,
+        kAnyChild,
+        kNeedsCount
+    };
+    struct Command;
+    static const Command kCommands[];
+    void CreateCommands();
+    void PutOnToolbar(const Command& row, QAction& action);
+    void ShowEnabled();
     void FillWindowList();
 
     // ---- toolbar ----
-    void CreateToolbar();
     void CreateCoordsPanel();
     /// The width in pixels that the buttons and the co-ordinates panel need beside each other.
     int LeastToolbarWidth() const;
     void PlaceCoordsPanel();
-    void tbrMain_ButtonClick(int Button);
-    void ChooseTool(Tool tool, bool bEndsSelection);
+    void tbrMain_ButtonClick(int Tool);
     void tbrMain_MouseMove(double X);
 
     // ---- children ----
@@ -163,7 +170,7 @@ class frmMain : public QMainWindow, public ShellNotices {
     /// Closes the children one after the other; false as soon as one of them stays.
     bool CloseChildren();
 
-    // ---- commands: one handler for each name of the menu, with the entry's index ----
+    // ---- what the commands do: one handler for each name, with the index ----
     void menu_open_Click(int Index);
     void menu_save_Click(int Index);
     void menu_saveas_Click(int Index);
@@ -182,7 +189,8 @@ class frmMain : public QMainWindow, public ShellNotices {
     void menu_closeall_Click(int Index);
     void menu_about_Click(int Index);
 
-    std::map<std::pair<Menu, int>, QAction*> entries_;
+    QList<QAction*> actions_;        ///< of kCommands
+    bool met_[kNeedsCount] = {true}; ///< what EnableFunction and UpdateToolbars said last
     ShellNotices* noticesBefore_ = nullptr;
     QPointer<QMdiSubWindow> activeFrame_;
     QPointer<frmHelp> assistant_;
@@ -194,8 +202,7 @@ class frmMain : public QMainWindow, public ShellNotices {
     QMdiArea* mdiClient = nullptr;
     Toolbar* tbrMain = nullptr;
     QWidget* picCoords = nullptr;
-    std::array<DrawingBox*, 2> imgCoords{};
-    std::array<QLabel*, 2> lblCoords{};
+    QLabel* lblCoords[2] = {};
     PanelBar* sbrMain = nullptr;
 };
 

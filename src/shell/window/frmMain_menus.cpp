@@ -1,14 +1,22 @@
-// The menu tree and what it shows: ticks, the recent list, the list of windows.
+// The commands: what gives them in the menus and on the toolbar, what they need, and what the menus show: ticks, the
+// recent list, the list of windows.
 
+#include "controls/pictures.h"
+#include "controls/toolbar.h"
 #include "disk/texts.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
+#include "snapshot/frmClip.h"
 
+#include <QActionGroup>
+#include <QHelpEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QStyleOptionMenuItem>
 
+#include <algorithm>
 #include <iterator>
 
 namespace lumrake {
@@ -16,11 +24,31 @@ namespace lumrake {
 namespace {
 
 enum State : std::uint8_t {
-    kOn = 0,
-    kOff = 1,    ///< disabled
-    kHidden = 2, ///< not visible
-    kTick = 4,   ///< can be ticked
-    kTicked = 12 ///< can be ticked and is
+    kPlain, ///< a separator as well, when there is no caption
+    kMenu,  ///< opens a menu of the rows below it that lie one deeper
+    kHidden,
+    kTick,   ///< can be ticked
+    kTicked, ///< can be ticked and is at first
+    kTool    ///< a button alone; of these exactly one is pressed, the first at first
+};
+
+/// A menu whose entries leave the drawings and the tips of their buttons to the toolbar.
+class CommandMenu : public QMenu {
+  public:
+    using QMenu::QMenu;
+
+  protected:
+    void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override {
+        QMenu::initStyleOption(option, action);
+        option->maxIconWidth = 0;
+    }
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::ToolTip) {
+            const QAction* entry = actionAt(static_cast<QHelpEvent*>(event)->pos());
+            setToolTipsVisible(entry != nullptr && entry->icon().isNull());
+        }
+        return QMenu::event(event);
+    }
 };
 
 /// A "&" of a path or title would be taken for an access key.
@@ -30,122 +58,189 @@ QString Displayed(QString text) {
 
 } // namespace
 
-struct frmMain::MenuRow {
+struct frmMain::Command {
     Menu name;
     int Index;
-    int depth; ///< 0 in the bar, 1 in its menu, 2 in a submenu; a row is a menu when the next one is deeper
+    int depth;           ///< 0 in the bar, 1 in its menu, 2 in a submenu
     const char* Caption; ///< null for a separator
-    std::uint8_t state;
-    const char* Key; ///< shortcut, or null
+    State state;
+    const char* Shortcut; ///< or null
+    std::int16_t needs;   ///< Needs or FunctionGroup
     void (frmMain::*Click)(int Index);
+    struct Button {
+        int group;       ///< index in bToolbarVisible
+        const char* Key; ///< null when there is no button; in small letters the name of its drawing
+        const char* ToolTipText;
+        int HelpKey;
+    } button{};
 };
 
 // clang-format off
-const frmMain::MenuRow frmMain::kMenuRows[] = {
-    {Menu::menu_file,           0, 0, "&File",                    kOn,     nullptr,   nullptr},
-    {Menu::menu_open,           0, 1, "&Open snapshot",           kOn,     "Ctrl+O",  &frmMain::menu_open_Click},
-    {Menu::menu_save,           0, 1, "&Save",                    kOff,    "Ctrl+S",  &frmMain::menu_save_Click},
-    {Menu::menu_saveas,         0, 1, "Save &As",                 kOff,    "Ctrl+A",  &frmMain::menu_saveas_Click},
-    {Menu::menu_exportviews,    0, 1, "&Export view",             kOn,     nullptr,   nullptr},
-    {Menu::menu_exportview,     1, 2, "&Windows Bitmap",          kOn,     nullptr,   &frmMain::menu_exportview_Click},
-    {Menu::menu_exportview,     2, 2, "&Raw data",                kOn,     nullptr,   &frmMain::menu_exportview_Click},
-    {Menu::menu_exportselect,   0, 1, "Expo&rt selection to BMP", kOn,     nullptr,   &frmMain::menu_exportselect_Click},
-    {Menu::menu_bar5,           0, 1, nullptr,                    kOn,     nullptr,   nullptr},
-    {Menu::menu_prefs,          0, 1, "&Preferences",             kOn,     nullptr,   &frmMain::menu_prefs_Click},
-    {Menu::menu_bar1,           0, 1, nullptr,                    kHidden, nullptr,   nullptr},
-    {Menu::menu_recent,         1, 1, "&1 ...",                   kHidden, nullptr,   &frmMain::menu_recent_Click},
-    {Menu::menu_recent,         2, 1, "&2 ...",                   kHidden, nullptr,   &frmMain::menu_recent_Click},
-    {Menu::menu_recent,         3, 1, "&3 ...",                   kHidden, nullptr,   &frmMain::menu_recent_Click},
-    {Menu::menu_recent,         4, 1, "&4 ...",                   kHidden, nullptr,   &frmMain::menu_recent_Click},
-    {Menu::menu_bar2,           0, 1, nullptr,                    kOn,     nullptr,   nullptr},
-    {Menu::menu_exit,           0, 1, "E&xit",                    kOn,     nullptr,   &frmMain::menu_exit_Click},
+const frmMain::Command frmMain::kCommands[] = {
+    // name                 Index, depth, caption                    state    shortcut   needs                  procedure                            group, key, tool tip, help number
+    {Menu::menu_file,           0, 0, "&File",                    kMenu,   nullptr,   kNothing,              nullptr},
+    {Menu::menu_open,           0, 1, "&Open snapshot",           kPlain,  "Ctrl+O",  kNothing,              &frmMain::menu_open_Click,           {0, "OPEN",      "Open snapshot",              20}},
+    {Menu::menu_save,           0, 1, "&Save",                    kPlain,  "Ctrl+S",  kSnapshotActive,       &frmMain::menu_save_Click,           {0, "SAVE",      "Save snapshot",              21}},
+    {Menu::menu_saveas,         0, 1, "Save &As",                 kPlain,  "Ctrl+A",  kSnapshotActive,       &frmMain::menu_saveas_Click},
+    {Menu::menu_exportviews,    0, 1, "&Export view",             kMenu,   nullptr,   kSnapshotActive,       nullptr},
+    {Menu::menu_exportview,     1, 2, "&Windows Bitmap",          kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_exportview_Click},
+    {Menu::menu_exportview,     2, 2, "&Raw data",                kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_exportview_Click,     {0, "EXPORT",    "Export to DAT file",         22}},
+    {Menu::menu_exportselect,   0, 1, "Expo&rt selection to BMP", kPlain,  nullptr,   kGroupExportSelection, &frmMain::menu_exportselect_Click},
+    {Menu::menu_bar5,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
+    {Menu::menu_prefs,          0, 1, "&Preferences",             kPlain,  nullptr,   kNothing,              &frmMain::menu_prefs_Click},
+    {Menu::menu_bar1,           0, 1, nullptr,                    kHidden, nullptr,   kNothing,              nullptr},
+    {Menu::menu_recent,         1, 1, "&1 ...",                   kHidden, nullptr,   kNothing,              &frmMain::menu_recent_Click},
+    {Menu::menu_recent,         2, 1, "&2 ...",                   kHidden, nullptr,   kNothing,              &frmMain::menu_recent_Click},
+    {Menu::menu_recent,         3, 1, "&3 ...",                   kHidden, nullptr,   kNothing,              &frmMain::menu_recent_Click},
+    {Menu::menu_recent,         4, 1, "&4 ...",                   kHidden, nullptr,   kNothing,              &frmMain::menu_recent_Click},
+    {Menu::menu_bar2,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
+    {Menu::menu_exit,           0, 1, "E&xit",                    kPlain,  nullptr,   kNothing,              &frmMain::menu_exit_Click},
 
-    {Menu::menu_edit_top,       0, 0, "&Edit",                    kOn,     nullptr,   nullptr},
-    {Menu::menu_edit,           1, 1, "Cu&t",                     kOff,    "Ctrl+X",  &frmMain::menu_edit_Click},
-    {Menu::menu_edit,           2, 1, "&Copy",                    kOff,    "Ctrl+C",  &frmMain::menu_edit_Click},
-    {Menu::menu_edit,           3, 1, "&Paste",                   kOff,    "Ctrl+V",  &frmMain::menu_edit_Click},
-    {Menu::menu_edit,           4, 1, "&Delete",                  kOff,    "Del",     &frmMain::menu_edit_Click},
+    {Menu::menu_edit_top,       0, 0, "&Edit",                    kMenu,   nullptr,   kNothing,              nullptr},
+    {Menu::menu_edit,           1, 1, "Cu&t",                     kPlain,  "Ctrl+X",  kGroupCut,             &frmMain::menu_edit_Click,           {1, "CUT",       "Cut",                        24}},
+    {Menu::menu_edit,           2, 1, "&Copy",                    kPlain,  "Ctrl+C",  kGroupCopy,            &frmMain::menu_edit_Click,           {1, "COPY",      "Copy",                       25}},
+    {Menu::menu_edit,           3, 1, "&Paste",                   kPlain,  "Ctrl+V",  kGroupPaste,           &frmMain::menu_edit_Click,           {1, "PASTE",     "Paste",                      26}},
+    {Menu::menu_edit,           4, 1, "&Delete",                  kPlain,  "Del",     kGroupDelete,          &frmMain::menu_edit_Click},
 
-    {Menu::menu_view,           0, 0, "&View",                    kOn,     nullptr,   nullptr},
-    {Menu::menu_zoomopt,        0, 1, "&Zoom",                    kOn,     nullptr,   nullptr},
-    {Menu::menu_zoom,           1, 2, "1:1",                      kOn,     nullptr,   &frmMain::menu_zoom_Click},
-    {Menu::menu_zoom,           2, 2, "2:1",                      kOn,     nullptr,   &frmMain::menu_zoom_Click},
-    {Menu::menu_zoom,           3, 2, "4:1",                      kOn,     nullptr,   &frmMain::menu_zoom_Click},
-    {Menu::menu_zoom,           4, 2, "8:1",                      kOn,     nullptr,   &frmMain::menu_zoom_Click},
-    {Menu::menu_zoom,           5, 2, "16:1",                     kOn,     nullptr,   &frmMain::menu_zoom_Click},
-    {Menu::menu_bar3,           0, 1, nullptr,                    kOn,     nullptr,   nullptr},
-    {Menu::menu_toolbar,        1, 1, "&File",                    kTicked, "Ctrl+F1", &frmMain::menu_toolbar_Click},
-    {Menu::menu_toolbar,        2, 1, "&Editing",                 kTicked, "Ctrl+F2", &frmMain::menu_toolbar_Click},
-    {Menu::menu_toolbar,        3, 1, "&Drawing",                 kTicked, "Ctrl+F3", &frmMain::menu_toolbar_Click},
-    {Menu::menu_toolbar,        4, 1, "&Snapshot",                kTicked, "Ctrl+F4", &frmMain::menu_toolbar_Click},
-    {Menu::menu_toolbar,        5, 1, "&Animation",               kTicked, "Ctrl+F5", &frmMain::menu_toolbar_Click},
-    {Menu::menu_toolbar,        6, 1, "&Co-ordinates",            kTicked, "Ctrl+F6", &frmMain::menu_toolbar_Click},
+    {Menu::menu_view,           0, 0, "&View",                    kMenu,   nullptr,   kNothing,              nullptr},
+    {Menu::menu_zoomopt,        0, 1, "&Zoom",                    kMenu,   nullptr,   kAnyChild,             nullptr},
+    {Menu::menu_zoom,           1, 2, "1:1",                      kPlain,  nullptr,   kNothing,              &frmMain::menu_zoom_Click},
+    {Menu::menu_zoom,           2, 2, "2:1",                      kPlain,  nullptr,   kNothing,              &frmMain::menu_zoom_Click},
+    {Menu::menu_zoom,           3, 2, "4:1",                      kPlain,  nullptr,   kNothing,              &frmMain::menu_zoom_Click},
+    {Menu::menu_zoom,           4, 2, "8:1",                      kPlain,  nullptr,   kNothing,              &frmMain::menu_zoom_Click},
+    {Menu::menu_zoom,           5, 2, "16:1",                     kPlain,  nullptr,   kNothing,              &frmMain::menu_zoom_Click},
+    {Menu::menu_bar3,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
+    {Menu::menu_toolbar,        1, 1, "&File",                    kTicked, "Ctrl+F1", kNothing,              &frmMain::menu_toolbar_Click},
+    {Menu::menu_toolbar,        2, 1, "&Editing",                 kTicked, "Ctrl+F2", kNothing,              &frmMain::menu_toolbar_Click},
+    {Menu::menu_toolbar,        3, 1, "&Drawing",                 kTicked, "Ctrl+F3", kNothing,              &frmMain::menu_toolbar_Click},
+    {Menu::menu_toolbar,        4, 1, "&Snapshot",                kTicked, "Ctrl+F4", kNothing,              &frmMain::menu_toolbar_Click},
+    {Menu::menu_toolbar,        5, 1, "&Animation",               kTicked, "Ctrl+F5", kNothing,              &frmMain::menu_toolbar_Click},
+    {Menu::menu_toolbar,        6, 1, "&Co-ordinates",            kTicked, "Ctrl+F6", kNothing,              &frmMain::menu_toolbar_Click},
 
-    {Menu::menu_snapshot_top,   0, 0, "&Snapshot",                kOn,     nullptr,   nullptr},
-    {Menu::menu_mode,           0, 1, "&Graphics mode",           kTick,   nullptr,   &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           1, 1, "&Screen mode",             kTick,   nullptr,   &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           2, 1, "&Text mode",               kTick,   nullptr,   &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           3, 1, "&Line masks",              kTick,   nullptr,   &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           4, 1, "&Byte masks",              kTick,   nullptr,   &frmMain::menu_mode_Click},
-    {Menu::menu_bar6,           0, 1, nullptr,                    kOn,     nullptr,   nullptr},
-    {Menu::menu_snapshot,       0, 1, "Set attri&butes",          kOn,     nullptr,   &frmMain::menu_snapshot_Click},
-    {Menu::menu_snapshot,       1, 1, "&Animate...",              kOn,     nullptr,   &frmMain::menu_snapshot_Click},
-    {Menu::menu_snapshot,       2, 1, "&Flip upside down",        kTick,   nullptr,   &frmMain::menu_snapshot_Click},
-    {Menu::menu_snapshot,       3, 1, "&Position at top left",    kOn,     nullptr,   &frmMain::menu_snapshot_Click},
+    {Menu::tbrMain,             2, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "DRAW",      "Draw",                       28}},
+    {Menu::tbrMain,             3, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "MAGNIFY",   "Zoom",                       29}},
+    {Menu::tbrMain,             4, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "NET",       "Select",                     30}},
+    {Menu::tbrMain,             5, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "PAN",       "Pan",                        31}},
 
-    {Menu::menu_animation_top,  0, 0, "&Animation",               kOn,     nullptr,   nullptr},
-    {Menu::menu_animation,      1, 1, "&New animation",           kOn,     "Ctrl+Q",  &frmMain::menu_animation_Click},
-    {Menu::menu_animation,      2, 1, "&Open",                    kOn,     "Ctrl+W",  &frmMain::menu_animation_Click},
-    {Menu::menu_animation,      3, 1, "&Save",                    kOff,    "Ctrl+E",  &frmMain::menu_animation_Click},
-    {Menu::menu_animation,      4, 1, "Save &as",                 kOff,    "Ctrl+R",  &frmMain::menu_animation_Click},
-    {Menu::menu_bar4,           0, 1, nullptr,                    kOn,     nullptr,   nullptr},
-    {Menu::menu_animationtogif, 0, 1, "&Export to animated GIF",  kOff,    "Ctrl+G",  &frmMain::menu_animationtogif_Click},
+    {Menu::menu_snapshot_top,   0, 0, "&Snapshot",                kMenu,   nullptr,   kNothing,              nullptr},
+    {Menu::menu_mode,           0, 1, "&Graphics mode",           kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
+    {Menu::menu_mode,           1, 1, "&Screen mode",             kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
+    {Menu::menu_mode,           2, 1, "&Text mode",               kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
+    {Menu::menu_mode,           3, 1, "&Line masks",              kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
+    {Menu::menu_mode,           4, 1, "&Byte masks",              kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
+    {Menu::menu_bar6,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
+    {Menu::menu_snapshot,       0, 1, "Set attri&butes",          kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click},
+    {Menu::menu_snapshot,       1, 1, "&Animate...",              kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click,       {3, "TOANIM",    "Create animation",           33}},
+    {Menu::menu_snapshot,       2, 1, "&Flip upside down",        kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click},
+    {Menu::menu_snapshot,       3, 1, "&Position at top left",    kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click,       {3, "TOPLEFT",   "Position image at top left", 34}},
 
-    {Menu::menu_window,         0, 0, "&Window",                  kOn,     nullptr,   nullptr},
-    {Menu::menu_closeall,       0, 1, "&Close all",               kOn,     "Ctrl+K",  &frmMain::menu_closeall_Click},
+    {Menu::menu_animation_top,  0, 0, "&Animation",               kMenu,   nullptr,   kNothing,              nullptr},
+    {Menu::menu_animation,      1, 1, "&New animation",           kPlain,  "Ctrl+Q",  kNothing,              &frmMain::menu_animation_Click,      {4, "ANIM_NEW",  "New animation",              36}},
+    {Menu::menu_animation,      2, 1, "&Open",                    kPlain,  "Ctrl+W",  kNothing,              &frmMain::menu_animation_Click,      {4, "ANIM_OPEN", "Open animation",             37}},
+    {Menu::menu_animation,      3, 1, "&Save",                    kPlain,  "Ctrl+E",  kAnimationActive,      &frmMain::menu_animation_Click,      {4, "ANIM_SAVE", "Save animation",             38}},
+    {Menu::menu_animation,      4, 1, "Save &as",                 kPlain,  "Ctrl+R",  kAnimationActive,      &frmMain::menu_animation_Click},
+    {Menu::menu_bar4,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
+    {Menu::menu_animationtogif, 0, 1, "&Export to animated GIF",  kPlain,  "Ctrl+G",  kAnimationActive,      &frmMain::menu_animationtogif_Click},
 
-    {Menu::menu_help,           0, 0, "&Help",                    kOn,     nullptr,   nullptr},
-    {Menu::menu_about,          0, 1, "&About",                   kOn,     "F12",     &frmMain::menu_about_Click},
-    {Menu::menu_fizzlet,        0, 1, "&Mr Fizzlet's assistance", kTick,   "F1",      &frmMain::menu_fizzlet_Click},
+    {Menu::menu_window,         0, 0, "&Window",                  kMenu,   nullptr,   kNothing,              nullptr},
+    {Menu::menu_closeall,       0, 1, "&Close all",               kPlain,  "Ctrl+K",  kNothing,              &frmMain::menu_closeall_Click},
+
+    {Menu::menu_help,           0, 0, "&Help",                    kMenu,   nullptr,   kNothing,              nullptr},
+    {Menu::menu_about,          0, 1, "&About",                   kPlain,  "F12",     kNothing,              &frmMain::menu_about_Click},
+    {Menu::menu_fizzlet,        0, 1, "&Mr Fizzlet's assistance", kTick,   "F1",      kNothing,              &frmMain::menu_fizzlet_Click},
 };
 // clang-format on
 
-void frmMain::CreateMenus() {
-    std::array<QMenu*, 3> parents{};
-    for (const MenuRow* row = std::begin(kMenuRows); row != std::end(kMenuRows); ++row) {
-        const auto depth = static_cast<std::size_t>(row->depth);
-        QMenu* parent = row->depth == 0 ? nullptr : parents[depth - 1];
-        const bool isMenu = std::next(row) != std::end(kMenuRows) && std::next(row)->depth > row->depth;
-        QAction* entry = nullptr;
-        if (isMenu) {
-            const QString caption = Latin(row->Caption);
-            parents[depth] = parent == nullptr ? menuBar()->addMenu(caption) : parent->addMenu(caption);
-            entry = parents[depth]->menuAction();
-        } else if (row->Caption == nullptr) {
-            entry = parent->addSeparator();
+void frmMain::CreateCommands() {
+    QWidget* parents[] = {menuBar(), nullptr, nullptr}; // by depth
+    auto* tools = new QActionGroup(this);
+    for (const Command& row : kCommands) {
+        auto* action = new QAction(Latin(row.Caption), this);
+        if (row.state == kMenu) {
+            auto* menu = new CommandMenu(parents[row.depth]);
+            action->setMenu(menu);
+            parents[row.depth + 1] = menu;
+        }
+        action->setSeparator(row.Caption == nullptr);
+        action->setMenuRole(QAction::NoRole);
+        action->setVisible(row.state != kHidden);
+        action->setCheckable(row.state >= kTick);
+        action->setChecked(row.state == kTicked);
+        action->setShortcut(QKeySequence(Latin(row.Shortcut), QKeySequence::PortableText));
+        if (row.Click != nullptr) {
+            connect(action, &QAction::triggered, this, [this, &row] { (this->*row.Click)(row.Index); });
+        }
+        if (row.state == kTool) {
+            tools->addAction(action);
         } else {
-            entry = parent->addAction(Latin(row->Caption));
-            connect(entry, &QAction::triggered, this,
-                    [this, Click = row->Click, Index = row->Index] { (this->*Click)(Index); });
+            parents[row.depth]->addAction(action);
         }
-        entry->setMenuRole(QAction::NoRole);
-        entry->setEnabled((row->state & kOff) == 0);
-        entry->setVisible((row->state & kHidden) == 0);
-        entry->setCheckable((row->state & kTick) != 0);
-        entry->setChecked((row->state & kTicked) == kTicked);
-        if (row->Key != nullptr) {
-            entry->setShortcut(QKeySequence(QLatin1String(row->Key), QKeySequence::PortableText));
+        if (row.button.Key != nullptr) {
+            PutOnToolbar(row, *action);
         }
-        entries_[{row->name, row->Index}] = entry;
+        actions_.push_back(action);
     }
-    Entry(Menu::menu_file)->menu()->setToolTipsVisible(true);
+    tools->actions().front()->setChecked(true);
     connect(Entry(Menu::menu_window)->menu(), &QMenu::aboutToShow, this, &frmMain::FillWindowList);
 }
 
-void frmMain::ShowModeTick(std::int16_t iMode) {
-    for (int i = 0; i <= 4; ++i) {
-        Entry(Menu::menu_mode, i)->setChecked(i == iMode);
+void frmMain::PutOnToolbar(const Command& row, QAction& action) {
+    action.setIcon(LoadIcon(QStringLiteral("toolbar/%1.svg").arg(Latin(row.button.Key).toLower()),
+                            Toolbar::kPictureSize));
+    action.setIconVisibleInMenu(false);
+    action.setToolTip(Latin(row.button.ToolTipText));
+    action.setData(row.button.HelpKey);
+    tbrMain->AddButton(row.button.group, &action);
+}
+
+QAction* frmMain::Entry(Menu name, int Index) const {
+    const auto* row = std::ranges::find_if(
+        kCommands, [=](const Command& one) { return one.name == name && one.Index == Index; });
+    return actions_.value(row - std::begin(kCommands));
+}
+
+void frmMain::ShowEnabled() {
+    for (qsizetype i = 0; i < actions_.size(); ++i) {
+        actions_[i]->setEnabled(met_[kCommands[i].needs]);
     }
+}
+
+void frmMain::EnableFunction(std::int16_t iGroup, bool bEnable) {
+    if (iGroup >= kGroupCut && iGroup <= kGroupExportSelection) {
+        met_[iGroup] = bEnable;
+        ShowEnabled();
+    }
+}
+
+void frmMain::UpdateToolbars(const QString& sKind, bool bEnable) {
+    if (sKind == QLatin1String("SNAPSHOT")) {
+        met_[kSnapshotActive] = bEnable;
+    } else if (sKind == QLatin1String("ANIMATION")) {
+        met_[kAnimationActive] = bEnable;
+    }
+    met_[kAnyChild] = iSnapshotCount + iAnimationCount != 0;
+    met_[kGroupPaste] = met_[kAnyChild] && frmClip::Instance().IsEmpty() == 0;
+    ShowEnabled();
+    if (!met_[kAnyChild]) {
+        EnableNetCommands(false);
+        ShowNoDocument();
+    }
+}
+
+void frmMain::ShowModeTick(std::int16_t iMode) {
+    for (qsizetype i = 0; i < actions_.size(); ++i) {
+        if (kCommands[i].name == Menu::menu_mode) {
+            actions_[i]->setChecked(kCommands[i].Index == iMode);
+        }
+    }
+}
+
+void frmMain::ShowSettingsTicks() {
+    for (int i = 1; i <= 6; ++i) {
+        Entry(Menu::menu_toolbar, i)
+            ->setChecked(Settings.bToolbarVisible[static_cast<std::size_t>(i - 1)] != 0);
+    }
+    Entry(Menu::menu_fizzlet)->setChecked(Settings.bAssistantOn != 0);
 }
 
 void frmMain::ShowFlipTick(bool bOn) {
