@@ -164,8 +164,9 @@ void frmAnimSetup::Form_Load() {
     CentreOnScreen(*this);
     cboAnimSetup[kRepeatList]->addItems(
         {QStringLiteral("Once only"), QStringLiteral("Continuous"), QStringLiteral("Ping-Pong")});
-    cboAnimSetup[kModeList]->addItems(
-        {QStringLiteral("Graphics"), QStringLiteral("Line mask"), QStringLiteral("Byte mask")});
+    for (const std::int16_t iMode : kListedModes) {
+        cboAnimSetup[kModeList]->addItem(Latin(lmk::RowOf(iMode).Caption));
+    }
     bActivated = false;
 }
 

@@ -54,7 +54,6 @@ QString TagOf(const QObject* control) {
 }
 
 void CreateControls(QWidget& form, const TabStrip* pages, std::span<const ControlRow> rows) {
-    QWidget* before = nullptr;
     for (const ControlRow& row : rows) {
         QWidget* control = row.make(PlaceOf(form, pages, row.inside));
         control->setObjectName(ControlName(row.array, row.index));
@@ -69,12 +68,6 @@ void CreateControls(QWidget& form, const TabStrip* pages, std::span<const Contro
         }
         if (auto* edit = dynamic_cast<LimitedEdit*>(control)) {
             edit->SetLimit(row.limit);
-        }
-        if ((control->focusPolicy() & Qt::TabFocus) != 0) {
-            if (before != nullptr) {
-                QWidget::setTabOrder(before, control);
-            }
-            before = control;
         }
     }
 }

@@ -7,6 +7,8 @@
 // the simple road, byte by byte.
 #include "display/lmk.h"
 
+#include "display/attribute.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -27,7 +29,7 @@
 namespace lmk {
 namespace {
 
-constexpr int kMaxColumns = 16, kMaxLines = 512, kMaxColumnBytes = 32;
+constexpr int kMaxColumns = kMostColumns, kMaxLines = kMostLines, kMaxColumnBytes = kMostWidth / 8;
 constexpr int kMaxRowBytes = kMaxColumns * kMaxColumnBytes;
 constexpr int kCharLines = 8;
 /// Most bytes that are asked of ByteWindow at once: a column with masks. A character row is smaller.
@@ -397,9 +399,8 @@ std::int32_t zxShowMem(DeviceContext* hdc, const std::uint8_t* memory, std::int3
 
     BitPicture& picture = hdc->picture_;
     if (palette != nullptr) {
-        const int bright = (attribute & 64) != 0 ? 8 : 0;
-        picture.foreColour = ScreenColour(palette[bright + (attribute & 7)]);
-        picture.backColour = ScreenColour(palette[bright + (attribute >> 3 & 7)]);
+        picture.foreColour = ScreenColour(palette[InkColour(attribute)]);
+        picture.backColour = ScreenColour(palette[PaperColour(attribute)]);
     }
 
     const int pictureWidth = 8 * view.RowBytes();

@@ -17,14 +17,12 @@
 #pragma once
 
 #include "display/bit_picture.h"
+#include "display/modes.h"
 
 #include <cstdint>
 #include <optional>
 
 namespace lmk {
-
-/// Display modes, the layouts of the table above.
-enum Mode : std::int16_t { kGraphics = 0, kScreen = 1, kText = 2, kLineMasks = 3, kByteMasks = 4 };
 
 /// What zxShowMem draws into: the picture at 1:1, one bit a pixel, already flipped, at most 4096 x 512
 /// pixels, with the factor by which it is shown. To its readers it is the zoomed picture of ScreenWidth() x

@@ -10,7 +10,6 @@
 #include "preferences/digit_box.h"
 #include "shell/shell.h"
 #include "snapshot/frmColours.h"
-#include "snapshot/rules/addressing.h"
 
 #include <QCheckBox>
 #include <QMenu>
@@ -85,7 +84,7 @@ void frmPrefs::SettingsToScreen() {
     for (std::size_t i = 0; i < txtDefault.size(); ++i) {
         txtDefault[i]->ShowWhole(QString::number(NumberAt(Settings, kDefaultPlaces[i])));
     }
-    const std::int16_t iMode = KnownMode(Settings.iDefaultMode);
+    const std::int16_t iMode = lmk::KnownMode(Settings.iDefaultMode);
     optMode[iMode]->setChecked(true);
     optMode_Click(iMode); // an option that was set already raises no event
     SetByTag(optSmall, Settings.iSmallChange);
@@ -148,20 +147,20 @@ void frmPrefs::cmdPrefs_Click(int Index) {
 }
 
 void frmPrefs::optMode_Click(int Index) {
-    const auto& rules = SizeFieldRules(static_cast<std::int16_t>(Index));
+    const auto rules = SizeFieldRules(static_cast<std::int16_t>(Index));
     for (std::size_t i = 0; i < rules.size(); ++i) {
         DigitBox* box = txtDefault[kWidth + i];
         if (!rules[i].text.empty()) {
-            box->setText(Latin(rules[i].text));
+            box->setText(QString::fromStdString(rules[i].text));
         }
         box->setEnabled(rules[i].enabled);
     }
 }
 
 void frmPrefs::txtDefault_LostFocus(int Index) {
-    DigitBox* box = txtDefault[Index];
-    if (TagOf(box) == QLatin1String("LINES") && optMode[kText]->isChecked()) {
-        box->setText(QString::fromStdString(TextModeLines(box->text().toStdString())));
+    if (DigitBox* box = txtDefault[Index]; TagOf(box) == QLatin1String("LINES")) {
+        const auto iMode = static_cast<std::int16_t>(IndexOfSet(optMode));
+        box->setText(QString::fromStdString(LinesFieldInMode(iMode, box->text().toStdString())));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/control_array.h"
+#include "display/modes.h"
 #include "preferences/rules/palette_rules.h"
 #include "preferences/rules/prefs_rules.h"
 
@@ -89,7 +90,7 @@ class frmPrefs : public QDialog {
 
     ControlArray<QCheckBox, 2> chkGeneral{};
     ControlArray<DigitBox, kDefaultFields> txtDefault{};
-    ControlArray<QRadioButton, 5> optMode{};
+    ControlArray<QRadioButton, lmk::kModes.size()> optMode{};
     ControlArray<QRadioButton, 4> optSmall{}, optLarge{};
 
     ControlArray<ColourSwatch, 16> lblPalette{};

@@ -103,13 +103,9 @@ constexpr ControlRow kControls[] = {
     {New<DigitBox>, "txtDefault", 3,    kDefaults, 78, 107, 56, 21, "Columns",   "Default columns",           "",      kHelpDefaultColumns,   kBoth, 2},
     {New<DigitBox>, "txtDefault", 4,    kDefaults, 78, 134, 56, 21, "Attribute", "Default attribute setting", "",      kHelpDefaultAttribute, kBoth, 3},
     {New<QPushButton>, "cmdPrefs", 4,   kDefaults, 138, 132, 28, 25, "dialogs/attribute.svg", "Click here to show attribute selection", "ATTRIBUTE", kHelpDefaultColours, kBoth},
+};
 
-    {New<QRadioButton>, "optMode", 0,    kDefaults, 196,  26, 100, 21, "Graphics",  "Set default mode to graphics",  "", kHelpFirstMode,     kBoth},
-    {New<QRadioButton>, "optMode", 1,    kDefaults, 196,  53, 100, 21, "Screen",    "Set default mode to screen",    "", kHelpFirstMode + 1, kBoth},
-    {New<QRadioButton>, "optMode", 2,    kDefaults, 196,  80, 100, 21, "Text",      "Set default mode to text",      "", kHelpFirstMode + 2, kBoth},
-    {New<QRadioButton>, "optMode", 3,    kDefaults, 196, 107, 100, 21, "Line mask", "Set default mode to interlace", "", kHelpFirstMode + 3, kBoth},
-    {New<QRadioButton>, "optMode", 4,    kDefaults, 196, 134, 100, 21, "Byte mask", "Set default mode to interlace", "", kHelpFirstMode + 4, kBoth},
-
+constexpr ControlRow kFurtherControls[] = {
     {New<QRadioButton>, "optSmall", 0,    "frmPrefs(2)", 14,  26, 120, 21, "1 line",   "Scroll 1 line at a time",    "1", kHelpFirstSmallChange,     kBoth},
     {New<QRadioButton>, "optSmall", 1,    "frmPrefs(2)", 14,  53, 120, 21, "2 lines",  "Scroll 2 lines at a time",   "2", kHelpFirstSmallChange + 1, kBoth},
     {New<QRadioButton>, "optSmall", 2,    "frmPrefs(2)", 14,  80, 120, 21, "4 lines",  "Scroll 4 lines at a time",   "4", kHelpFirstSmallChange + 2, kBoth},
@@ -140,6 +136,16 @@ constexpr const char* kColours[] = {
 constexpr const char* kMenu[] = {"Set to &default", "Copy &normal to bright", "Copy &bright to normal",
                                  "S&pread normal",  "Sp&read bright"};
 // clang-format on
+
+std::vector<ControlRow> ModeRows() {
+    std::vector<ControlRow> rows;
+    for (int i = 0; const lmk::ModeRow& mode : lmk::kModes) {
+        rows.push_back({New<QRadioButton>, "optMode", i, kDefaults, 196, 26 + 27 * i, 100, 21, mode.Caption,
+                        mode.ToolTipText, "", kHelpFirstMode + i, kBoth});
+        ++i;
+    }
+    return rows;
+}
 
 /// Two halves of two rows of four.
 std::vector<ControlRow> SwatchRows() {
@@ -175,6 +181,8 @@ void frmPrefs::CreateControls() {
     SSTab1->HelpAt = HelpOfTabs;
 
     lumrake::CreateControls(*this, SSTab1, kControls);
+    lumrake::CreateControls(*this, SSTab1, ModeRows());
+    lumrake::CreateControls(*this, SSTab1, kFurtherControls);
     lumrake::CreateControls(*this, SSTab1, SwatchRows());
     Bind(*this, "cmdPrefs", cmdPrefs);
     Bind(*this, "chkGeneral", chkGeneral);

@@ -5,6 +5,7 @@
 #include "controls/screen_colour.h"
 #include "controls/tab_strip.h"
 #include "controls/watch.h"
+#include "display/attribute.h"
 #include "shell/shell.h"
 
 #include <QCheckBox>
@@ -100,10 +101,10 @@ void frmColours::CreateControls() {
 
 std::int16_t frmColours::GetColour(std::int16_t iColour) {
     const bool given = iColour != -1;
-    chkBright->setChecked(given && (iColour & 64) != 0);
+    chkBright->setChecked(given && lmk::IsBright(iColour));
     chkBright_Click(); // the box raises no event when its value is the start value
-    iInk = given ? static_cast<std::int16_t>(iColour & 7) : std::int16_t{7};
-    iPaper = given ? static_cast<std::int16_t>(iColour >> 3 & 7) : std::int16_t{0};
+    iInk = given ? lmk::Ink(iColour) : std::int16_t{7};
+    iPaper = given ? lmk::Paper(iColour) : std::int16_t{0};
     iResult = -1; // unless "Select" is clicked
     exec();
     return iResult;
@@ -139,7 +140,7 @@ void frmColours::lblColour_MouseDown(int Index, std::int16_t Button) {
 
 void frmColours::cmdColour_Click(int Index) {
     if (TagOf(cmdColour[Index]) == QLatin1String("SELECT")) {
-        iResult = static_cast<std::int16_t>((chkBright->isChecked() ? 64 : 0) + iPaper * 8 + iInk);
+        iResult = lmk::MakeAttribute(iInk, iPaper, chkBright->isChecked());
         accept();
     } else {
         reject();

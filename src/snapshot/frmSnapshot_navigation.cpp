@@ -113,12 +113,12 @@ void frmSnapshot::txtValue_Change(int Index) {
         sMessage = QStringLiteral("Offset must be between 0 and %1!").arg(view.lFileLength - 1);
         break;
     case kLinesValue:
-        typed = TypedCount(bBlank ? 1 : lNumber, kMaxLines);
-        sMessage = QStringLiteral("Lines must be between 1 and 512!");
+        typed = TypedCount(bBlank ? 1 : lNumber, lmk::kMostLines);
+        sMessage = QStringLiteral("Lines must be between 1 and %1!").arg(lmk::kMostLines);
         break;
     case kColumnsValue:
-        typed = TypedCount(bBlank ? 1 : lNumber, kMaxColumns);
-        sMessage = QStringLiteral("Columns must be between 1 and 16!");
+        typed = TypedCount(bBlank ? 1 : lNumber, lmk::kMostColumns);
+        sMessage = QStringLiteral("Columns must be between 1 and %1!").arg(lmk::kMostColumns);
         break;
     default: break;
     }

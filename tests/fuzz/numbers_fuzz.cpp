@@ -71,7 +71,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(HeldForUse(record, 49179) == record);
     }
     ProposedStep(lines[0], lines[1], kListedModes[size % kListedModes.size()]);
-    TextModeLines(lines[0]);
+    LinesFieldInMode(lmk::kText, lines[0]);
     Require(NotesOnScreen(NotesInRecord(lines[0], lines[1])).find('\r') == std::string::npos);
     return 0;
 }

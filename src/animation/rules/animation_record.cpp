@@ -50,11 +50,11 @@ AnimationRecord DecodeAnimation(std::span<const std::uint8_t, kAnimationBytes> b
 }
 
 AnimationRecord HeldForUse(AnimationRecord record, std::int32_t lSnapLength) {
-    Hold<std::int16_t>(record.iWidth, 8, 256);
+    Hold<std::int16_t>(record.iWidth, lmk::kLeastWidth, lmk::kMostWidth);
     // To the nearest multiple of 8, the middle going down.
     record.iWidth = static_cast<std::int16_t>((record.iWidth + 3) / 8 * 8);
-    Hold<std::int16_t>(record.iLines, 1, 192);
-    Hold<std::int16_t>(record.iZoom, 1, 5);
+    Hold<std::int16_t>(record.iLines, 1, lmk::kScreenLines);
+    Hold<std::int16_t>(record.iZoom, 1, lmk::kMostZoom);
     Hold<std::int32_t>(record.lOffset, 0);
     Hold<std::int16_t>(record.iFrames, 1);
     Hold<std::int32_t>(record.lStep, 1);
@@ -65,9 +65,7 @@ AnimationRecord HeldForUse(AnimationRecord record, std::int32_t lSnapLength) {
     if (record.lFileLength < 1) {
         record.lFileLength = lSnapLength;
     }
-    if (record.iMode != kLineMasks && record.iMode != kByteMasks) {
-        record.iMode = kGraphics;
-    }
+    record.iMode = lmk::PlayableMode(record.iMode);
     record.iUpsideDown = record.iUpsideDown == 0 ? std::int16_t{0} : std::int16_t{1};
     return record;
 }
@@ -90,7 +88,7 @@ std::int32_t FrameOffset(const AnimationRecord& record, std::int16_t iFrame) {
 
 float FrameBytes(std::int16_t iMode, std::int32_t lWidth, std::int32_t lLines) {
     const float bytes = static_cast<float>(lWidth) / 8.0F * static_cast<float>(lLines);
-    return iMode == kLineMasks || iMode == kByteMasks ? bytes * 2.0F : bytes;
+    return bytes * static_cast<float>(lmk::RowOf(iMode).bytesPerByte);
 }
 
 } // namespace lumrake

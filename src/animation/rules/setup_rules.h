@@ -2,11 +2,13 @@
 
 #include "animation/rules/animation_record.h"
 #include "base/number_field.h"
-#include "snapshot/rules/addressing.h"
+#include "display/modes.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <ranges>
 #include <string>
 
 namespace lumrake {
@@ -59,7 +61,12 @@ std::optional<SetupFault> ValidateSettings(const SetupTexts& texts, std::optiona
 std::string ProposedStep(const std::string& sWidth, const std::string& sLines, std::int16_t iMode);
 
 /// Modes in the order of the dialog's list, and the place of a mode in it, -1 for a mode without one.
-inline constexpr std::array<std::int16_t, 3> kListedModes = {kGraphics, kLineMasks, kByteMasks};
+inline constexpr auto kListedModes = [] {
+    std::array<std::int16_t, std::ranges::count(lmk::kModes, true, &lmk::ModeRow::playable)> listed{};
+    std::ranges::copy_if(std::views::iota(std::int16_t{0}, static_cast<std::int16_t>(lmk::kModes.size())),
+                         listed.begin(), [](std::int16_t iMode) { return lmk::RowOf(iMode).playable; });
+    return listed;
+}();
 int ModeIndex(std::int16_t iMode);
 
 /// Notes with the line breaks of the screen (LF) from those of the record: CR LF; a CR or LF alone counts as one

@@ -1,7 +1,7 @@
 #include "preferences/rules/prefs_rules.h"
 
 #include "base/number_field.h"
-#include "snapshot/rules/addressing.h"
+#include "display/modes.h"
 
 #include <algorithm>
 #include <limits>
@@ -35,20 +35,18 @@ std::string_view FirstFault(const DefaultTexts& texts) {
     return {};
 }
 
-const std::array<SizeFieldRule, 3>& SizeFieldRules(std::int16_t iMode) {
-    static constexpr std::array<SizeFieldRule, 3> kAllFree{};
-    static constexpr std::array<SizeFieldRule, 3> kOneSize{{{"256", false}, {"192", false}, {"1", false}}};
-    static constexpr std::array<SizeFieldRule, 3> kOneColumn{{{"", true}, {"", true}, {"1", false}}};
-    switch (iMode) {
-    case kScreen: return kOneSize;
-    case kText: return kOneColumn;
-    default: return kAllFree;
-    }
+std::array<SizeFieldRule, 3> SizeFieldRules(std::int16_t iMode) {
+    const lmk::ModeRow& mode = lmk::RowOf(iMode);
+    const auto rule = [](int fixed) {
+        return fixed == 0 ? SizeFieldRule() : SizeFieldRule{std::to_string(fixed), false};
+    };
+    return {rule(mode.fixedWidth), rule(mode.fixedLines), rule(mode.manyColumns ? 0 : 1)};
 }
 
-std::string TextModeLines(std::string_view text) {
-    const int lines = WholeNumberFromText<std::int16_t>(text);
-    return std::to_string(std::max(lines / 8 * 8, 8));
+std::string LinesFieldInMode(std::int16_t iMode, std::string_view text) {
+    return lmk::RowOf(iMode).linesUnit == 1
+               ? std::string(text)
+               : std::to_string(lmk::LinesInMode(iMode, WholeNumberFromText<std::int16_t>(text)));
 }
 
 } // namespace lumrake

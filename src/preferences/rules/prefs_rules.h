@@ -29,15 +29,15 @@ std::string_view FirstFault(const DefaultTexts& texts);
 
 /// What a mode does to one of the size fields (width, lines, columns).
 struct SizeFieldRule {
-    std::string_view text; ///< put into the field; empty leaves the field's text
+    std::string text; ///< put into the field; empty leaves the field's text
     bool enabled = true;
 };
 
 /// The rules for width, lines and columns in a mode (0 to 4): Screen has the one size of the Spectrum's
 /// screen, Text has one column, the other modes leave all to the user.
-const std::array<SizeFieldRule, 3>& SizeFieldRules(std::int16_t iMode);
+std::array<SizeFieldRule, 3> SizeFieldRules(std::int16_t iMode);
 
-/// The lines field of Text mode, whose characters are 8 lines high: down to a multiple of 8, at least 8.
-std::string TextModeLines(std::string_view text);
+/// The lines field in a mode: Text, whose characters are 8 lines high, has a multiple of 8, at least 8.
+std::string LinesFieldInMode(std::int16_t iMode, std::string_view text);
 
 } // namespace lumrake

@@ -68,14 +68,13 @@ bool SaveAnimationBeforeClosing(frmAnimation& animation) {
 }
 
 void AnimateSnapshot(const frmSnapshot& snapshot) {
-    const std::int16_t iMode = snapshot.GetMode();
     GlobalAnim.sSnapFile.Set(snapshot.GetFilename().toStdString());
     GlobalAnim.iWidth = snapshot.GetWidth();
     GlobalAnim.iLines = snapshot.GetLines();
     GlobalAnim.lOffset = snapshot.GetOffset();
     GlobalAnim.iFrames = snapshot.GetColumns();
     GlobalAnim.byAttribute = static_cast<std::uint8_t>(snapshot.GetAttribute());
-    GlobalAnim.iMode = iMode == kScreen || iMode == kText ? std::int16_t{kGraphics} : iMode;
+    GlobalAnim.iMode = lmk::PlayableMode(snapshot.GetMode());
     GlobalAnim.iUpsideDown = snapshot.GetUpsideDown();
     GlobalAnim.iRepeat = kContinuous;
     GlobalAnim.iPause = 100;

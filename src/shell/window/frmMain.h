@@ -146,7 +146,8 @@ class frmMain : public QMainWindow, public ShellNotices {
         kNeedsCount
     };
     struct Command;
-    static const Command kCommands[];
+    static const Command kRows[];
+    static const std::vector<Command>& Commands();
     void CreateCommands();
     void PutOnToolbar(const Command& row, QAction& action);
     void ShowEnabled();
@@ -189,7 +190,7 @@ class frmMain : public QMainWindow, public ShellNotices {
     void menu_closeall_Click(int Index);
     void menu_about_Click(int Index);
 
-    QList<QAction*> actions_;        ///< of kCommands
+    QList<QAction*> actions_;        ///< of Commands()
     bool met_[kNeedsCount] = {true}; ///< what EnableFunction and UpdateToolbars said last
     ShellNotices* noticesBefore_ = nullptr;
     QPointer<QMdiSubWindow> activeFrame_;

@@ -4,6 +4,7 @@
 #include "controls/pictures.h"
 #include "controls/toolbar.h"
 #include "disk/texts.h"
+#include "display/modes.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
 #include "snapshot/frmClip.h"
@@ -27,9 +28,10 @@ enum State : std::uint8_t {
     kPlain, ///< a separator as well, when there is no caption
     kMenu,  ///< opens a menu of the rows below it that lie one deeper
     kHidden,
-    kTick,   ///< can be ticked
-    kTicked, ///< can be ticked and is at first
-    kTool    ///< a button alone; of these exactly one is pressed, the first at first
+    kTick,     ///< can be ticked
+    kTicked,   ///< can be ticked and is at first
+    kEachMode, ///< stands for one entry for each display mode, with the mode as Index, of which one is ticked
+    kTool      ///< a button alone; of these exactly one is pressed, the first at first
 };
 
 /// A menu whose entries leave the drawings and the tips of their buttons to the toolbar.
@@ -76,7 +78,7 @@ struct frmMain::Command {
 };
 
 // clang-format off
-const frmMain::Command frmMain::kCommands[] = {
+constexpr frmMain::Command frmMain::kRows[] = {
     // name                 Index, depth, caption                    state    shortcut   needs                  procedure                            group, key, tool tip, help number
     {Menu::menu_file,           0, 0, "&File",                    kMenu,   nullptr,   kNothing,              nullptr},
     {Menu::menu_open,           0, 1, "&Open snapshot",           kPlain,  "Ctrl+O",  kNothing,              &frmMain::menu_open_Click,           {0, "OPEN",      "Open snapshot",              20}},
@@ -123,11 +125,7 @@ const frmMain::Command frmMain::kCommands[] = {
     {Menu::tbrMain,             5, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "PAN",       "Pan",                        31}},
 
     {Menu::menu_snapshot_top,   0, 0, "&Snapshot",                kMenu,   nullptr,   kNothing,              nullptr},
-    {Menu::menu_mode,           0, 1, "&Graphics mode",           kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           1, 1, "&Screen mode",             kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           2, 1, "&Text mode",               kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           3, 1, "&Line masks",              kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
-    {Menu::menu_mode,           4, 1, "&Byte masks",              kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_mode_Click},
+    {Menu::menu_mode,           0, 1, "",                         kEachMode, nullptr, kSnapshotActive,       &frmMain::menu_mode_Click},
     {Menu::menu_bar6,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
     {Menu::menu_snapshot,       0, 1, "Set attri&butes",          kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click},
     {Menu::menu_snapshot,       1, 1, "&Animate...",              kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click,       {3, "TOANIM",    "Create animation",           33}},
@@ -151,10 +149,29 @@ const frmMain::Command frmMain::kCommands[] = {
 };
 // clang-format on
 
+const std::vector<frmMain::Command>& frmMain::Commands() {
+    static const std::vector<Command> commands = [] {
+        std::vector<Command> all;
+        for (const Command& row : kRows) {
+            if (row.state != kEachMode) {
+                all.push_back(row);
+                continue;
+            }
+            for (int mode = 0; const lmk::ModeRow& each : lmk::kModes) {
+                all.push_back(row);
+                all.back().Index = mode++;
+                all.back().Caption = each.MenuCaption;
+            }
+        }
+        return all;
+    }();
+    return commands;
+}
+
 void frmMain::CreateCommands() {
     QWidget* parents[] = {menuBar(), nullptr, nullptr}; // by depth
     auto* tools = new QActionGroup(this);
-    for (const Command& row : kCommands) {
+    for (const Command& row : Commands()) {
         auto* action = new QAction(Latin(row.Caption), this);
         if (row.state == kMenu) {
             auto* menu = new CommandMenu(parents[row.depth]);
@@ -194,14 +211,14 @@ void frmMain::PutOnToolbar(const Command& row, QAction& action) {
 }
 
 QAction* frmMain::Entry(Menu name, int Index) const {
-    const auto* row = std::ranges::find_if(
-        kCommands, [=](const Command& one) { return one.name == name && one.Index == Index; });
-    return actions_.value(row - std::begin(kCommands));
+    const auto row = std::ranges::find_if(
+        Commands(), [=](const Command& one) { return one.name == name && one.Index == Index; });
+    return actions_.value(row - Commands().begin());
 }
 
 void frmMain::ShowEnabled() {
     for (qsizetype i = 0; i < actions_.size(); ++i) {
-        actions_[i]->setEnabled(met_[kCommands[i].needs]);
+        actions_[i]->setEnabled(met_[Commands()[static_cast<std::size_t>(i)].needs]);
     }
 }
 
@@ -228,10 +245,8 @@ void frmMain::UpdateToolbars(const QString& sKind, bool bEnable) {
 }
 
 void frmMain::ShowModeTick(std::int16_t iMode) {
-    for (qsizetype i = 0; i < actions_.size(); ++i) {
-        if (kCommands[i].name == Menu::menu_mode) {
-            actions_[i]->setChecked(kCommands[i].Index == iMode);
-        }
+    for (int mode = 0; mode < static_cast<int>(lmk::kModes.size()); ++mode) {
+        Entry(Menu::menu_mode, mode)->setChecked(mode == iMode);
     }
 }
 

@@ -9,13 +9,9 @@
 
 namespace lumrake {
 
+using lmk::KnownMode;
 using lmk::Mode; // as values of iMode
 using enum lmk::Mode;
-
-/// A mode from a record: a number that is no mode counts as Graphics.
-constexpr std::int16_t KnownMode(std::int16_t iMode) {
-    return iMode >= kGraphics && iMode <= kByteMasks ? iMode : std::int16_t{kGraphics};
-}
 
 /// The numbers that say how the bytes of a document are looked at.
 struct ViewNumbers {

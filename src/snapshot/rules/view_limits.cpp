@@ -1,17 +1,16 @@
 #include "snapshot/rules/view_limits.h"
 
+#include "display/attribute.h"
+
 #include <algorithm>
 
 namespace lumrake {
 
-namespace {
-constexpr std::int32_t kMinWidth = 8, kMaxWidth = 256;
-constexpr std::int16_t kScreenModeWidth = 256, kScreenModeLines = 192;
-} // namespace
+using lmk::kLeastWidth, lmk::kMostWidth, lmk::kMostLines, lmk::kMostColumns;
 
 std::array<ValueLimits, 4> SpinLimits(std::int32_t lFileLength) {
-    return {ValueLimits{0, lFileLength - 1, 1}, ValueLimits{kMinWidth, kMaxWidth, 8},
-            ValueLimits{8, kMaxLines, 8}, ValueLimits{1, kMaxColumns, 1}};
+    return {ValueLimits{0, lFileLength - 1, 1}, ValueLimits{kLeastWidth, kMostWidth, 8},
+            ValueLimits{8, kMostLines, 8}, ValueLimits{1, kMostColumns, 1}};
 }
 
 std::int32_t SpinTo(std::int32_t lValue, bool bUp, const ValueLimits& limits) {
@@ -39,28 +38,26 @@ ViewNumbers DefaultView(const SettingsRecord& settings, std::int32_t lFileLength
     ViewNumbers view;
     view.lFileLength = lFileLength;
     view.lOffset = TypedOffset(settings.lDefaultOffset, lFileLength).lValue;
-    view.iWidth = hold(settings.iDefaultWidth / 8 * 8, kMinWidth, kMaxWidth);
-    view.iLines = hold(settings.iDefaultLines, 1, kMaxLines);
-    view.iColumns = hold(settings.iDefaultColumns, 1, kMaxColumns);
+    view.iWidth = hold(settings.iDefaultWidth / 8 * 8, kLeastWidth, kMostWidth);
+    view.iLines = hold(settings.iDefaultLines, 1, kMostLines);
+    view.iColumns = hold(settings.iDefaultColumns, 1, kMostColumns);
     view.iMode = KnownMode(settings.iDefaultMode);
     return view;
 }
 
 void FitToMode(ViewNumbers& view, std::int16_t iNewMode) {
     view.iMode = iNewMode;
-    if (iNewMode == kScreen) {
-        view.iWidth = kScreenModeWidth;
-        view.iLines = kScreenModeLines;
-    } else if (iNewMode == kText) {
-        view.iLines = std::max<std::int16_t>(static_cast<std::int16_t>(view.iLines / 8 * 8), 8);
+    const lmk::ModeRow& mode = lmk::RowOf(iNewMode);
+    if (mode.fixedWidth != 0) {
+        view.iWidth = mode.fixedWidth;
     }
+    view.iLines = mode.fixedLines != 0 ? mode.fixedLines : lmk::LinesInMode(iNewMode, view.iLines);
 }
 
 std::int16_t NextAttribute(std::int16_t iAttribute, int iIndex) {
-    const int shift = iIndex == 0 ? 0 : 3;
-    const int next = ((iAttribute >> shift) + 1) & 7;
-    const int kept = iAttribute & (iIndex == 0 ? 0x78 : 0x47); // the other colour and the bright bit
-    return static_cast<std::int16_t>(kept | next << shift);
+    const int ink = lmk::Ink(iAttribute + (iIndex == 0 ? 1 : 0));
+    const int paper = lmk::Paper(iAttribute + (iIndex == 0 ? 0 : 8));
+    return lmk::MakeAttribute(ink, paper, lmk::IsBright(iAttribute));
 }
 
 } // namespace lumrake

@@ -11,9 +11,6 @@ namespace lumrake {
 /// The four numbers of a view that have a box of their own, in the order of the boxes.
 enum ViewValue : int { kOffsetValue = 0, kWidthValue = 1, kLinesValue = 2, kColumnsValue = 3 };
 
-/// The most lines and columns that a view can have.
-inline constexpr std::int32_t kMaxLines = 512, kMaxColumns = 16;
-
 /// Limits and step of one value's spin button.
 struct ValueLimits {
     std::int32_t lMin = 0, lMax = 0, lStep = 1;
