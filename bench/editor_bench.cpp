@@ -2,7 +2,7 @@
 #include "probes.h"
 
 #include "shell/shell.h"
-#include "snapshot/rules/block.h"
+#include "snapshot/rules/document.h"
 
 namespace lumrake::bench {
 namespace {
@@ -60,10 +60,13 @@ void Lift(benchmark::State& state, Mode mode) {
 
 void Drop(benchmark::State& state, Mode mode) {
     const ViewNumbers view = LargestView(mode);
-    auto memory = Noise(static_cast<std::size_t>(view.lFileLength));
+    const auto memory = Noise(static_cast<std::size_t>(view.lFileLength));
     const std::string sData = LiftBlock(memory, view, kWhole);
+    SnapshotDocument document;
+    document.Open(MemoryBlock(memory.size()));
+    document.view = view;
     for (auto _ : state) {
-        DropBlock(memory, view, kWhole, sData);
+        document.DropBlock(kWhole, sData);
         benchmark::ClobberMemory();
     }
 }

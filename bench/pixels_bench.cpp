@@ -2,7 +2,7 @@
 /// reads or writes every pixel of a view of 256 x 192, in the order of a block operation.
 #include "bench.h"
 
-#include "snapshot/rules/addressing.h"
+#include "snapshot/rules/document.h"
 
 #include <string>
 #include <vector>
@@ -51,8 +51,10 @@ const bool kRegistered = [] {
                  [&](float X, float Y) { benchmark::DoNotOptimize(ReadPixel(memory, view, X, Y)); });
         });
         Add(std::string("Pixels/Write") + kModes[mode], [view](benchmark::State& state) {
-            std::vector<std::uint8_t> memory(49179, 0x55);
-            Walk(state, view, [&](float X, float Y) { WritePixel(memory, view, X, Y, 1); });
+            SnapshotDocument document;
+            document.Open(MemoryBlock(49179));
+            document.view = view;
+            Walk(state, view, [&](float X, float Y) { document.WritePixel(PixelUnder(view, X, Y), 1); });
         });
     }
     return true;

@@ -18,7 +18,7 @@ struct SnapshotProbe {
     QWidget& Container() const { return *form.picContainer; }
     void WritePixel(float X, float Y, std::int16_t iValue) const { form.WritePixel(X, Y, iValue, false); }
     void Move(int button, float X, float Y) const {
-        form.picImage->MouseMove({static_cast<std::int16_t>(button), 0, X, Y});
+        form.picImage->MouseMove({static_cast<std::int16_t>(button), X, Y});
     }
     /// Lays the net over the whole view.
     void NetOverAll() const {
@@ -28,7 +28,7 @@ struct SnapshotProbe {
     /// Drops the block that is being placed on the top left corner.
     void DropAtOrigin() const {
         form.imgClip->move(0, 0);
-        form.imgClip->MouseDown({1, 0, 0, 0});
+        form.imgClip->MouseDown({1, 0, 0});
     }
 };
 

@@ -213,9 +213,6 @@ bool IsKnownButton(const QMouseEvent& event) {
 MouseArgs MouseArgsOf(const QMouseEvent& event, int button) {
     MouseArgs args;
     args.Button = static_cast<std::int16_t>(button & kKnownButtons);
-    args.Shift = static_cast<std::int16_t>((event.modifiers() & Qt::ShiftModifier ? 1 : 0) |
-                                           (event.modifiers() & Qt::ControlModifier ? 2 : 0) |
-                                           (event.modifiers() & Qt::AltModifier ? 4 : 0));
     const QPointF place = ExactPosition(event);
     // Whole pixels, rounded down before anything flips or divides them.
     args.X = static_cast<float>(std::floor(place.x()));

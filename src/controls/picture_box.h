@@ -14,7 +14,6 @@ namespace lumrake {
 struct MouseArgs {
     std::int16_t Button = 0; ///< on a press or release the button that changed, on a move the mask of those
                              ///< held: 1 left, 2 right, 4 middle
-    std::int16_t Shift = 0;  ///< 1 Shift, 2 Ctrl, 4 Alt
     float X = 0;             ///< logical screen pixels from the widget's corner, negative or past its size
     float Y = 0;             ///< while a button is held outside
 };

@@ -21,7 +21,6 @@ FixedString<10> sAppVersion;
 std::int16_t bSkipSplash = 0;
 std::int16_t iSnapshotCount = 0;
 std::int16_t iAnimationCount = 0;
-std::int16_t iBitValue[8] = {};
 std::int16_t iCurrentTool = kToolDraw;
 
 namespace {

@@ -20,7 +20,6 @@ extern FixedString<10> sAppVersion;  ///< "2.00" from Initialise on
 extern std::int16_t bSkipSplash;     ///< -1 when the command line is exactly the word REHEARS, else 0
 extern std::int16_t iSnapshotCount;  ///< open snapshot windows
 extern std::int16_t iAnimationCount; ///< open animation windows
-extern std::int16_t iBitValue[8];    ///< 1, 2, 4 ... 128: the mask of bit n
 extern std::int16_t iCurrentTool; ///< one for all windows: 1 placing a block, 2 Draw, 3 Magnify, 4 Net, 5 Pan
 
 /// Tools, as values of iCurrentTool.

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace lumrake {
 
@@ -55,7 +56,9 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     const HourglassScope hourglass;
     Outcome opened = Refusal(FileLength(sFile));
     if (opened.IsDone()) {
-        opened = ReadWholeFile(sFile, byMemory);
+        MemoryBlock bytes;
+        opened = ReadWholeFile(sFile, bytes);
+        document.Open(std::move(bytes));
     }
     if (opened.IsDone()) {
         opened = Refusal(static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
@@ -93,7 +96,7 @@ void frmSnapshot::DrawView() {
 }
 
 void frmSnapshot::ShowMem() {
-    if (view.iMode == kScreen && (view.iWidth < 256 || view.iLines < 192)) {
+    if (view.iWidth < lmk::RowOf(view.iMode).fixedWidth || view.iLines < lmk::RowOf(view.iMode).fixedLines) {
         MsgBox(QStringLiteral("Oops!  I should never appear."), BoxButtons::Ok, BoxIcon::None, sAppTitle);
         return;
     }
@@ -105,25 +108,23 @@ void frmSnapshot::ShowMem() {
     picImage->update();
 }
 
-void frmSnapshot::ShowPixel(float X, float Y) {
+void frmSnapshot::ShowPixel(const PicturePixel& pixel) {
     const int factor = view.iZoomFactor;
-    const int left = static_cast<int>(std::floor(X)) / factor * factor;
-    const int top = static_cast<int>(std::floor(Y)) / factor * factor;
-    picImage->hDC().SetClip({left / factor, top / factor, 1, 1});
+    picImage->hDC().SetClip({pixel.x, pixel.y, 1, 1});
     DrawView();
     picImage->hDC().ResetClip();
-    picImage->UpdateArea(QRect(left, top, factor, factor));
+    picImage->UpdateArea(QRect(pixel.x * factor, pixel.y * factor, factor, factor));
 }
 
 void frmSnapshot::WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh) {
-    bChanged = -1;
-    if (lumrake::WritePixel(byMemory.Bytes(), view, X, Y, iValue) && bRefresh) {
-        ShowPixel(X, Y);
+    const std::optional<PicturePixel> pixel = PixelUnder(view, X, Y);
+    if (document.WritePixel(pixel, iValue) && bRefresh) {
+        ShowPixel(*pixel);
     }
 }
 
 std::int16_t frmSnapshot::ReadPixel(float X, float Y) const {
-    return lumrake::ReadPixel(byMemory.Bytes(), view, X, Y);
+    return document.ReadPixel(PixelUnder(view, X, Y));
 }
 
 Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
@@ -154,7 +155,7 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     SetCaption(this, sSnapTitle.trimmed());
     sbrSnapshot->SetText(1, sSnapFile.toLower());
     if (ShowStage(100)) {
-        bChanged = 0;
+        document.Saved();
         ShowProgress(false);
     }
     return written;
@@ -184,7 +185,7 @@ void frmSnapshot::SetProgress(int value) {
 }
 
 void frmSnapshot::Form_Unload(bool& Cancel) {
-    if ((bChanged & Settings.bPromptSave) != 0) {
+    if ((document.Changed() & Settings.bPromptSave) != 0) {
         BringToFront(this);
         const QString sQuestion =
             QLatin1String("Save changes to ") + TrimBlanks(sSnapFile.toLower()) + QLatin1Char('?');

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "base/memory_block.h"
+#include "controls/control_array.h"
 #include "controls/picture_box.h"
 #include "disk/outcome.h"
 #include "snapshot/rules/addressing.h"
-#include "snapshot/rules/block.h"
+#include "snapshot/rules/document.h"
+#include "snapshot/rules/placing.h"
 
 #include <QString>
 #include <QWidget>
@@ -112,7 +114,6 @@ class frmSnapshot : public QWidget {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -130,11 +131,10 @@ class frmSnapshot : public QWidget {
     void SetProgress(int value);
     /// Fills the device context with the view as far as its clip allows; repaints nothing.
     void DrawView();
-    /// Draws and repaints one picture pixel only: the one under the screen position (X, Y), which is in the
-    /// picture.
-    void ShowPixel(float X, float Y);
-    /// Marks the document as changed, whatever becomes of the pixel, and writes it: addressing.h. With
-    /// bRefresh the pixel is redrawn; a block operation redraws once at its end instead.
+    /// Draws and repaints one picture pixel only.
+    void ShowPixel(const PicturePixel& pixel);
+    /// Writes the pixel under a screen position; the document counts as changed whatever becomes of it. With
+    /// bRefresh the pixel is redrawn.
     void WritePixel(float X, float Y, std::int16_t iValue, bool bRefresh);
     std::int16_t ReadPixel(float X, float Y) const;
 
@@ -175,31 +175,19 @@ class frmSnapshot : public QWidget {
     void HoverTool(const MouseArgs& args);
 
     // ---- net ----
-    /// The rectangle that lies on the picture, hidden at first: the selection net, or the frame of a block that
-    /// is being placed.
-    struct Shape : NetRect {
-        bool Visible = false;
-        bool Dotted = false; ///< solid while it is dragged, dotted once it rests
-        bool Frame = false;  ///< the frame of a block: no net for the commands
-
-        /// The same shape at another place.
-        Shape At(const NetRect& place) const { return {place, Visible, Dotted, Frame}; }
-    };
     /// A net lies in this window on which Cut, Copy, Delete and the export can act.
-    bool HasNet() const { return shpNet.Visible && !shpNet.Frame && shpNet.Width > 1; }
+    bool HasNet() const { return shpNet.IsSelection(); }
     void StartNet(const MouseArgs& args);
     void DragNet(const MouseArgs& args);
     void EndNet();
     /// Keeps the net, and a block that is being placed, on their picture pixels after a change of the factor.
     void ScaleNet(std::int32_t iOldFactor);
     /// Gives the shape its new form and repaints where it was and where it now is.
-    void SetShape(const Shape& shape);
-    void UpdateNet(const Shape& before);
+    void SetShape(const Net& shape);
     void PaintNet(QPainter& painter, const QRect& exposed) const;
 
     // ---- clipboard ----
-    /// The window in which a block is being placed; null when there is none. The tool is one for all windows.
-    inline static frmSnapshot* placingWindow = nullptr;
+    inline static Placing<frmSnapshot> placing;
     /// Shows in barProgress how far a walk over a block has come.
     RowProgress ProgressOfRows();
     NetRect ClipPlace() const;
@@ -207,48 +195,43 @@ class frmSnapshot : public QWidget {
     void HangBlock();
     /// Moves the block so that it hangs centred on the mouse.
     void MoveBlock(float X, float Y);
-    /// Takes the block and its frame off the picture. Says nothing about the tool.
+    /// Takes the block and its frame off the picture. The tool that is in force stays.
     void LetGoOfBlock();
+    void TakeBlockOff();
     /// Ends the placing in this window, if there is one, and gives the tool back.
     void EndPlacing();
     void imgClip_MouseMove(const MouseArgs& args);
     void imgClip_MouseDown(const MouseArgs& args);
 
     // ---- fields ----
-    MemoryBlock byMemory; ///< the whole file; constant size for the life of the window
-    QString sSnapFile;    ///< true path; shown in lower case
-    QString sSnapTitle;   ///< file name without its path, lower case, at most 40 characters: the caption
-    ViewNumbers view;     ///< what is looked at, and how
-    std::int16_t iAttribute = 0; ///< attribute byte of the whole view
-    std::int16_t bChanged = 0;   ///< -1 when byMemory differs from the file
-
-    bool bPanning = false; ///< a drag of the Pan tool is under way
-    float sngPanTop = 0, sngPanLeft = 0;
-    float sngPanStartY = 0, sngPanStartX = 0;
-    std::int32_t iNetX = 0, iNetY = 0;          ///< corner where the net's drag began, screen pixels
-    std::int32_t iNetWidth = 0, iNetHeight = 0; ///< signed size of the drag from that corner, screen pixels
+    SnapshotDocument document;
+    ViewNumbers& view = document.view; ///< what is looked at, and how
+    std::int16_t& iAttribute = document.iAttribute;
+    const MemoryBlock& byMemory = document.Memory();
+    QString sSnapFile;  ///< true path; shown in lower case
+    QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
+    Pan pan;
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
     bool bClosing = false;                                              ///< Form_Unload is under way
     bool bClosed = false;               ///< it let the window go: nothing is asked any more
     std::int32_t lScrollGrabY = 0;      ///< pixel row inside cmdScroll at which a drag began
     std::int16_t iPanelButton = 0;      ///< mouse button last pressed on sbrSnapshot
     float sngMouseX = 0, sngMouseY = 0; ///< last mouse position over picImage
-    std::int16_t iSavedTool = 0;        ///< the tool to go back to after a paste; 0 when none is kept
 
     // ---- controls ----
     QWidget* picContainer = nullptr;
     PictureBox* picImage = nullptr;
     ImageBox* imgClip = nullptr; ///< the block being placed, a child of picImage
-    Shape shpNet{{40, 16, 57, 49}};
-    SpinBar* scrAddr = nullptr; ///< its value, at rest, is the thumb's place in the track
+    Net shpNet;                  ///< the net, or the frame of imgClip
+    SpinBar* scrAddr = nullptr;  ///< its value, at rest, is the thumb's place in the track
     QWidget* txtScroll = nullptr;
     QPushButton* cmdScroll = nullptr;
-    std::array<QLabel*, 4> lblCaption{};
-    std::array<ValueBox*, 4> txtValue{};
-    std::array<SpinBar*, 4> scrValue{};
+    ControlArray<QLabel, 4> lblCaption{};
+    ControlArray<ValueBox, 4> txtValue{};
+    ControlArray<SpinBar, 4> scrValue{};
     QPushButton* cmdOptions = nullptr;
     PanelBar* sbrSnapshot = nullptr;
-    std::array<ColourButton*, 2> cmdColour{}; ///< ink, paper
+    ControlArray<ColourButton, 2> cmdColour{}; ///< ink, paper
     QProgressBar* barProgress = nullptr;
 };
 

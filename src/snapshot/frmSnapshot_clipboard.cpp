@@ -1,22 +1,4 @@
-// Cut, Copy, Delete and Paste, and the placing of a pasted block. While a block is being placed the tool is
-// 1 for all windows; placingWindow is the one window whose imgClip hangs on the mouse and whose iSavedTool
-// holds the tool to go back to.
-//
-//                  Paste (HangBlock)
-//     not placing --------------------> placing ----+  moves (MoveBlock)
-//         ^                              |   ^      |  zoom (ScaleNet): scales block and frame
-//         |                              |   +------+  Paste again: keeps the tool saved first
-//         +------------------------------+             Copy in another window: the new block hangs on the mouse
-//
-// The ways out of placing:
-//     the tool comes back (EndPlacing)       left press on the block: drops it (imgClip_MouseDown)
-//                                            the window closes
-//                                            a Copy elsewhere leaves the clipboard empty
-//     the tool goes on to another window     Paste there: takes over iSavedTool (LetGoOfBlock here)
-//     another tool is in force; iSavedTool   tool button: the block goes with the next move over the picture
-//     isn't used                             (HoverTool), or with a press on it, which drops nothing
-//
-// While another child is active the block stays where it is and goes on following once the mouse is back.
+// Cut, Copy, Delete and Paste, and the block that hangs on the mouse: snapshot/rules/placing.h has its states.
 #include "snapshot/frmSnapshot.h"
 
 #include "shell/shell.h"
@@ -36,18 +18,17 @@ void frmSnapshot::Copy(bool iCut) {
     if (!ShowProgress(true)) {
         return;
     }
-    std::string sData = LiftBlock(byMemory.Bytes(), view, block, ProgressOfRows());
-    if (iCut && !block.IsEmpty()) {
-        ClearBlock(byMemory.Bytes(), view, block);
-        bChanged = -1;
+    std::string sData = LiftBlock(document.Bytes(), view, block, ProgressOfRows());
+    if (iCut) {
+        document.ClearBlock(block);
     }
     clip.SetData(std::move(sData));
     const bool bOpen = ShowProgress(false);
     EnableFunction(kGroupPaste, true);
-    if (placingWindow != nullptr && iCurrentTool == kToolPlacing && clip.IsEmpty() == 0) {
-        placingWindow->HangBlock();
-    } else if (placingWindow != nullptr) {
-        placingWindow->EndPlacing(); // nothing is left to hang, or another tool has ended it already
+    if (placing.window != nullptr && iCurrentTool == kToolPlacing && clip.IsEmpty() == 0) {
+        placing.window->HangBlock();
+    } else if (placing.window != nullptr) {
+        placing.window->EndPlacing(); // nothing is left to hang, or another tool has ended it already
     }
     if (bOpen) {
         ShowMem();
@@ -59,10 +40,7 @@ void frmSnapshot::Delete() {
     if (!ShowProgress(true)) {
         return;
     }
-    ClearBlock(byMemory.Bytes(), view, block, ProgressOfRows());
-    if (!block.IsEmpty()) {
-        bChanged = -1;
-    }
+    document.ClearBlock(block, ProgressOfRows());
     ShowProgress(false);
     ShowMem();
 }
@@ -71,18 +49,12 @@ void frmSnapshot::Paste() {
     if (frmClip::Instance().IsEmpty() != 0) {
         return;
     }
-    std::int16_t iTool = iCurrentTool;
-    if (placingWindow != nullptr) {
-        if (iCurrentTool == kToolPlacing) {
-            iTool = placingWindow->iSavedTool;
-        }
-        placingWindow->LetGoOfBlock();
+    if (placing.window != nullptr) {
+        placing.window->TakeBlockOff();
     }
-    placingWindow = this;
+    placing.Begin(this, iCurrentTool);
     HangBlock();
-    iSavedTool = iTool;
-    iCurrentTool = kToolPlacing;
-    picImage_MouseMove({0, 0, sngMouseX, sngMouseY});
+    picImage_MouseMove({0, sngMouseX, sngMouseY});
     EnableNetCommands(false);
 }
 
@@ -109,8 +81,8 @@ void frmSnapshot::HangBlock() {
     imgClip->resize(picClip.Width() * z, picClip.Height() * z);
     imgClip->update();
     imgClip->show();
-    Shape shape = shpNet.At(FrameOf(ClipPlace()));
-    shape.Visible = shape.Frame = true;
+    Net shape = shpNet;
+    shape.FrameBlock(ClipPlace());
     SetShape(shape);
 }
 
@@ -118,29 +90,31 @@ void frmSnapshot::MoveBlock(float X, float Y) {
     imgClip->move(HungAt(X, imgClip->width(), view.iZoomFactor),
                   HungAt(Y, imgClip->height(), view.iZoomFactor));
     if (!imgClip->isHidden()) { // else another window places, and a net may lie here
-        SetShape(shpNet.At(FrameOf(ClipPlace())));
+        Net shape = shpNet;
+        shape.Move(FrameOf(ClipPlace()));
+        SetShape(shape);
     }
 }
 
-void frmSnapshot::LetGoOfBlock() {
+void frmSnapshot::TakeBlockOff() {
     imgClip->hide();
     if (shpNet.Frame) {
         ClearNet();
     }
-    if (placingWindow == this) {
-        placingWindow = nullptr;
+}
+
+void frmSnapshot::LetGoOfBlock() {
+    TakeBlockOff();
+    if (placing.window == this) {
+        placing.LetGo();
     }
-    iSavedTool = 0;
 }
 
 void frmSnapshot::EndPlacing() {
-    if (placingWindow != this) {
-        return;
+    if (placing.window == this) {
+        TakeBlockOff();
+        placing.End(iCurrentTool);
     }
-    if (iCurrentTool == kToolPlacing) {
-        iCurrentTool = iSavedTool;
-    }
-    LetGoOfBlock();
 }
 
 void frmSnapshot::imgClip_MouseMove(const MouseArgs& args) {
@@ -158,13 +132,12 @@ void frmSnapshot::imgClip_MouseDown(const MouseArgs& args) {
     if (args.Button != 1) {
         return;
     }
-    if (iCurrentTool != kToolPlacing || placingWindow != this) {
+    if (iCurrentTool != kToolPlacing || placing.window != this) {
         LetGoOfBlock();
         return;
     }
     const PixelBlock block = BlockUnder(ClipPlace(), view.iZoomFactor);
-    DropBlock(byMemory.Bytes(), view, block, frmClip::Instance().GetData());
-    bChanged = -1;
+    document.DropBlock(block, frmClip::Instance().GetData());
     EndPlacing();
     ShowMem();
 }

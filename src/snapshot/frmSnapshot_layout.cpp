@@ -1,11 +1,12 @@
 // Controls, their places, zoom, status bar, activation.
+#include "assistant/rules/help_numbers.h"
 #include "base/twips.h"
 #include "controls/accessible_role.h"
 #include "controls/colour_button.h"
-#include "controls/mouse_filter.h"
 #include "controls/panel_bar.h"
 #include "controls/spin_bar.h"
 #include "controls/value_box.h"
+#include "controls/watch.h"
 #include "controls/whole_pixels.h"
 #include "disk/texts.h"
 #include "shell/shell.h"
@@ -67,14 +68,6 @@ constexpr StatusRow kStatusRows[] = {
 // clang-format on
 
 constexpr int kZoomPanel = 3, kAttributePanel = 4;
-constexpr int kFirstPanelKey = 8; // help key of panel 1; the others follow
-constexpr int kScrollKey = 2, kOptionsKey = 7, kColourKey = 11;
-
-/// Lets the assistant speak about a control while the mouse moves over it.
-void PromptOver(QWidget* control, int helpKey) {
-    (new MouseFilter(control))->MouseMove = [helpKey](const MouseArgs&) { ShowPrompt(helpKey); };
-}
-
 void PaintGround(QWidget* control, const QColor& colour) {
     QPalette palette = control->palette();
     palette.setColor(QPalette::Window, colour);
@@ -87,18 +80,18 @@ void PaintGround(QWidget* control, const QColor& colour) {
 // The controls come into being in the order of the Tab key.
 void frmSnapshot::CreateControls() {
     setWindowTitle(QStringLiteral("snapshot..."));
-    setMouseTracking(true);
+    SetHelp(this, kHelpNone);
     CreateValueBoxes();
 
     cmdOptions = new QPushButton(QStringLiteral("&Options"), this);
     cmdOptions->setAutoDefault(false);
     cmdOptions->resize(76, 22);
     connect(cmdOptions, &QPushButton::clicked, this, [this] { cmdOptions_Click(); });
-    PromptOver(cmdOptions, kOptionsKey);
+    SetHelp(cmdOptions, kHelpOptions);
 
     picContainer = new QWidget(this);
     picContainer->move(kEdge, kEdge);
-    picContainer->setMouseTracking(true); // its moves come to the form
+    SetHelp(picContainer, kHelpNone);
     PaintGround(picContainer, QColor(0, 128, 128));
     picImage = new PictureBox(picContainer);
     picImage->setFocusPolicy(Qt::StrongFocus);
@@ -116,7 +109,7 @@ void frmSnapshot::CreateControls() {
     scrAddr->setPageStep(2);
     txtScroll = new QWidget(this);
     PaintGround(txtScroll, QColor(224, 224, 224));
-    PromptOver(txtScroll, kScrollKey);
+    SetHelp(txtScroll, kHelpThumb);
     cmdScroll = new QPushButton(this);
     cmdScroll->setAutoDefault(false);
     cmdScroll->setAccessibleName(QStringLiteral("Thumb of the place in the file"));
@@ -142,7 +135,7 @@ void frmSnapshot::CreateValueBoxes() {
         box->resize(kBoxWidth, kBoxHeight);
         box->setToolTip(Latin(row.toolTip));
         box->setAccessibleName(Latin(row.caption));
-        PromptOver(box, row.helpKey);
+        SetHelp(box, row.helpKey, kOnMove | kDisabledAsWell);
 
         auto* spin = scrValue[i] = new SpinBar(Qt::Horizontal, this);
         spin->resize(kSpinWidth, kBoxHeight);
@@ -155,8 +148,7 @@ void frmSnapshot::CreateValueBoxes() {
         label->resize(73, 17);
         label->lower(); // its lowest row lies under the box
         label->setBuddy(box);
-        (new MouseFilter(label))->MouseUp = [](const MouseArgs&) { ShowPrompt(0); };
-        label->setMouseTracking(false); // only a click on a label counts
+        SetHelp(label, kHelpNone, kOnRelease);
     }
 }
 
@@ -170,7 +162,7 @@ void frmSnapshot::CreateStatusBar() {
     sbrSnapshot->PanelClick = [this](int Panel) { sbrSnapshot_PanelClick(Panel); };
     sbrSnapshot->MouseMove = [this](int x) {
         if (const int panel = sbrSnapshot->PanelAtX(x); panel != 0) {
-            ShowPrompt(kFirstPanelKey - 1 + panel);
+            ShowPrompt(kHelpFirstPanel - 1 + panel);
         }
     };
     sbrSnapshot->PanelsMoved = [this] { PlaceColourButtons(); };
@@ -182,7 +174,7 @@ void frmSnapshot::CreateStatusBar() {
         button->setAccessibleName(Latin(names[i]));
         button->setToolTip(QStringLiteral("Current attribute setting.  Click here to adjust."));
         connect(button, &QToolButton::clicked, this, [this, i] { cmdColour_Click(static_cast<int>(i)); });
-        PromptOver(button, kColourKey);
+        SetHelp(button, kHelpAttributePanel);
     }
 
     barProgress = new QProgressBar(this);
@@ -272,15 +264,6 @@ void frmSnapshot::resizeEvent(QResizeEvent*) {
     }
 }
 
-void frmSnapshot::mouseMoveEvent(QMouseEvent* event) {
-    // Controls that do not use a move let it through to here; only the bare form and the ground round the
-    // picture say nothing.
-    const QWidget* under = childAt(event->position().toPoint());
-    if (under == nullptr || under == picContainer) {
-        ShowPrompt(0);
-    }
-}
-
 void frmSnapshot::paintEvent(QPaintEvent*) {
     if (picImage != nullptr && (picImage->hasFocus() || picContainer->hasFocus())) {
         QPainter painter(this);
@@ -310,7 +293,7 @@ void frmSnapshot::sbrSnapshot_PanelClick(int Panel) {
         return;
     }
     std::int16_t iZoom = view.iZoom;
-    if (iPanelButton == 1 && iZoom < 5) {
+    if (iPanelButton == 1 && iZoom < lmk::kMostZoom) {
         ++iZoom;
     } else if (iPanelButton == 2 && iZoom > 1) {
         --iZoom;

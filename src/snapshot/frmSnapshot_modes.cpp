@@ -3,6 +3,7 @@
 #include "controls/screen_colour.h"
 #include "controls/spin_bar.h"
 #include "controls/value_box.h"
+#include "display/attribute.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
 #include "snapshot/rules/view_limits.h"
@@ -14,8 +15,8 @@ void frmSnapshot::SetMode(std::int16_t iNewMode, bool iRefresh) {
     // than its full size.
     FitToMode(view, iNewMode);
     const auto enable = [this](int Index, bool bEnable) {
-        txtValue[static_cast<std::size_t>(Index)]->setEnabled(bEnable);
-        scrValue[static_cast<std::size_t>(Index)]->setEnabled(bEnable);
+        txtValue[Index]->setEnabled(bEnable);
+        scrValue[Index]->setEnabled(bEnable);
     };
     const bool bFree = iNewMode != kScreen && iNewMode != kText;
     if (!bFree) {
@@ -45,8 +46,8 @@ void frmSnapshot::SetAttribute(std::int16_t iNewAttribute, bool iRefresh) {
     iAttribute = iNewAttribute;
     cmdColour[0]->SetColour(ScreenColour(AttributeColour(iNewAttribute, "FORE")));
     cmdColour[1]->SetColour(ScreenColour(AttributeColour(iNewAttribute, "BACK")));
-    cmdColour[0]->setAccessibleDescription(QStringLiteral("Colour %1").arg(iNewAttribute & 7));
-    cmdColour[1]->setAccessibleDescription(QStringLiteral("Colour %1").arg(iNewAttribute >> 3 & 7));
+    cmdColour[0]->setAccessibleDescription(QStringLiteral("Colour %1").arg(lmk::Ink(iNewAttribute)));
+    cmdColour[1]->setAccessibleDescription(QStringLiteral("Colour %1").arg(lmk::Paper(iNewAttribute)));
     if (iRefresh) {
         ShowMem();
     }

@@ -5,11 +5,12 @@
 // view changes and the picture is redrawn. A write of the same text raises nothing, so that an operation at
 // a limit draws nothing. A correction inside txtValue_Change writes to the box and so runs it once more,
 // inside itself: the inner run finds a legal number and draws, the outer one draws again.
+#include "assistant/rules/help_numbers.h"
 #include "base/numbers.h"
 #include "controls/message_box.h"
-#include "controls/mouse_filter.h"
 #include "controls/spin_bar.h"
 #include "controls/value_box.h"
+#include "controls/watch.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
 #include "snapshot/rules/navigation.h"
@@ -23,8 +24,6 @@
 namespace lumrake {
 
 namespace {
-
-constexpr int kScrollKey = 2;
 
 std::int32_t NumberIn(const ValueBox& box) {
     return WholeNumberFromText<std::int32_t>(box.text().toStdString());
@@ -60,16 +59,16 @@ class ToBar : public QObject {
 } // namespace
 
 void frmSnapshot::ConnectNavigation() {
-    for (int i = 0; i < 4; ++i) {
-        const auto at = static_cast<std::size_t>(i);
-        txtValue[at]->Change = [this, i] { txtValue_Change(i); };
-        scrValue[at]->Change = [this, i](int newValue) { scrValue_Change(i, newValue); };
+    for (int i = 0; i < static_cast<int>(txtValue.size()); ++i) {
+        txtValue[i]->Change = [this, i] { txtValue_Change(i); };
+        scrValue[i]->Change = [this, i](int newValue) { scrValue_Change(i, newValue); };
     }
     scrAddr->Change = [this](int newValue) { scrAddr_Change(newValue); };
-    auto* filter = new MouseFilter(cmdScroll);
-    filter->MouseDown = [this](const MouseArgs& args) { cmdScroll_MouseDown(args); };
-    filter->MouseMove = [this](const MouseArgs& args) { cmdScroll_MouseMove(args); };
-    filter->MouseUp = [this](const MouseArgs& args) { cmdScroll_MouseUp(args); };
+    SetHelp(cmdScroll, kHelpThumb);
+    Watcher& thumb = Watch(cmdScroll);
+    thumb.MouseDown = [this](const MouseArgs& args) { cmdScroll_MouseDown(args); };
+    thumb.MouseMove = [this](const MouseArgs& args) { cmdScroll_MouseMove(args); };
+    thumb.MouseUp = [this](const MouseArgs& args) { cmdScroll_MouseUp(args); };
     new ToBar(cmdScroll, scrAddr);
     new ToBar(txtScroll, scrAddr);
 }
@@ -101,7 +100,7 @@ void frmSnapshot::scrValue_Change(int Index, int newValue) {
 }
 
 void frmSnapshot::txtValue_Change(int Index) {
-    const ValueBox& box = *txtValue[static_cast<std::size_t>(Index)];
+    const ValueBox& box = *txtValue[Index];
     const std::int32_t lNumber = NumberIn(box);
     const bool bBlank = box.text().trimmed().isEmpty();
     // The number reaches its field only when it is legal: a message box lets other events in.
@@ -137,7 +136,7 @@ void frmSnapshot::txtValue_Change(int Index) {
             return; // the message outlived the window
         }
         setField(typed.lValue);
-        ValueBox* corrected = txtValue[static_cast<std::size_t>(Index)];
+        ValueBox* corrected = txtValue[Index];
         corrected->Write(QString::number(typed.lValue));
         corrected->setCursorPosition(static_cast<int>(corrected->text().size()));
         PlaceScrollThumb();
@@ -155,7 +154,6 @@ void frmSnapshot::cmdScroll_MouseDown(const MouseArgs& args) {
 }
 
 void frmSnapshot::cmdScroll_MouseMove(const MouseArgs& args) {
-    ShowPrompt(kScrollKey);
     if ((args.Button & 1) == 0) {
         return;
     }

@@ -1,15 +1,5 @@
-// The selection net. The rectangle shpNet alone is the selection: every command that works on the net reads
-// its four numbers. iNetX, iNetY, iNetWidth and iNetHeight are the drag that shaped it.
-//
-//               press with Net (StartNet)            release (EndNet)
-//     no net ------------------------> dragging ---------------------> net lies
-//       ^                               | ^  ^                            |  |
-//       |              each move (DragNet)+  |   press with Net (StartNet)|  |
-//       |                                    +----------------------------+  |
-//       +--------------------------------------------------------------------+
-//                Draw, Magnify or Pan chosen (ClearNet, called by the main window)
-//
-// Paste turns the shape into the frame of its block: see frmSnapshot_clipboard.cpp.
+// The selection net on the picture. shpNet alone is the selection: every command that works on the net reads its four
+// numbers; snapshot/rules/net.h has its states.
 #include "snapshot/frmSnapshot.h"
 
 #include "shell/shell.h"
@@ -30,39 +20,38 @@ QRect Rectangle(const NetRect& net) {
 } // namespace
 
 void frmSnapshot::SetNetPosition() {
-    SetShape(shpNet.At(NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight)));
-}
-
-void frmSnapshot::ClearNet() {
-    Shape shape = shpNet;
-    shape.Visible = false;
+    Net shape = shpNet;
+    shape.SetPosition();
     SetShape(shape);
 }
 
-/// A press leaves a net of one screen pixel, whatever lay there before. A block that another tool has left hanging
-/// there goes: its frame and a net are one shape.
+void frmSnapshot::ClearNet() {
+    Net shape = shpNet;
+    shape.Hide();
+    SetShape(shape);
+}
+
+/// A block that another tool has left hanging there goes: its frame and a net are one shape.
 void frmSnapshot::StartNet(const MouseArgs& args) {
     if (!imgClip->isHidden()) {
         LetGoOfBlock();
     }
-    iNetWidth = iNetHeight = 1;
-    iNetX = SnapToPixel(args.X, view.iZoomFactor);
-    iNetY = SnapToPixel(args.Y, view.iZoomFactor);
-    SetShape({NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight), true});
+    Net shape = shpNet;
+    shape.Start(double{args.X}, double{args.Y}, view.iZoomFactor);
+    SetShape(shape);
 }
 
 void frmSnapshot::DragNet(const MouseArgs& args) {
-    const std::int32_t z = view.iZoomFactor;
-    iNetWidth = SnapToPixel(args.X - static_cast<float>(iNetX), z);
-    iNetHeight = SnapToPixel(args.Y - static_cast<float>(iNetY), z);
-    SetNetPosition();
-    const std::int32_t columns = iNetWidth / z, rows = iNetHeight / z; // whole pixels, without a remainder
-    ShowCoords(1, columns, rows);
+    Net shape = shpNet;
+    shape.DragTo(double{args.X}, double{args.Y}, view.iZoomFactor);
+    SetShape(shape);
+    // Whole pixels, without a remainder.
+    ShowCoords(1, shape.iNetWidth / view.iZoomFactor, shape.iNetHeight / view.iZoomFactor);
 }
 
 void frmSnapshot::EndNet() {
-    Shape shape = shpNet;
-    shape.Dotted = true;
+    Net shape = shpNet;
+    shape.End();
     SetShape(shape);
     ShowCoords(1, 0, 0);
     // A window that opened under the drag has the commands now, and no net of this one. The area may know of no
@@ -75,31 +64,27 @@ void frmSnapshot::EndNet() {
 }
 
 void frmSnapshot::ScaleNet(std::int32_t iOldFactor) {
-    NetRect net = ScaledNet(shpNet, iOldFactor, view.iZoomFactor);
+    Net shape = shpNet;
+    shape.Move(ScaledNet(shpNet, iOldFactor, view.iZoomFactor));
     if (!imgClip->isHidden()) {
         const NetRect block = ScaledNet(ClipPlace(), iOldFactor, view.iZoomFactor);
         imgClip->SetFactor(view.iZoomFactor);
         imgClip->setGeometry(Rectangle(block));
-        net = FrameOf(block);
+        shape.Move(FrameOf(block));
     }
-    SetShape(shpNet.At(net));
+    SetShape(shape);
 }
 
-void frmSnapshot::SetShape(const Shape& shape) {
-    const Shape before = shpNet;
-    shpNet = shape;
-    UpdateNet(before);
-}
-
-void frmSnapshot::UpdateNet(const Shape& before) {
+void frmSnapshot::SetShape(const Net& shape) {
     QRegion lines;
-    for (const Shape* shape : {&before, static_cast<const Shape*>(&shpNet)}) {
-        if (shape->Visible) {
-            for (const NetRect& line : BorderOf(*shape)) {
+    for (const Net* each : {&shape, static_cast<const Net*>(&shpNet)}) {
+        if (each->Visible) {
+            for (const NetRect& line : BorderOf(*each)) {
                 lines += Rectangle(line);
             }
         }
     }
+    shpNet = shape;
     picImage->UpdateArea(lines);
 }
 

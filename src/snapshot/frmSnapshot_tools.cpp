@@ -2,8 +2,10 @@
 // handed to it. The net is told in frmSnapshot_net.cpp, the block of a paste in frmSnapshot_clipboard.cpp.
 #include "snapshot/frmSnapshot.h"
 
+#include "assistant/rules/help_numbers.h"
 #include "base/numbers.h"
 #include "controls/pictures.h"
+#include "controls/watch.h"
 #include "shell/shell.h"
 
 #include <algorithm>
@@ -13,8 +15,6 @@ namespace lumrake {
 
 namespace {
 
-constexpr std::int32_t kHelpPicture = 1;
-constexpr std::int16_t kMaxZoom = 5;
 constexpr std::int16_t kLeft = 1, kRight = 2; // mouse buttons
 
 /// Property of picImage: the number, as text, of the tool whose cursor is loaded. Nothing reads as 0.
@@ -29,6 +29,8 @@ void frmSnapshot::ConnectTools() {
     picImage->Overlay = [this](QPainter& painter, const QRect& exposed) { PaintNet(painter, exposed); };
     imgClip->MouseDown = [this](const MouseArgs& args) { imgClip_MouseDown(args); };
     imgClip->MouseMove = [this](const MouseArgs& args) { imgClip_MouseMove(args); };
+    SetHelp(picImage, kHelpPicture);
+    SetHelp(imgClip, kHelpPicture);
 }
 
 void frmSnapshot::picImage_MouseDown(const MouseArgs& args) {
@@ -36,13 +38,7 @@ void frmSnapshot::picImage_MouseDown(const MouseArgs& args) {
     case kToolDraw: picImage_MouseMove(args); break; // a press alone plots the first pixel
     case kToolMagnify: MagnifyAbout(args); break;
     case kToolNet: StartNet(args); break;
-    case kToolPan:
-        if (!bPanning) { // a second button during a drag doesn't move the anchor
-            sngPanStartX = args.X;
-            sngPanStartY = args.Y;
-            bPanning = true;
-        }
-        break;
+    case kToolPan: pan.Start(args.X, args.Y); break;
     default: break;
     }
 }
@@ -57,14 +53,13 @@ void frmSnapshot::picImage_MouseMove(const MouseArgs& args) {
     }
     sngMouseX = args.X;
     sngMouseY = args.Y;
-    ShowPrompt(kHelpPicture);
 }
 
 void frmSnapshot::picImage_MouseUp(const MouseArgs&) {
     if (iCurrentTool == kToolNet) {
         EndNet();
     } else if (iCurrentTool == kToolPan) {
-        bPanning = false;
+        pan.End();
     }
 }
 
@@ -72,7 +67,7 @@ void frmSnapshot::picImage_MouseUp(const MouseArgs&) {
 void frmSnapshot::MagnifyAbout(const MouseArgs& args) {
     double iLeft = picImage->x(), iTop = picImage->y();
     std::int16_t iNew = view.iZoom;
-    if (args.Button == kLeft && view.iZoom < kMaxZoom) {
+    if (args.Button == kLeft && view.iZoom < lmk::kMostZoom) {
         ++iNew;
         iLeft -= args.X;
         iTop -= args.Y;
@@ -97,9 +92,8 @@ void frmSnapshot::DragTool(const MouseArgs& args) {
     case kToolNet: DragNet(args); break;
     case kToolPan:
         // X and Y count from the picture that has just moved, so the grabbed point stays under the mouse.
-        sngPanTop = args.Y - sngPanStartY + static_cast<float>(picImage->y());
-        sngPanLeft = args.X - sngPanStartX + static_cast<float>(picImage->x());
-        SetPosition(HeldTo<std::int32_t>(sngPanLeft), HeldTo<std::int32_t>(sngPanTop));
+        pan.MoveTo(args.X, args.Y, picImage->x(), picImage->y());
+        SetPosition(HeldTo<std::int32_t>(pan.sngPanLeft), HeldTo<std::int32_t>(pan.sngPanTop));
         break;
     default: break;
     }
@@ -112,7 +106,7 @@ void frmSnapshot::HoverTool(const MouseArgs& args) {
     } else if (!imgClip->isHidden()) {
         // Another tool was chosen while the block hung on the mouse. With Net its frame stays till the next
         // press.
-        const Shape frame = shpNet;
+        const Net frame = shpNet;
         LetGoOfBlock();
         if (iCurrentTool == kToolNet) {
             SetShape(frame);

@@ -55,7 +55,7 @@ struct Rig : FileStage {
             ASSERT_TRUE(snapshot->SaveSnap(Path(kSnapshotFile), kSnapshotFile).IsDone());
             ASSERT_TRUE(animation->SaveAnimation(Path(kAnimationFile)).IsDone());
         }
-        SnapshotProbe{*snapshot}.Changed() = -1;
+        SnapshotProbe{*snapshot}.SetChanged();
         animation->SetChanged(-1);
         MakeFile(target, old);
         GiveRights(QFile::encodeName(Path(target)));

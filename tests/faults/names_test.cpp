@@ -22,8 +22,8 @@ Bytes MemoryOf(const frmSnapshot& form) {
 frmSnapshot* OpenChanged(FileStage& stage, const QString& name) {
     frmSnapshot* form = stage.Open(NoiseBytes(500), name);
     EXPECT_NE(form, nullptr) << name.toStdString();
-    SnapshotProbe{*form}.Memory().Bytes()[7] ^= 255;
-    SnapshotProbe{*form}.Changed() = -1;
+    SnapshotProbe{*form}.Data()[7] ^= 255;
+    SnapshotProbe{*form}.SetChanged();
     return form;
 }
 

@@ -2,7 +2,7 @@
 /// is written is one bit. 21 bytes say offset, width, lines, columns, options and attribute; the rest is memory.
 #include "display/lmk.h"
 #include "fuzz/require.h"
-#include "snapshot/rules/addressing.h"
+#include "snapshot/rules/document.h"
 
 #include <algorithm>
 #include <cstring>
@@ -69,7 +69,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto before = memory;
     const auto X = static_cast<float>(x) * z, Y = static_cast<float>(y) * z;
     const std::int16_t value = attribute & 1;
-    const bool written = WritePixel(memory, view, X, Y, value);
+    SnapshotDocument document;
+    document.view = view;
+    MemoryBlock block(memory.size());
+    std::ranges::copy(memory, block.data());
+    document.Open(std::move(block));
+    const bool written = document.WritePixel(PixelUnder(view, X, Y), value);
+    std::ranges::copy(document.Bytes(), memory.begin());
     Require(ReadPixel(memory, view, X, Y) == (written ? value : 0));
     int changed = 0;
     for (std::size_t i = 0; i < memory.size(); ++i) {
@@ -80,8 +86,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     show(&context);
     context.ResetClip();
     Require(matches(x, y));
-    Require(!WritePixel(memory, view, -1, Y, 1) &&
-            !WritePixel(memory, view, X, static_cast<float>(view.ScreenHeight()), 1));
-
+    Require(!PixelUnder(view, -1, Y) && !PixelUnder(view, X, static_cast<float>(view.ScreenHeight())));
     return 0;
 }

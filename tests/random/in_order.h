@@ -47,8 +47,7 @@ class Inspector {
             Expect(HeldForUse(record, record.lFileLength) == record, "a record out of its limits");
         }
         CheckCommands(pressed);
-        Expect(iCurrentTool <= kToolPan &&
-                   (iCurrentTool > kToolPlacing || SnapshotProbe::Placing() != nullptr),
+        Expect(iCurrentTool <= kToolPan && SnapshotProbe::PlacingIsSound(),
                "tool " + std::to_string(iCurrentTool));
         Expect(QGuiApplication::overrideCursor() == nullptr, "an hourglass is left");
         return faults_.str();
@@ -69,6 +68,7 @@ class Inspector {
 
     void CheckView(const SnapshotProbe& probe) {
         const ViewNumbers& view = probe.View();
+        Expect(probe.Net().IsSound(), "the net");
         const bool isScreen = view.iMode == kScreen;
         const auto in = [](int value, int least, int most) { return value >= least && value <= most; };
         Expect(in(view.lOffset, 0, view.lFileLength - 1) && in(view.iWidth, isScreen ? 256 : 8, 256) &&

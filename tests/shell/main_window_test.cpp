@@ -241,7 +241,7 @@ class Program : public MainStage {
         if (state != '0') {
             OpenSnapshotFile(sFile);
             const SnapshotProbe probe{*main.ActiveSnapshot()};
-            probe.Memory().Bytes()[0] = 0x7f;
+            probe.Data()[0] = 0x7f;
             Button("Select")->click();
             probe.DrawNet(0, 0, 8, 4);
             if (state == 'D') {
@@ -420,7 +420,7 @@ class ThreeChanged : public MainStage {
         Start();
         for (const char* name : {"a", "b ", "c"}) { // no blank shows in a question
             OpenSnapshotFile(Snapshot(QLatin1String(name)));
-            SnapshotProbe{*MainWindow()->ActiveSnapshot()}.Changed() = -1;
+            SnapshotProbe{*MainWindow()->ActiveSnapshot()}.SetChanged();
         }
     }
     /// The documents that were asked about since the last call; e is the end of "Are you sure?".

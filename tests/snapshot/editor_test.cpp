@@ -134,7 +134,7 @@ TEST_F(Editor, CopyCutAndDelete) {
             window.form.Copy(cut);
             EXPECT_EQ(clip.GetData(), "101011000");
             EXPECT_TRUE(clip.picClip.PixelAt(2, 0)) << "the picture was taken before the pixels were cleared";
-            EXPECT_EQ(std::exchange(window.Changed(), std::int16_t{0}), cut ? -1 : 0);
+            EXPECT_EQ(window.TakeChanged(), cut);
             EXPECT_NE(window.Picture().hDC().Picture().PixelAt(6, 0), cut) << "the view is drawn again";
         }
         EXPECT_EQ(window.Bytes(), Bytes(4));
@@ -230,12 +230,12 @@ TEST_F(Placing, BlockFollowsTheMouseUntilALeftPress) {
                                              {8, {0xc0, 0xc0, 0, 0, 0, 0, 0, 0x01}}, // across a corner
                                              {20, start}};
     for (const auto& [place, after] : drops) {
-        std::copy(start.begin(), start.end(), window.Memory().data());
+        std::copy(start.begin(), start.end(), window.Data());
         window.form.Paste();
         window.Move(0, place, place);
         window.PressClip(1);
         ExpectOver(window, kToolDraw, after);
-        EXPECT_EQ(std::exchange(window.Changed(), std::int16_t{0}), -1);
+        EXPECT_TRUE(window.TakeChanged());
     }
 }
 

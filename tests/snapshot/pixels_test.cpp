@@ -1,5 +1,5 @@
 /// One pixel, a block of pixels and whole rows of them, in the bytes of a file.
-#include "snapshot/rules/block.h"
+#include "snapshot/rules/document.h"
 #include "snapshot/rules/raw_export.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +48,15 @@ TEST(Block, CoversThePixelsWhoseCornersLieUnderTheNet) {
     }
 }
 
+SnapshotDocument Document(const Bytes& memory, const ViewNumbers& view) {
+    MemoryBlock block(memory.size());
+    std::ranges::copy(memory, block.data());
+    SnapshotDocument document;
+    document.Open(std::move(block));
+    document.view = view;
+    return document;
+}
+
 /// The laws: what is shown at a pixel is the bit that is read there; a block operation does what one ReadPixel
 /// or WritePixel for each pixel does, top row first, wherever the block lies, and touches nothing else; row n of
 /// an export is line n of the view at 1:1 and not flipped.
@@ -72,7 +81,8 @@ TEST(Pixels, AreThoseOfTheDisplayInBlocksAndInRows) {
         const PixelBlock block{from(-8, width * columns + 8), from(-8, lines + 8), from(-8, 48),
                                from(-8, 32)};
 
-        Bytes cleared = memory, dropped = memory, result = memory;
+        SnapshotDocument cleared = Document(memory, view), dropped = Document(memory, view),
+                         result = Document(memory, view);
         std::string sLifted, sDrop;
         for (std::int32_t y = block.iTop; y < block.iTop + block.iHeight; ++y) {
             for (std::int32_t x = block.iLeft; x < block.iLeft + block.iWidth; ++x) {
@@ -83,17 +93,20 @@ TEST(Pixels, AreThoseOfTheDisplayInBlocksAndInRows) {
                 EXPECT_EQ(bit, context.Picture().PixelAt(x, y) ? 1 : 0) << "at " << x << ',' << y;
                 sLifted += static_cast<char>('0' + bit);
                 sDrop += static_cast<char>('0' + from(0, 1));
-                WritePixel(cleared, view, X, Y, 0);
+                const auto pixel = PixelUnder(view, X, Y);
+                cleared.WritePixel(pixel, 0);
                 const std::int16_t drop = sDrop.back() == '1' ? 1 : 0;
-                const bool written = WritePixel(dropped, view, X, Y, drop);
-                EXPECT_EQ(ReadPixel(dropped, view, X, Y), written ? drop : 0) << "at " << x << ',' << y;
+                const bool written = dropped.WritePixel(pixel, drop);
+                EXPECT_EQ(dropped.ReadPixel(pixel), written ? drop : 0) << "at " << x << ',' << y;
             }
         }
         EXPECT_EQ(LiftBlock(memory, view, block), sLifted);
-        ClearBlock(result, view, block);
-        EXPECT_EQ(result, cleared);
-        DropBlock(result = memory, view, block, sDrop);
-        EXPECT_EQ(result, dropped);
+        result.ClearBlock(block);
+        EXPECT_TRUE(std::ranges::equal(result.Bytes(), cleared.Bytes()));
+        EXPECT_EQ(result.Changed() == 0, block.IsEmpty());
+        result = Document(memory, view);
+        result.DropBlock(block, sDrop);
+        EXPECT_TRUE(std::ranges::equal(result.Bytes(), dropped.Bytes()));
 
         const RawExport rows(memory, view);
         view.iZoomFactor = 1;

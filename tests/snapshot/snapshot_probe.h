@@ -18,15 +18,26 @@ struct SnapshotProbe {
     frmSnapshot& form;
 
     ViewNumbers& View() const { return form.view; }
-    MemoryBlock& Memory() const { return form.byMemory; }
+    const MemoryBlock& Memory() const { return form.byMemory; }
     std::vector<std::uint8_t> Bytes() const { return {Memory().Bytes().begin(), Memory().Bytes().end()}; }
-    std::int16_t& Changed() const { return form.bChanged; }
+    /// For bytes that come from elsewhere: the document does not hear of it.
+    std::uint8_t* Data() const { return const_cast<std::uint8_t*>(Memory().data()); }
+    void SetChanged(bool changed = true) const {
+        changed ? static_cast<void>(form.document.WritePixel(std::nullopt, 0)) : form.document.Saved();
+    }
+    bool TakeChanged() const {
+        const bool changed = Changed() != 0;
+        SetChanged(false);
+        return changed;
+    }
+    std::int16_t Changed() const { return form.document.Changed(); }
     PictureBox& Picture() const { return *form.picImage; }
     auto& Net() const { return form.shpNet; }
     ImageBox& Clip() const { return *form.imgClip; }
     NetRect ClipPlace() const { return form.ClipPlace(); }
-    std::int16_t SavedTool() const { return form.iSavedTool; }
-    static frmSnapshot* Placing() { return frmSnapshot::placingWindow; }
+    static std::int16_t SavedTool() { return frmSnapshot::placing.iSavedTool; }
+    static bool PlacingIsSound() { return frmSnapshot::placing.IsSound(iCurrentTool); }
+    static frmSnapshot* Placing() { return frmSnapshot::placing.window; }
 
     QWidget& Container() const { return *form.picContainer; }
     ValueBox& Box(std::size_t index) const { return *form.txtValue[index]; }
@@ -65,9 +76,7 @@ struct SnapshotProbe {
         Release(1, toX, toY);
     }
 
-    static MouseArgs Args(int button, float X, float Y) {
-        return {static_cast<std::int16_t>(button), 0, X, Y};
-    }
+    static MouseArgs Args(int button, float X, float Y) { return {static_cast<std::int16_t>(button), X, Y}; }
 };
 
 namespace testing {

@@ -61,8 +61,8 @@ TEST_F(SnapshotWindow, AsksOnClosingAndCountsTheWindowOut) {
         const bool closes = answer != std::deque{Cancel};
         const SnapshotProbe probe = Open(100);
         iSnapshotCount = 2; // another one is open
-        probe.Memory().data()[0] ^= 255;
-        probe.Changed() = changed;
+        probe.Data()[0] ^= 255;
+        probe.SetChanged(changed != 0);
         Settings.bPromptSave = prompt;
         answers = answer;
         EXPECT_EQ(ChildFrame(&probe.form)->close(), closes);
@@ -77,7 +77,7 @@ TEST_F(SnapshotWindow, AsksOnClosingAndCountsTheWindowOut) {
 TEST_F(SnapshotWindow, AsksOnceForEachClosing) {
     const SnapshotProbe probe = Open(100);
     Open(100); // the active one
-    probe.Changed() = -1;
+    probe.SetChanged();
     int questions = 0;
     SetMessageBoxAnswerer([&](const MessageBox&) {
         ++questions;

@@ -17,9 +17,6 @@ Stage::Stage() : before_(SetShellNotices(this)) {
     SetProgramDirectory(directory_.path());
     sAppTitle = QStringLiteral("Lumrake");
     sAppVersion = FixedString<10>("2.00");
-    for (int bit = 0; bit < 8; ++bit) {
-        iBitValue[bit] = static_cast<std::int16_t>(1 << bit);
-    }
     SetDefaultSettings(Settings, "2.00", {});
     iCurrentTool = kToolDraw;
     iSnapshotCount = iAnimationCount = 0;

@@ -59,9 +59,6 @@ void Initialise() {
     sAppTitle = QStringLiteral("Lumrake");
     sAppVersion = FixedString<10>("2.00");
     iCurrentTool = kToolDraw;
-    for (int bit = 0; bit < 8; ++bit) {
-        iBitValue[bit] = static_cast<std::int16_t>(1 << bit);
-    }
     mainWindow = new frmMain;
     LoadSettings(mainWindow->PlaceInTwips());
     if (!IsSameVersion(Settings, sAppVersion.Text())) {

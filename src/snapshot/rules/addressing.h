@@ -37,9 +37,29 @@ struct PixelAddress {
     std::int32_t iBit = 0;
 };
 
-/// The byte and bit under the screen position (X, Y), counted from the picture's top left corner as the user
-/// sees it; the flip is done here. Nothing for a position outside the picture. A fraction of a screen pixel
-/// is cut off before anything flips or divides it.
+/// A pixel of the picture, counted from its top left corner as the user sees it, and inside it: 0 to PictureWidth() - 1
+/// and 0 to iLines - 1.
+struct PicturePixel {
+    std::int32_t x = 0, y = 0;
+};
+
+/// The mask of bit n.
+inline constexpr std::int16_t iBitValue[8] = {1, 2, 4, 8, 16, 32, 64, 128};
+
+/// The picture pixel under the screen position (X, Y), counted from the picture's top left corner. Nothing for a
+/// position outside the picture. A fraction of a screen pixel is cut off before anything divides it.
+inline std::optional<PicturePixel> PixelUnder(const ViewNumbers& view, float X, float Y) {
+    // Written so that a position that is no number fails too. All sizes are exact as floats.
+    const bool inside = X >= 0 && Y >= 0 && X < static_cast<float>(view.ScreenWidth()) &&
+                        Y < static_cast<float>(view.ScreenHeight());
+    if (!inside) {
+        return std::nullopt;
+    }
+    const int shift = std::countr_zero(static_cast<std::uint16_t>(view.iZoomFactor)); // a power of two
+    return PicturePixel{static_cast<std::int32_t>(X) >> shift, static_cast<std::int32_t>(Y) >> shift};
+}
+
+/// The byte and bit of a pixel; the flip is done here.
 ///
 /// With bx the byte's place across the whole picture, ly the line, col the column (w = iWidth):
 ///   Graphics    lOffset + (w/8) * (ly + (iLines - 1) * col) + bx
@@ -49,32 +69,12 @@ struct PixelAddress {
 ///   Byte masks  lOffset + (w/4) * (ly + (iLines - 1) * col) + 2 * bx
 /// (iLines - 1 and not iLines: bx already counts the bytes of the columns to the left.)
 /// A mode outside 0 to 4 counts as Graphics, as it does for the display.
-/// Example: lOffset 100, w 16, iLines 8, two columns, factor 1, pixel (21, 3): byte 122 in Graphics, 144 in
-/// both mask modes, bit 2.
-std::optional<PixelAddress> LocatePixel(const ViewNumbers& view, float X, float Y);
-
-/// Sets (iValue 1) or clears (any other value) the bit of the pixel under a screen position. A position
-/// outside the picture or past the end of the memory falls away. True when the pixel has a byte in the
-/// memory.
-bool WritePixel(std::span<std::uint8_t> byMemory, const ViewNumbers& view, float X, float Y,
-                std::int16_t iValue);
-
-/// 1 or 0: the bit of the pixel under a screen position; 0 outside the picture and past the end.
-std::int16_t ReadPixel(std::span<const std::uint8_t> byMemory, const ViewNumbers& view, float X, float Y);
-
-// ---- Every pixel of every block operation comes through here, so the bodies are open to the caller's loop.
-
-inline std::optional<PixelAddress> LocatePixel(const ViewNumbers& view, float X, float Y) {
-    // Written so that a position that is no number fails too. All sizes are exact as floats.
-    const bool inside = X >= 0 && Y >= 0 && X < static_cast<float>(view.ScreenWidth()) &&
-                        Y < static_cast<float>(view.ScreenHeight());
-    if (!inside) {
-        return std::nullopt;
-    }
-    const int shift = std::countr_zero(static_cast<std::uint16_t>(view.iZoomFactor)); // a power of two
-    const std::int32_t px = static_cast<std::int32_t>(X) >> shift;
-    const std::int32_t row = static_cast<std::int32_t>(Y) >> shift;
-    const std::int32_t ly = view.iUpsideDown == 1 ? view.iLines - 1 - row : row;
+/// Example: lOffset 100, w 16, iLines 8, two columns, pixel (21, 3): byte 122 in Graphics, 144 in both mask modes,
+/// bit 2.
+// Every pixel of every block operation comes through here, so the bodies are open to the caller's loop.
+inline PixelAddress LocatePixel(const ViewNumbers& view, const PicturePixel& pixel) {
+    const std::int32_t px = pixel.x;
+    const std::int32_t ly = view.iUpsideDown == 1 ? view.iLines - 1 - pixel.y : pixel.y;
     const std::int32_t bx = px >> 3;
     const std::int32_t col = view.iColumns > 1 ? px / view.iWidth : 0;
     const std::int32_t rowBytes = view.iWidth >> 3;
@@ -90,26 +90,33 @@ inline std::optional<PixelAddress> LocatePixel(const ViewNumbers& view, float X,
     return PixelAddress{std::int64_t{view.lOffset} + place, 7 - (px & 7)};
 }
 
-inline bool WritePixel(std::span<std::uint8_t> byMemory, const ViewNumbers& view, float X, float Y,
-                       std::int16_t iValue) {
-    const std::optional<PixelAddress> at = LocatePixel(view, X, Y);
-    // As an unsigned number an address before the memory is past its end as well.
-    if (!at || static_cast<std::uint64_t>(at->lAddress) >= byMemory.size()) {
-        return false;
-    }
-    std::uint8_t& byte = byMemory[static_cast<std::size_t>(at->lAddress)];
-    const int mask = 1 << at->iBit;
-    byte = static_cast<std::uint8_t>(iValue == 1 ? byte | mask : byte & ~mask);
-    return true;
+/// The same for the pixel under a screen position; nothing for one outside the picture.
+inline std::optional<PixelAddress> LocatePixel(const ViewNumbers& view, float X, float Y) {
+    const std::optional<PicturePixel> pixel = PixelUnder(view, X, Y);
+    return pixel ? std::optional(LocatePixel(view, *pixel)) : std::nullopt;
 }
 
+/// The address of a pixel that has a byte in a memory of this size.
+inline std::optional<PixelAddress> AddressIn(std::size_t memorySize, const ViewNumbers& view,
+                                             const PicturePixel& pixel) {
+    const PixelAddress at = LocatePixel(view, pixel);
+    // As an unsigned number an address before the memory is past its end as well.
+    return static_cast<std::uint64_t>(at.lAddress) < memorySize ? std::optional(at) : std::nullopt;
+}
+
+/// 1 or 0: the bit of a pixel; 0 past the end of the memory.
+inline std::int16_t ReadPixel(std::span<const std::uint8_t> byMemory, const ViewNumbers& view,
+                              const PicturePixel& pixel) {
+    const std::optional<PixelAddress> at = AddressIn(byMemory.size(), view, pixel);
+    return at && (byMemory[static_cast<std::size_t>(at->lAddress)] & iBitValue[at->iBit]) != 0
+               ? std::int16_t{1}
+               : std::int16_t{0};
+}
+/// The same under a screen position; 0 outside the picture as well.
 inline std::int16_t ReadPixel(std::span<const std::uint8_t> byMemory, const ViewNumbers& view, float X,
                               float Y) {
-    const std::optional<PixelAddress> at = LocatePixel(view, X, Y);
-    if (!at || static_cast<std::uint64_t>(at->lAddress) >= byMemory.size()) {
-        return 0;
-    }
-    return static_cast<std::int16_t>((byMemory[static_cast<std::size_t>(at->lAddress)] >> at->iBit) & 1);
+    const std::optional<PicturePixel> pixel = PixelUnder(view, X, Y);
+    return pixel ? ReadPixel(byMemory, view, *pixel) : std::int16_t{0};
 }
 
 } // namespace lumrake

@@ -3,9 +3,10 @@
 #include "snapshot/rules/addressing.h"
 #include "snapshot/rules/net.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <string>
-#include <string_view>
 
 namespace lumrake {
 
@@ -35,13 +36,34 @@ using RowProgress = std::function<void(std::int32_t iRow, std::int32_t iRows)>;
 std::string LiftBlock(std::span<const std::uint8_t> byMemory, const ViewNumbers& view,
                       const PixelBlock& block, const RowProgress& progress = {});
 
-/// Clears every pixel of a block.
-void ClearBlock(std::span<std::uint8_t> byMemory, const ViewNumbers& view, const PixelBlock& block,
-                const RowProgress& progress = {});
+/// The pixels of one row of a block that share a byte of the memory: `count` bits from iBit downwards, whose place in
+/// the row of the block is `column`.
+struct BlockRun {
+    std::size_t place; ///< of the byte
+    std::int32_t iBit, count, column;
 
-/// Writes such a text over the pixels of a block; both values are written, nothing is transparent. Any
-/// character but "1" clears. Rows that `sData` is too short for stay as they are.
-void DropBlock(std::span<std::uint8_t> byMemory, const ViewNumbers& view, const PixelBlock& block,
-               std::string_view sData);
+    int Mask() const { return 0xff >> (8 - count) << (iBit + 1 - count); }
+};
+
+/// Calls visit(run) for each byte of `memorySize` bytes that row `row` of the block touches, left to right. Eight
+/// neighbouring pixels share a byte in every mode: one LocatePixel for the first pixel of the byte that the row
+/// touches, and the others are the bits below it. That keeps the one addressing rule and costs an eighth of asking it
+/// for every pixel.
+template <typename Visit>
+void ForEachRun(std::size_t memorySize, const ViewNumbers& view, const PixelBlock& block, std::int32_t row,
+                Visit visit) {
+    const std::int32_t y = block.iTop + row;
+    if (y < 0 || y >= view.iLines) {
+        return;
+    }
+    const std::int32_t end = std::min(block.iLeft + block.iWidth, view.PictureWidth());
+    for (std::int32_t x = std::max(block.iLeft, 0); x < end;) {
+        const std::int32_t next = std::min((x / 8 + 1) * 8, end);
+        if (const auto at = AddressIn(memorySize, view, {x, y})) {
+            visit(BlockRun{static_cast<std::size_t>(at->lAddress), at->iBit, next - x, x - block.iLeft});
+        }
+        x = next;
+    }
+}
 
 } // namespace lumrake

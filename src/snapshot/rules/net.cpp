@@ -63,4 +63,24 @@ std::array<NetRect, 4> BorderOf(const NetRect& net) {
             NetRect{net.Left + width - 1, net.Top + 1, width > 1 ? 1 : 0, between}};
 }
 
+void Net::Start(double X, double Y, std::int32_t iZoomFactor) {
+    iNetWidth = iNetHeight = 1;
+    iNetX = SnapToPixel(X, iZoomFactor);
+    iNetY = SnapToPixel(Y, iZoomFactor);
+    SetPosition();
+    Visible = true;
+    Dotted = Frame = false;
+}
+
+void Net::DragTo(double X, double Y, std::int32_t iZoomFactor) {
+    iNetWidth = SnapToPixel(X - iNetX, iZoomFactor);
+    iNetHeight = SnapToPixel(Y - iNetY, iZoomFactor);
+    SetPosition();
+}
+
+void Net::FrameBlock(const NetRect& block) {
+    Move(FrameOf(block));
+    Visible = Frame = true;
+}
+
 } // namespace lumrake

@@ -35,4 +35,40 @@ NetRect FrameOf(const NetRect& block);
 /// height is drawn as a line. Lines that a thin net has no room for are empty.
 std::array<NetRect, 4> BorderOf(const NetRect& net);
 
+/// What lies on the picture: the selection net, or the frame of a block that is being placed. All places are screen
+/// pixels of the picture.
+///
+///               Start                      End
+///     hidden ----------> dragged ----------------------> lies
+///       ^                 |  ^  ^ DragTo                  |  |
+///       |                 +--+  +-------- Start ----------+  |
+///       +---- Hide ------------------------------------------+
+///
+/// FrameBlock makes a frame of it, out of every state; Hide or Start end that. Its numbers stay while it is hidden.
+/// No size is ever negative.
+class Net : public NetRect {
+  public:
+    bool Visible = false;
+    bool Dotted = false;                        ///< solid while it is dragged, dotted once it rests
+    bool Frame = false;                         ///< the frame of a block: no net for the commands
+    std::int32_t iNetX = 0, iNetY = 0;          ///< corner where the drag began
+    std::int32_t iNetWidth = 0, iNetHeight = 0; ///< signed size of the drag from that corner
+
+    Net() : NetRect{40, 16, 57, 49} {}
+
+    /// A press leaves a net of one screen pixel, whatever lay there before.
+    void Start(double X, double Y, std::int32_t iZoomFactor);
+    void DragTo(double X, double Y, std::int32_t iZoomFactor);
+    /// Brings the rectangle into line with the drag.
+    void SetPosition() { Move(NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight)); }
+    void End() { Dotted = true; }
+    void Hide() { Visible = false; }
+    void FrameBlock(const NetRect& block);
+    void Move(const NetRect& place) { static_cast<NetRect&>(*this) = place; }
+
+    /// A net lies on which Cut, Copy, Delete and the export can act.
+    bool IsSelection() const { return Visible && !Frame && Width > 1; }
+    bool IsSound() const { return Width >= 0 && Height >= 0; }
+};
+
 } // namespace lumrake
