@@ -105,6 +105,9 @@ Outcome FindTarget(const QString& path, Target& target) {
     namespace fs = std::filesystem;
     const fs::path given = QFileInfo(path).filesystemFilePath();
     target.path = path;
+    if (!IsNameOfAFile(QFileInfo(path).fileName().toStdString())) {
+        return Outcome::Failed(QStringLiteral("The system does not allow this name."));
+    }
     std::error_code failure;
     const fs::file_status status = fs::status(given, failure);
     if (!fs::exists(status) && fs::status_known(status)) {
