@@ -7,6 +7,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
 option(LUMRAKE_TESTS "Build the tests" ON)
+option(LUMRAKE_SYSTEM "Build for a system directory: each user has settings of his own" OFF)
+option(LUMRAKE_PNG "Draw the drawings to PNG while building: needs rsvg-convert, not QtSvg" ${WIN32})
 option(LUMRAKE_BENCHMARKS "Build the benchmarks" OFF)
 option(LUMRAKE_SANITIZE "Build with AddressSanitizer and UBSan, stopping at the first fault" OFF)
 option(LUMRAKE_FUZZERS "Build the libFuzzer targets (needs clang)" OFF)

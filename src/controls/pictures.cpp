@@ -2,20 +2,43 @@
 
 #include <QGuiApplication>
 #include <QPainter>
+#if defined(LUMRAKE_PNG)
+#include <QImage>
+#else
 #include <QSvgRenderer>
+#endif
 
 #include <cmath>
 
 namespace lumrake {
 
+namespace {
+
+/// Draws it over the whole of `target`.
+void Draw(const QString& name, QPixmap& target) {
+    const QString path = QLatin1String(":/") + name;
+    QPainter painter(&target);
+#if defined(LUMRAKE_PNG)
+    QImage drawn; // the least one that is large enough
+    for (const char* times : {"1", "1.5", "2", "3", "4"}) {
+        if (drawn.width() < target.width()) {
+            drawn.load(QStringLiteral("%1.%2.png").arg(path, QLatin1String(times)));
+        }
+    }
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(target.rect(), drawn);
+#else
+    QSvgRenderer(path).render(&painter);
+#endif
+}
+
+} // namespace
+
 QPixmap LoadPicture(const QString& name, QSize size, qreal devicePixelRatio) {
     QPixmap pixmap(QSize(static_cast<int>(std::ceil(size.width() * devicePixelRatio)),
                          static_cast<int>(std::ceil(size.height() * devicePixelRatio))));
     pixmap.fill(Qt::transparent);
-    QSvgRenderer drawing(QLatin1String(":/") + name);
-    QPainter painter(&pixmap);
-    drawing.render(&painter);
-    painter.end();
+    Draw(name, pixmap);
     pixmap.setDevicePixelRatio(devicePixelRatio);
     return pixmap;
 }

@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDir>
 #include <QEvent>
 #include <QFont>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMainWindow>
 #include <QScreen>
@@ -104,7 +106,15 @@ void HoldOnScreen(QWidget& window) {
 
 void PinLook() {
     QApplication::setStyle(new Look);
-    QFont font(QStringLiteral("DejaVu Sans"));
+    const QString family = QStringLiteral("DejaVu Sans");
+    if (!QFontDatabase::hasFamily(family)) { // it may lie beside the program
+        const QDir fonts(QCoreApplication::applicationDirPath() + QLatin1String("/fonts"));
+        for (const QFileInfo& file :
+             fonts.entryInfoList({QStringLiteral("*.ttf")}, QDir::Files, QDir::Name)) {
+            QFontDatabase::addApplicationFont(file.filePath());
+        }
+    }
+    QFont font(family);
     font.setPixelSize(11);
     QApplication::setFont(font);
 }

@@ -105,6 +105,9 @@ Outcome FindTarget(const QString& path, Target& target) {
     namespace fs = std::filesystem;
     const fs::path given = QFileInfo(path).filesystemFilePath();
     target.path = path;
+    if (!IsNameOfAFile(QFileInfo(path).fileName().toStdString())) {
+        return Outcome::Failed(QStringLiteral("The system does not allow this name."));
+    }
     std::error_code failure;
     const fs::file_status status = fs::status(given, failure);
     if (!fs::exists(status) && fs::status_known(status)) {
@@ -233,6 +236,19 @@ bool IsMissing(const QString& path) {
     std::error_code failure;
     return std::filesystem::status(QFileInfo(path).filesystemFilePath(), failure).type() ==
            std::filesystem::file_type::not_found;
+}
+
+Outcome MakeOwnFolder(const QString& path) {
+    if (QFileInfo(path).isDir()) {
+        return Outcome::Done();
+    }
+    const QString above = QFileInfo(path).path();
+    if (const Outcome outcome = above == path ? Outcome::Done() : MakeOwnFolder(above); outcome.IsNotDone()) {
+        return outcome;
+    }
+    const bool made =
+        QDir().mkdir(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    return made || QFileInfo(path).isDir() ? Outcome::Done() : Outcome::Failed(qt_error_string());
 }
 
 std::optional<std::int64_t> FileLength(const QString& path) {

@@ -9,7 +9,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 #elif defined(_WIN32)
+#include <cstring>
 #include <io.h>
+#include <string>
+#include <vector>
+#include <windows.h>
 #endif
 #if defined(__linux__)
 #include <algorithm>
@@ -97,6 +101,19 @@ bool KeepAttributes(const char*, int) {
 }
 #endif
 
+#if defined(_WIN32)
+/// Who may do what with a file, or nothing on failure.
+std::vector<char> AccessListOf(const char* path) {
+    DWORD size = 0;
+    GetFileSecurityA(path, DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    std::vector<char> list(size);
+    if (size == 0 || GetFileSecurityA(path, DACL_SECURITY_INFORMATION, list.data(), size, &size) == 0) {
+        list.clear();
+    }
+    return list;
+}
+#endif
+
 } // namespace
 
 void AdviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_t size) {
@@ -108,6 +125,28 @@ void AdviseLargePages([[maybe_unused]] void* memory, [[maybe_unused]] std::size_
     if (begin < end) {
         madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
     }
+#endif
+}
+
+bool IsNameOfAFile([[maybe_unused]] std::string_view name) {
+#if defined(_WIN32)
+    if (name.empty() || name.back() == '.' || name.back() == ' ' ||
+        name.find_first_of("<>:\"/\\|?*") != name.npos) {
+        return false;
+    }
+    std::string stem(name.substr(0, name.find('.')));
+    while (!stem.empty() && stem.back() == ' ') {
+        stem.pop_back();
+    }
+    for (const char* device : {"con", "prn", "aux", "nul", "conin$", "conout$"}) {
+        if (_stricmp(stem.c_str(), device) == 0) {
+            return false;
+        }
+    }
+    const bool numbered = stem.size() == 4 && stem[3] >= '1' && stem[3] <= '9';
+    return !numbered || (_strnicmp(stem.c_str(), "com", 3) != 0 && _strnicmp(stem.c_str(), "lpt", 3) != 0);
+#else
+    return true;
 #endif
 }
 
@@ -148,9 +187,24 @@ bool SyncDirectory([[maybe_unused]] const char* path) {
 #endif
 }
 
-bool KeepRights([[maybe_unused]] const char* path, [[maybe_unused]] int handle) {
+bool KeepRights(const char* path, int handle) {
 #if defined(_WIN32)
-    return true;
+    constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    std::vector<char> ours(32768); // the longest path
+    const DWORD length = GetFinalPathNameByHandleA(reinterpret_cast<HANDLE>(_get_osfhandle(handle)),
+                                                   ours.data(), static_cast<DWORD>(ours.size()), 0);
+    const DWORD attributes = GetFileAttributesA(path);
+    if (length == 0 || length >= ours.size() || attributes == INVALID_FILE_ATTRIBUTES) {
+        return false;
+    }
+    std::vector<char> old = AccessListOf(path);
+    // Where the list is the same nothing is asked of the system: some disks have none to set.
+    if (old.empty() || (old != AccessListOf(ours.data()) &&
+                        SetFileSecurityA(ours.data(), DACL_SECURITY_INFORMATION, old.data()) == 0)) {
+        return false;
+    }
+    return (attributes & kKept) == 0 ||
+           SetFileAttributesA(ours.data(), (attributes & kKept) | FILE_ATTRIBUTE_ARCHIVE) != 0;
 #else
     constexpr mode_t kBits = 07777;
     struct stat old {

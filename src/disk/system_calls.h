@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 namespace lumrake {
 
@@ -11,6 +12,10 @@ namespace lumrake {
 /// gigabyte is filled in a quarter of the time then. A hint: nothing happens where the system has no such
 /// thing.
 void AdviseLargePages(void* memory, std::size_t size);
+
+/// True when the system takes the last component of a path as the name of a file, and as no other than it says.
+/// Windows gives some names to devices, drops dots and blanks at the end and keeps some characters to itself.
+bool IsNameOfAFile(std::string_view name);
 
 /// Length in bytes of the open file, or -1 with errno set.
 std::int64_t LengthOfFile(int handle);
@@ -23,7 +28,8 @@ bool SyncFile(int handle);
 bool SyncDirectory(const char* path);
 
 /// Gives the open file `handle` all that says who may do what with the file at `path`: owner and group, mode bits,
-/// access lists and the other extended attributes, no more and no less. A write takes some of it away again: call it
+/// access lists and the other extended attributes, no more and no less; on Windows its access list, and whether it is
+/// hidden. A write takes some of it away again: call it
 /// before the contents, so that nobody reads what he could not, and once more behind them. False when something
 /// cannot be kept, with errno set; only the owner is let go where the system does not let the user give a file away.
 bool KeepRights(const char* path, int handle);

@@ -9,6 +9,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPoint>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -29,6 +30,12 @@ ShellNotices nobody; // lets every notice fall away
 ShellNotices* registered = &nobody;
 
 QString& ReplacedDirectory() {
+    static QString directory;
+    return directory;
+}
+
+/// Where the settings lie, or nothing for the program's directory.
+QString& DirectoryOfTheUser() {
     static QString directory;
     return directory;
 }
@@ -127,10 +134,17 @@ QString ProgramDirectory() {
 
 void SetProgramDirectory(const QString& directory) {
     ReplacedDirectory() = directory;
+    DirectoryOfTheUser().clear();
+}
+
+void KeepSettingsOfEachUser() {
+    DirectoryOfTheUser() =
+        QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1String("/lumrake");
 }
 
 QString SettingsFile() {
-    const QString path = QDir(ProgramDirectory()).filePath(QStringLiteral("LMK.CFG"));
+    const QString directory = DirectoryOfTheUser().isEmpty() ? ProgramDirectory() : DirectoryOfTheUser();
+    const QString path = QDir(directory).filePath(QStringLiteral("LMK.CFG"));
     return FindFile(path).value_or(path);
 }
 
@@ -161,10 +175,12 @@ void LoadSettings(const WindowTwips& window) {
 }
 
 void SaveSettings() {
-    const auto bytes = EncodeSettings(Settings);
-    TellFailure(
-        WriteFirstRecord(SettingsFile(), bytes).During(QStringLiteral("The settings could not be saved.")),
-        QStringLiteral("Settings"));
+    Outcome outcome = DirectoryOfTheUser().isEmpty() ? Outcome::Done() : MakeOwnFolder(DirectoryOfTheUser());
+    if (outcome.IsDone()) {
+        outcome = WriteFirstRecord(SettingsFile(), EncodeSettings(Settings));
+    }
+    TellFailure(outcome.During(QStringLiteral("The settings could not be saved.")),
+                QStringLiteral("Settings"));
 }
 
 bool TellFailure(const Outcome& outcome, const QString& title) {

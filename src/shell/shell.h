@@ -106,15 +106,17 @@ Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich);
 
 /// The settings file: LMK.CFG in the program's directory, in whatever case the disk has it.
 QString SettingsFile();
-/// Uses another directory for LMK.CFG and LMKHELP.DAT than the program's, for tests.
+/// From now on it lies in the user's own configuration folder, in "lumrake", for a program that all users share.
+void KeepSettingsOfEachUser();
+/// Uses another directory for LMK.CFG and LMKHELP.DAT than the program's or the user's, for tests.
 void SetProgramDirectory(const QString& directory);
 QString ProgramDirectory();
 
 /// Fills Settings from the file, or with the defaults when there is no file. A file that cannot be read, or
 /// that has this version's stamp and is too short, gives the defaults and one message.
 void LoadSettings(const WindowTwips& window);
-/// Writes Settings as the first record of the file; what stands behind the record stays. A failure is told
-/// once.
+/// Writes Settings as the first record of the file; what stands behind the record stays. A folder that is not there
+/// yet is made, for the user alone. A failure is told once.
 void SaveSettings();
 
 /// Tells the user why something failed, in a box with this title; nothing when it did not, or was called off. Gives

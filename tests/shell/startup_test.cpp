@@ -58,5 +58,19 @@ TEST(Startup, TheWindowTakesOnWhatTheSettingsSay) {
     EXPECT_EQ(stage.ReadFile(name), std::vector<std::uint8_t>(record.begin(), record.end()));
 }
 
+TEST(Startup, EachUserOfAnInstalledProgramHasSettingsOfHisOwn) {
+    MainStage stage;
+    stage.MakeFile(QStringLiteral("LMK.CFG"), std::vector<std::uint8_t>{1, 2, 3}); // beside the program
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(stage.Path(QStringLiteral("home/config"))));
+    KeepSettingsOfEachUser();
+    stage.Start().close();
+    EXPECT_TRUE(stage.boxes.empty()) << "starts with the defaults";
+    const QString folder = stage.Path(QStringLiteral("home/config/lumrake"));
+    EXPECT_EQ(QFileInfo(folder + QStringLiteral("/LMK.CFG")).size(), 526);
+    EXPECT_EQ(QFile::permissions(folder) & (QFile::ReadGroup | QFile::ReadOther | QFile::ExeOther), 0);
+    EXPECT_EQ(stage.ReadFile(QStringLiteral("LMK.CFG")).size(), 3);
+    qunsetenv("XDG_CONFIG_HOME");
+}
+
 } // namespace
 } // namespace lumrake::testing
