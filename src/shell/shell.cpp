@@ -17,8 +17,6 @@
 namespace lumrake {
 
 SettingsRecord Settings;
-QString sAppTitle;
-FixedString<10> sAppVersion;
 std::int16_t bSkipSplash = 0;
 std::int16_t iSnapshotCount = 0;
 std::int16_t iAnimationCount = 0;

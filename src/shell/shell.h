@@ -14,9 +14,9 @@ namespace lumrake {
 
 // ---- Variables of the whole program ----
 
-extern SettingsRecord Settings;      ///< filled once at the start of the run, written once at its end
-extern QString sAppTitle;            ///< "Lumrake" from Initialise on
-extern FixedString<10> sAppVersion;  ///< "2.00" from Initialise on
+extern SettingsRecord Settings; ///< filled once at the start of the run, written once at its end
+inline const QString sAppTitle = QStringLiteral("Lumrake");
+inline const FixedString<10> sAppVersion(LUMRAKE_VERSION);
 extern std::int16_t bSkipSplash;     ///< -1 when the command line is exactly the word REHEARS, else 0
 extern std::int16_t iSnapshotCount;  ///< open snapshot windows
 extern std::int16_t iAnimationCount; ///< open animation windows

@@ -57,15 +57,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         Require(NumberFromText(lines[kColumns]) >= 1 && NumberFromText(lines[kColumns]) <= 16);
         Require(NumberFromText(lines[kAttribute]) >= 0 && NumberFromText(lines[kAttribute]) <= 127);
     }
-    const SetupTexts setup{"x", lines[0], lines[1], lines[2], lines[3], lines[4], lines[5], 1};
+    const SetupTexts setup{{"x", "", lines[0], lines[1], lines[2], lines[3], lines[4], lines[5]}, 1};
     if (!ValidateSettings(setup, 49179)) {
         AnimationRecord record;
-        record.lOffset = WholeNumberFromText<std::int32_t>(setup.sOffset);
-        record.iWidth = WholeNumberFromText<std::int16_t>(setup.sWidth);
-        record.iLines = WholeNumberFromText<std::int16_t>(setup.sLines);
-        record.iFrames = WholeNumberFromText<std::int16_t>(setup.sFrames);
-        record.lStep = WholeNumberFromText<std::int32_t>(setup.sStep);
-        record.iPause = WholeNumberFromText<std::int16_t>(setup.sPause);
+        for (const SetupNumber& number : kSetupNumbers) {
+            SetNumberAt(record, number.place, setup.fields[number.field]);
+        }
         record.iZoom = 1;
         record.lFileLength = 49179;
         Require(HeldForUse(record, 49179) == record);

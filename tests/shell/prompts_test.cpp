@@ -12,6 +12,8 @@
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QLabel>
+#include <QRegularExpression>
+#include <QScreen>
 #include <QToolTip>
 
 namespace lumrake::testing {
@@ -49,6 +51,23 @@ void ExpectNames(QWidget& window, int atLeast) {
     EXPECT_GE(Named(QAccessible::queryAccessibleInterface(&window)), atLeast);
 }
 
+/// Controls of one array in one container have one height, stand on common lines and reach nowhere out of it.
+void ExpectLaidOut(const QWidget& form) {
+    std::map<std::pair<QString, QWidget*>, const QWidget*> arrays;
+    for (const QWidget* control :
+         form.findChildren<QWidget*>(QRegularExpression(u"^[a-z]+[A-Z]\\w*\\(\\d\\d?\\)$"_qs))) {
+        const auto& first =
+            *arrays.try_emplace({control->objectName().section(u'(', 0, 0), control->parentWidget()}, control)
+                 .first->second;
+        const QPoint apart = control->pos() - first.pos();
+        EXPECT_TRUE(control->height() == first.height() &&
+                    control->parentWidget()->rect().contains(control->geometry()) &&
+                    (apart.y() == 0 || std::abs(apart.y()) >= first.height()) &&
+                    (apart.x() == 0 || std::abs(apart.x()) >= 9))
+            << control->objectName().toStdString();
+    }
+}
+
 /// The whole program with the assistant on and the help file that it comes with.
 class Prompts : public ::testing::Test {
   protected:
@@ -67,6 +86,9 @@ class Prompts : public ::testing::Test {
         WaitForActive(form);
         ExpectSaid(number, form, {});
         ExpectNames(form, 2);
+        ExpectLaidOut(form);
+        const QPoint off = form.frameGeometry().center() - form.screen()->geometry().center();
+        EXPECT_LE(off.manhattanLength(), 4) << "not in the middle";
         Hover(form, {1, 1}, 0);
     }
     void ExpectSaid(int number, const QWidget& control, QPoint place) const {

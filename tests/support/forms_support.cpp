@@ -15,8 +15,6 @@ namespace lumrake::testing {
 
 Stage::Stage() : before_(SetShellNotices(this)) {
     SetProgramDirectory(directory_.path());
-    sAppTitle = QStringLiteral("Lumrake");
-    sAppVersion = FixedString<10>("2.00");
     SetDefaultSettings(Settings, "2.00", {});
     iCurrentTool = kToolDraw;
     iSnapshotCount = iAnimationCount = 0;

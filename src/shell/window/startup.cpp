@@ -56,8 +56,6 @@ void Main(const QString& sCommandLine) {
 }
 
 void Initialise() {
-    sAppTitle = QStringLiteral("Lumrake");
-    sAppVersion = FixedString<10>("2.00");
     iCurrentTool = kToolDraw;
     mainWindow = new frmMain;
     LoadSettings(mainWindow->PlaceInTwips());
