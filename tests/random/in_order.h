@@ -47,7 +47,7 @@ class Inspector {
             Expect(HeldForUse(record, record.lFileLength) == record, "a record out of its limits");
         }
         CheckCommands(pressed);
-        Expect(iCurrentTool <= kToolPan && SnapshotProbe::PlacingIsSound(),
+        Expect(iCurrentTool <= kToolPan && SnapshotProbe::Placing().IsSound(),
                "tool " + std::to_string(iCurrentTool));
         Expect(QGuiApplication::overrideCursor() == nullptr, "an hourglass is left");
         return faults_.str();
@@ -68,7 +68,13 @@ class Inspector {
 
     void CheckView(const SnapshotProbe& probe) {
         const ViewNumbers& view = probe.View();
-        Expect(probe.Net().IsSound(), "the net");
+        const auto& placing = SnapshotProbe::Placing();
+        const bool hasBlock = placing.window == &probe.form;
+        Expect(probe.Net().IsSound() && probe.Clip().isHidden() != hasBlock &&
+                   (!hasBlock || probe.ClipPlace() == placing.block) &&
+                   (!hasBlock || !placing.IsHanging() ||
+                    (probe.Net().Visible && probe.Net().Frame && probe.Net() == FrameOf(placing.block))),
+               "the net or the block");
         const bool isScreen = view.iMode == kScreen;
         const auto in = [](int value, int least, int most) { return value >= least && value <= most; };
         Expect(in(view.lOffset, 0, view.lFileLength - 1) && in(view.iWidth, isScreen ? 256 : 8, 256) &&

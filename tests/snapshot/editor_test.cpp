@@ -196,8 +196,8 @@ struct Placing : testing::SnapshotTest {
 
     void ExpectPlacing(const SnapshotProbe& where, const NetRect& block) {
         EXPECT_EQ(iCurrentTool, kToolPlacing);
-        EXPECT_EQ(SnapshotProbe::Placing(), &where.form);
-        EXPECT_EQ(where.SavedTool(), kToolDraw);
+        EXPECT_EQ(SnapshotProbe::Placing().window, &where.form);
+        EXPECT_EQ(SnapshotProbe::Placing().iSavedTool, kToolDraw);
         EXPECT_FALSE(where.Clip().isHidden());
         EXPECT_EQ(where.ClipPlace(), block);
         EXPECT_EQ(where.Net(), FrameOf(block));
@@ -205,7 +205,7 @@ struct Placing : testing::SnapshotTest {
     }
     void ExpectOver(const SnapshotProbe& where, std::int16_t iTool, const Bytes& memory) {
         EXPECT_EQ(iCurrentTool, iTool);
-        EXPECT_EQ(SnapshotProbe::Placing(), nullptr);
+        EXPECT_EQ(SnapshotProbe::Placing().window, nullptr);
         EXPECT_TRUE(where.Clip().isHidden());
         EXPECT_FALSE(where.Net().Visible);
         EXPECT_EQ(where.Bytes(), memory);
