@@ -27,7 +27,7 @@ struct SnapshotProbe {
     }
     /// Drops the block that is being placed on the top left corner.
     void DropAtOrigin() const {
-        form.imgClip->move(0, 0);
+        frmSnapshot::placing.block.Left = frmSnapshot::placing.block.Top = 0;
         form.imgClip->MouseDown({1, 0, 0});
     }
 };

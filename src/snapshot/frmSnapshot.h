@@ -4,6 +4,7 @@
 #include "controls/control_array.h"
 #include "controls/picture_box.h"
 #include "disk/outcome.h"
+#include "shell/shell.h"
 #include "snapshot/rules/addressing.h"
 #include "snapshot/rules/document.h"
 #include "snapshot/rules/placing.h"
@@ -175,9 +176,6 @@ class frmSnapshot : public QWidget {
     void HoverTool(const MouseArgs& args);
 
     // ---- net ----
-    /// A net lies in this window on which Cut, Copy, Delete and the export can act.
-    bool HasNet() const { return shpNet.IsSelection(); }
-    void StartNet(const MouseArgs& args);
     void DragNet(const MouseArgs& args);
     void EndNet();
     /// Keeps the net, and a block that is being placed, on their picture pixels after a change of the factor.
@@ -187,18 +185,17 @@ class frmSnapshot : public QWidget {
     void PaintNet(QPainter& painter, const QRect& exposed) const;
 
     // ---- clipboard ----
-    inline static Placing<frmSnapshot> placing;
+    inline static Placing<frmSnapshot> placing{iCurrentTool};
+    bool IsPlacing() const { return placing.window == this; }
     /// Shows in barProgress how far a walk over a block has come.
     RowProgress ProgressOfRows();
-    NetRect ClipPlace() const;
-    /// Shows the block of the clipboard, framed, where imgClip lies.
+    /// Shows the block of the clipboard, framed, in the size of this window.
     void HangBlock();
-    /// Moves the block so that it hangs centred on the mouse.
-    void MoveBlock(float X, float Y);
-    /// Takes the block and its frame off the picture. The tool that is in force stays.
-    void LetGoOfBlock();
+    /// Brings imgClip to where the block is.
+    void PlaceClip();
+    /// Takes the block and its frame off the picture.
     void TakeBlockOff();
-    /// Ends the placing in this window, if there is one, and gives the tool back.
+    /// Ends the placing in this window, if there is one.
     void EndPlacing();
     void imgClip_MouseMove(const MouseArgs& args);
     void imgClip_MouseDown(const MouseArgs& args);
@@ -221,9 +218,9 @@ class frmSnapshot : public QWidget {
     // ---- controls ----
     QWidget* picContainer = nullptr;
     PictureBox* picImage = nullptr;
-    ImageBox* imgClip = nullptr; ///< the block being placed, a child of picImage
-    Net shpNet;                  ///< the net, or the frame of imgClip
-    SpinBar* scrAddr = nullptr;  ///< its value, at rest, is the thumb's place in the track
+    ImageBox* imgClip = nullptr;      ///< the block being placed, a child of picImage
+    Net shpNet{{40, 16, 57, 49}, {}}; ///< the net, or the frame of imgClip
+    SpinBar* scrAddr = nullptr;       ///< its value, at rest, is the thumb's place in the track
     QWidget* txtScroll = nullptr;
     QPushButton* cmdScroll = nullptr;
     ControlArray<QLabel, 4> lblCaption{};

@@ -25,7 +25,7 @@ void frmSnapshot::Copy(bool iCut) {
     clip.SetData(std::move(sData));
     const bool bOpen = ShowProgress(false);
     EnableFunction(kGroupPaste, true);
-    if (placing.window != nullptr && iCurrentTool == kToolPlacing && clip.IsEmpty() == 0) {
+    if (placing.IsHanging() && clip.IsEmpty() == 0) {
         placing.window->HangBlock();
     } else if (placing.window != nullptr) {
         placing.window->EndPlacing(); // nothing is left to hang, or another tool has ended it already
@@ -52,7 +52,7 @@ void frmSnapshot::Paste() {
     if (placing.window != nullptr) {
         placing.window->TakeBlockOff();
     }
-    placing.Begin(this, iCurrentTool);
+    placing.Begin(this);
     HangBlock();
     picImage_MouseMove({0, sngMouseX, sngMouseY});
     EnableNetCommands(false);
@@ -69,31 +69,16 @@ RowProgress frmSnapshot::ProgressOfRows() {
     };
 }
 
-NetRect frmSnapshot::ClipPlace() const {
-    return {imgClip->x(), imgClip->y(), imgClip->width(), imgClip->height()};
-}
-
 void frmSnapshot::HangBlock() {
     const lmk::BitPicture& picClip = frmClip::Instance().picClip;
     const int z = view.iZoomFactor;
+    placing.block.Width = picClip.Width() * z;
+    placing.block.Height = picClip.Height() * z;
     imgClip->SetPicture(picClip);
-    imgClip->SetFactor(z);
-    imgClip->resize(picClip.Width() * z, picClip.Height() * z);
+    PlaceClip();
     imgClip->update();
     imgClip->show();
-    Net shape = shpNet;
-    shape.FrameBlock(ClipPlace());
-    SetShape(shape);
-}
-
-void frmSnapshot::MoveBlock(float X, float Y) {
-    imgClip->move(HungAt(X, imgClip->width(), view.iZoomFactor),
-                  HungAt(Y, imgClip->height(), view.iZoomFactor));
-    if (!imgClip->isHidden()) { // else another window places, and a net may lie here
-        Net shape = shpNet;
-        shape.Move(FrameOf(ClipPlace()));
-        SetShape(shape);
-    }
+    SetShape(shpNet.Around(placing.block));
 }
 
 void frmSnapshot::TakeBlockOff() {
@@ -103,23 +88,16 @@ void frmSnapshot::TakeBlockOff() {
     }
 }
 
-void frmSnapshot::LetGoOfBlock() {
-    TakeBlockOff();
-    if (placing.window == this) {
-        placing.LetGo();
-    }
-}
-
 void frmSnapshot::EndPlacing() {
-    if (placing.window == this) {
+    if (IsPlacing()) {
         TakeBlockOff();
-        placing.End(iCurrentTool);
+        placing.End();
     }
 }
 
 void frmSnapshot::imgClip_MouseMove(const MouseArgs& args) {
     // The press that dropped the block may still hold the mouse: a block that is gone hears nothing more.
-    if (imgClip->isHidden()) {
+    if (!IsPlacing()) {
         return;
     }
     MouseArgs onPicture = args;
@@ -132,14 +110,14 @@ void frmSnapshot::imgClip_MouseDown(const MouseArgs& args) {
     if (args.Button != 1) {
         return;
     }
-    if (iCurrentTool != kToolPlacing || placing.window != this) {
-        LetGoOfBlock();
-        return;
+    const bool bDrops = IsPlacing() && placing.IsHanging(); // else another tool has left it
+    if (bDrops) {
+        document.DropBlock(BlockUnder(placing.block, view.iZoomFactor), frmClip::Instance().GetData());
     }
-    const PixelBlock block = BlockUnder(ClipPlace(), view.iZoomFactor);
-    document.DropBlock(block, frmClip::Instance().GetData());
     EndPlacing();
-    ShowMem();
+    if (bDrops) {
+        ShowMem();
+    }
 }
 
 } // namespace lumrake

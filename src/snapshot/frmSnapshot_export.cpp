@@ -28,8 +28,8 @@ void frmSnapshot::ExportViewToRaw() {
     if (sFile.isEmpty() || window.isNull()) {
         return;
     }
-    const RawExport rows(byMemory.Bytes(), view);                // from here on the window is not needed
-    const std::int32_t rowsAtOnce = view.iMode == kText ? 8 : 1; // Text is served by rows of characters
+    const RawExport rows(byMemory.Bytes(), view);                     // from here on the window is not needed
+    const std::int32_t rowsAtOnce = lmk::RowOf(view.iMode).linesUnit; // Text is served by rows of characters
     ShowProgress(true);
     std::vector<std::uint8_t> bytes; // at most 256 KiB
     bytes.reserve(static_cast<std::size_t>(rows.Rows() * rows.RowBytes()));

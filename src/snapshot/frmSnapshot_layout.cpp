@@ -209,7 +209,7 @@ void frmSnapshot::Form_Activate() {
     UpdateToolbars(QStringLiteral("ANIMATION"), false);
     ShowModeTick(view.iMode);
     ShowFlipTick(view.iUpsideDown == 1);
-    EnableNetCommands(HasNet());
+    EnableNetCommands(shpNet.IsSelection());
     // A box that gets the focus with its window is selected as by any other move to it.
     if (auto* box = dynamic_cast<ValueBox*>(focusWidget())) {
         box->selectAll();

@@ -18,19 +18,20 @@ void frmSnapshot::SetMode(std::int16_t iNewMode, bool iRefresh) {
         txtValue[Index]->setEnabled(bEnable);
         scrValue[Index]->setEnabled(bEnable);
     };
-    const bool bFree = iNewMode != kScreen && iNewMode != kText;
-    if (!bFree) {
+    const lmk::ModeRow& mode = lmk::RowOf(iNewMode);
+    const bool bTyped = mode.linesUnit == 1; // whole units of lines are left to the spin buttons
+    if (!mode.manyColumns) {
         txtValue[kWidthValue]->Write(QString::number(view.iWidth));
         txtValue[kLinesValue]->Write(QString::number(view.iLines));
         txtValue[kColumnsValue]->Write(QStringLiteral("1")); // reaches its field through the box
     }
-    if (iNewMode != kText) { // Text mode leaves width and lines as the mode before it left them
-        enable(kWidthValue, bFree);
-        enable(kLinesValue, bFree);
+    if (bTyped) { // Text mode leaves width and lines as the mode before it left them
+        enable(kWidthValue, mode.fixedWidth == 0);
+        enable(kLinesValue, mode.fixedLines == 0);
     }
-    enable(kColumnsValue, bFree);
+    enable(kColumnsValue, mode.manyColumns);
     for (ValueBox* box : txtValue) {
-        box->setReadOnly(iNewMode == kText || box == txtValue[kWidthValue]); // the width has only steps
+        box->setReadOnly(!bTyped || box == txtValue[kWidthValue]); // the width has only steps
     }
     if (iRefresh) {
         ShowMem();

@@ -20,59 +20,44 @@ QRect Rectangle(const NetRect& net) {
 } // namespace
 
 void frmSnapshot::SetNetPosition() {
-    Net shape = shpNet;
-    shape.SetPosition();
-    SetShape(shape);
+    SetShape(shpNet.At(shpNet.Place()));
 }
 
 void frmSnapshot::ClearNet() {
-    Net shape = shpNet;
-    shape.Hide();
-    SetShape(shape);
-}
-
-/// A block that another tool has left hanging there goes: its frame and a net are one shape.
-void frmSnapshot::StartNet(const MouseArgs& args) {
-    if (!imgClip->isHidden()) {
-        LetGoOfBlock();
-    }
-    Net shape = shpNet;
-    shape.Start(double{args.X}, double{args.Y}, view.iZoomFactor);
-    SetShape(shape);
+    SetShape(shpNet.Hidden());
 }
 
 void frmSnapshot::DragNet(const MouseArgs& args) {
-    Net shape = shpNet;
-    shape.DragTo(double{args.X}, double{args.Y}, view.iZoomFactor);
-    SetShape(shape);
+    SetShape(shpNet.Dragged(args.X, args.Y, view.iZoomFactor));
     // Whole pixels, without a remainder.
-    ShowCoords(1, shape.iNetWidth / view.iZoomFactor, shape.iNetHeight / view.iZoomFactor);
+    ShowCoords(1, shpNet.iNetWidth / view.iZoomFactor, shpNet.iNetHeight / view.iZoomFactor);
 }
 
 void frmSnapshot::EndNet() {
-    Net shape = shpNet;
-    shape.End();
-    SetShape(shape);
+    SetShape(shpNet.Ended());
     ShowCoords(1, 0, 0);
     // A window that opened under the drag has the commands now, and no net of this one. The area may know of no
     // active window while another program is in front.
     const auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(this));
     const QMdiSubWindow* active = frame == nullptr ? nullptr : frame->mdiArea()->currentSubWindow();
     if (active == nullptr || active == frame) {
-        EnableNetCommands(HasNet());
+        EnableNetCommands(shpNet.IsSelection());
     }
 }
 
 void frmSnapshot::ScaleNet(std::int32_t iOldFactor) {
-    Net shape = shpNet;
-    shape.Move(ScaledNet(shpNet, iOldFactor, view.iZoomFactor));
-    if (!imgClip->isHidden()) {
-        const NetRect block = ScaledNet(ClipPlace(), iOldFactor, view.iZoomFactor);
-        imgClip->SetFactor(view.iZoomFactor);
-        imgClip->setGeometry(Rectangle(block));
-        shape.Move(FrameOf(block));
+    NetRect place = ScaledNet(shpNet, iOldFactor, view.iZoomFactor);
+    if (IsPlacing()) {
+        placing.block = ScaledNet(placing.block, iOldFactor, view.iZoomFactor);
+        PlaceClip();
+        place = FrameOf(placing.block);
     }
-    SetShape(shape);
+    SetShape(shpNet.At(place));
+}
+
+void frmSnapshot::PlaceClip() {
+    imgClip->SetFactor(view.iZoomFactor);
+    imgClip->setGeometry(Rectangle(placing.block));
 }
 
 void frmSnapshot::SetShape(const Net& shape) {

@@ -37,7 +37,10 @@ void frmSnapshot::picImage_MouseDown(const MouseArgs& args) {
     switch (iCurrentTool) {
     case kToolDraw: picImage_MouseMove(args); break; // a press alone plots the first pixel
     case kToolMagnify: MagnifyAbout(args); break;
-    case kToolNet: StartNet(args); break;
+    case kToolNet:
+        EndPlacing(); // of a block that another tool has left: its frame and a net are one shape
+        SetShape(Net::Started(args.X, args.Y, view.iZoomFactor));
+        break;
     case kToolPan: pan.Start(args.X, args.Y); break;
     default: break;
     }
@@ -101,13 +104,15 @@ void frmSnapshot::DragTool(const MouseArgs& args) {
 
 /// A move without a button.
 void frmSnapshot::HoverTool(const MouseArgs& args) {
-    if (iCurrentTool == kToolPlacing) {
-        MoveBlock(args.X, args.Y);
-    } else if (!imgClip->isHidden()) {
+    if (IsPlacing() && placing.IsHanging()) {
+        placing.MoveTo(args.X, args.Y, view.iZoomFactor);
+        PlaceClip();
+        SetShape(shpNet.Around(placing.block));
+    } else if (IsPlacing()) {
         // Another tool was chosen while the block hung on the mouse. With Net its frame stays till the next
         // press.
         const Net frame = shpNet;
-        LetGoOfBlock();
+        EndPlacing();
         if (iCurrentTool == kToolNet) {
             SetShape(frame);
         }

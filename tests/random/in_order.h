@@ -47,8 +47,7 @@ class Inspector {
             Expect(HeldForUse(record, record.lFileLength) == record, "a record out of its limits");
         }
         CheckCommands(pressed);
-        Expect(iCurrentTool <= kToolPan && SnapshotProbe::PlacingIsSound(),
-               "tool " + std::to_string(iCurrentTool));
+        Expect(SnapshotProbe::Placing().IsSound(), "tool " + std::to_string(iCurrentTool));
         Expect(QGuiApplication::overrideCursor() == nullptr, "an hourglass is left");
         return faults_.str();
     }
@@ -68,7 +67,12 @@ class Inspector {
 
     void CheckView(const SnapshotProbe& probe) {
         const ViewNumbers& view = probe.View();
-        Expect(probe.Net().IsSound(), "the net");
+        const auto& [placing, net] = std::tie(SnapshotProbe::Placing(), probe.Net());
+        const bool isHere = placing.window == &probe.form;
+        const bool isFramed = net.Visible && net.Frame && net == FrameOf(placing.block);
+        Expect(net.IsSound() && probe.Clip().isHidden() != isHere &&
+                   (!isHere || (probe.ClipPlace() == placing.block && (isFramed || !placing.IsHanging()))),
+               "the net or the block");
         const bool isScreen = view.iMode == kScreen;
         const auto in = [](int value, int least, int most) { return value >= least && value <= most; };
         Expect(in(view.lOffset, 0, view.lFileLength - 1) && in(view.iWidth, isScreen ? 256 : 8, 256) &&

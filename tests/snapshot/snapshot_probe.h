@@ -34,10 +34,8 @@ struct SnapshotProbe {
     PictureBox& Picture() const { return *form.picImage; }
     auto& Net() const { return form.shpNet; }
     ImageBox& Clip() const { return *form.imgClip; }
-    NetRect ClipPlace() const { return form.ClipPlace(); }
-    static std::int16_t SavedTool() { return frmSnapshot::placing.iSavedTool; }
-    static bool PlacingIsSound() { return frmSnapshot::placing.IsSound(iCurrentTool); }
-    static frmSnapshot* Placing() { return frmSnapshot::placing.window; }
+    NetRect ClipPlace() const { return {Clip().x(), Clip().y(), Clip().width(), Clip().height()}; }
+    static const auto& Placing() { return frmSnapshot::placing; }
 
     QWidget& Container() const { return *form.picContainer; }
     ValueBox& Box(std::size_t index) const { return *form.txtValue[index]; }

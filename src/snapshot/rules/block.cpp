@@ -15,20 +15,13 @@ std::string LiftBlock(std::span<const std::uint8_t> byMemory, const ViewNumbers&
     if (block.IsEmpty()) {
         return {};
     }
-    const auto width = static_cast<std::size_t>(block.iWidth);
-    std::string sData(width * static_cast<std::size_t>(block.iHeight), '0');
-    for (std::int32_t row = 0; row < block.iHeight; ++row) {
-        if (progress) {
-            progress(row, block.iHeight);
+    std::string sData(static_cast<std::size_t>(block.iWidth) * static_cast<std::size_t>(block.iHeight), '0');
+    ForEachRun(byMemory.size(), view, block, progress, [&](std::int32_t row, const BlockRun& run) {
+        char* const text = sData.data() + row * block.iWidth + run.column;
+        for (std::int32_t i = 0; i < run.count; ++i) {
+            text[i] = static_cast<char>('0' + ((byMemory[run.place] >> (run.iBit - i)) & 1));
         }
-        char* const text = sData.data() + width * static_cast<std::size_t>(row);
-        ForEachRun(byMemory.size(), view, block, row, [&](const BlockRun& run) {
-            const int byte = byMemory[run.place];
-            for (std::int32_t i = 0; i < run.count; ++i) {
-                text[run.column + i] = static_cast<char>('0' + ((byte >> (run.iBit - i)) & 1));
-            }
-        });
-    }
+    });
     return sData;
 }
 

@@ -45,24 +45,27 @@ struct BlockRun {
     int Mask() const { return 0xff >> (8 - count) << (iBit + 1 - count); }
 };
 
-/// Calls visit(run) for each byte of `memorySize` bytes that row `row` of the block touches, left to right. Eight
+/// Calls visit(row, run) for each byte of `memorySize` bytes that the block touches, top row first, left to right. Eight
 /// neighbouring pixels share a byte in every mode: one LocatePixel for the first pixel of the byte that the row
 /// touches, and the others are the bits below it. That keeps the one addressing rule and costs an eighth of asking it
 /// for every pixel.
 template <typename Visit>
-void ForEachRun(std::size_t memorySize, const ViewNumbers& view, const PixelBlock& block, std::int32_t row,
-                Visit visit) {
-    const std::int32_t y = block.iTop + row;
-    if (y < 0 || y >= view.iLines) {
-        return;
-    }
+void ForEachRun(std::size_t memorySize, const ViewNumbers& view, const PixelBlock& block,
+                const RowProgress& progress, Visit visit) {
     const std::int32_t end = std::min(block.iLeft + block.iWidth, view.PictureWidth());
-    for (std::int32_t x = std::max(block.iLeft, 0); x < end;) {
-        const std::int32_t next = std::min((x / 8 + 1) * 8, end);
-        if (const auto at = AddressIn(memorySize, view, {x, y})) {
-            visit(BlockRun{static_cast<std::size_t>(at->lAddress), at->iBit, next - x, x - block.iLeft});
+    for (std::int32_t row = 0; row < block.iHeight; ++row) {
+        if (progress) {
+            progress(row, block.iHeight);
         }
-        x = next;
+        const std::int32_t y = block.iTop + row;
+        const bool isInside = y >= 0 && y < view.iLines;
+        for (std::int32_t x = std::max(block.iLeft, 0), next = 0; isInside && x < end; x = next) {
+            next = std::min((x / 8 + 1) * 8, end);
+            if (const auto at = AddressIn(memorySize, view, {x, y})) {
+                visit(row,
+                      BlockRun{static_cast<std::size_t>(at->lAddress), at->iBit, next - x, x - block.iLeft});
+            }
+        }
     }
 }
 

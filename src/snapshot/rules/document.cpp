@@ -11,7 +11,7 @@ void SnapshotDocument::Open(MemoryBlock bytes) {
 }
 
 bool SnapshotDocument::WritePixel(const std::optional<PicturePixel>& pixel, std::int16_t iValue) {
-    bChanged = -1;
+    SetChanged();
     const auto at = pixel ? AddressIn(byMemory.size(), view, *pixel) : std::nullopt;
     if (at) {
         Put(static_cast<std::size_t>(at->lAddress), iBitValue[at->iBit],
@@ -28,34 +28,26 @@ void SnapshotDocument::ClearBlock(const PixelBlock& block, const RowProgress& pr
     if (block.IsEmpty()) {
         return;
     }
-    bChanged = -1;
-    for (std::int32_t row = 0; row < block.iHeight; ++row) {
-        if (progress) {
-            progress(row, block.iHeight);
-        }
-        ForEachRun(byMemory.size(), view, block, row,
-                   [this](const BlockRun& run) { Put(run.place, run.Mask(), 0); });
-    }
+    SetChanged();
+    ForEachRun(byMemory.size(), view, block, progress,
+               [this](std::int32_t, const BlockRun& run) { Put(run.place, run.Mask(), 0); });
 }
 
-void SnapshotDocument::DropBlock(const PixelBlock& block, std::string_view sData) {
-    bChanged = -1;
+void SnapshotDocument::DropBlock(PixelBlock block, std::string_view sData) {
     if (block.IsEmpty()) {
         return;
     }
-    const auto width = static_cast<std::size_t>(block.iWidth);
-    const auto rows =
-        static_cast<std::int32_t>(std::min(sData.size() / width, static_cast<std::size_t>(block.iHeight)));
-    for (std::int32_t row = 0; row < rows; ++row) {
-        const char* const text = sData.data() + width * static_cast<std::size_t>(row);
-        ForEachRun(byMemory.size(), view, block, row, [&](const BlockRun& run) {
-            int bits = 0;
-            for (std::int32_t i = 0; i < run.count; ++i) {
-                bits |= (text[run.column + i] == '1' ? 1 : 0) << (run.iBit - i);
-            }
-            Put(run.place, run.Mask(), bits);
-        });
-    }
+    SetChanged();
+    const std::size_t rows = sData.size() / static_cast<std::size_t>(block.iWidth);
+    block.iHeight = static_cast<std::int32_t>(std::min(rows, static_cast<std::size_t>(block.iHeight)));
+    ForEachRun(byMemory.size(), view, block, {}, [&](std::int32_t row, const BlockRun& run) {
+        const char* const text = sData.data() + row * block.iWidth + run.column;
+        int bits = 0;
+        for (std::int32_t i = 0; i < run.count; ++i) {
+            bits |= (text[i] == '1' ? 1 : 0) << (run.iBit - i);
+        }
+        Put(run.place, run.Mask(), bits);
+    });
 }
 
 } // namespace lumrake

@@ -40,10 +40,12 @@ class SnapshotDocument {
     /// Clears every pixel of a block. An empty block changes nothing.
     void ClearBlock(const PixelBlock& block, const RowProgress& progress = {});
     /// Writes the text of a block (LiftBlock) over the pixels of a block; both values are written, nothing is
-    /// transparent. Any character but "1" clears. Rows that `sData` is too short for stay as they are.
-    void DropBlock(const PixelBlock& block, std::string_view sData);
+    /// transparent. Any character but "1" clears. Rows that `sData` is too short for stay as they are. An empty block
+    /// changes nothing.
+    void DropBlock(PixelBlock block, std::string_view sData);
 
   private:
+    void SetChanged() { bChanged = -1; }
     /// The one place where a byte of the document is written: those of its bits that are in `mask`.
     void Put(std::size_t place, int mask, int bits) {
         std::uint8_t& byte = byMemory.data()[place];

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 
 namespace lumrake {
 
@@ -24,19 +25,6 @@ std::int32_t SnapToPixel(double at, std::int32_t iZoomFactor) {
     return FloorDiv(whole, iZoomFactor) * iZoomFactor;
 }
 
-NetRect NetFromDrag(std::int32_t iNetX, std::int32_t iNetY, std::int32_t iNetWidth, std::int32_t iNetHeight) {
-    NetRect net{iNetX, iNetY, iNetWidth, iNetHeight};
-    if (iNetWidth < 0) {
-        net.Left = iNetX + iNetWidth;
-        net.Width = -iNetWidth;
-    }
-    if (iNetHeight < 0) {
-        net.Top = iNetY + iNetHeight;
-        net.Height = -iNetHeight;
-    }
-    return net;
-}
-
 NetRect ScaledNet(const NetRect& net, std::int32_t iOldFactor, std::int32_t iNewFactor) {
     // Factors are powers of two, so one of the two divides the other.
     const auto scaled = [=](std::int32_t place) {
@@ -44,10 +32,6 @@ NetRect ScaledNet(const NetRect& net, std::int32_t iOldFactor, std::int32_t iNew
                                         : FloorDiv(place, iOldFactor / iNewFactor);
     };
     return {scaled(net.Left), scaled(net.Top), scaled(net.Width), scaled(net.Height)};
-}
-
-std::int32_t HungAt(double mouse, std::int32_t size, std::int32_t iZoomFactor) {
-    return SnapToPixel(mouse - size / 2.0, iZoomFactor);
 }
 
 NetRect FrameOf(const NetRect& block) {
@@ -63,24 +47,20 @@ std::array<NetRect, 4> BorderOf(const NetRect& net) {
             NetRect{net.Left + width - 1, net.Top + 1, width > 1 ? 1 : 0, between}};
 }
 
-void Net::Start(double X, double Y, std::int32_t iZoomFactor) {
-    iNetWidth = iNetHeight = 1;
-    iNetX = SnapToPixel(X, iZoomFactor);
-    iNetY = SnapToPixel(Y, iZoomFactor);
-    SetPosition();
-    Visible = true;
-    Dotted = Frame = false;
+NetRect NetDrag::Place() const {
+    return {std::min(iNetX, iNetX + iNetWidth), std::min(iNetY, iNetY + iNetHeight), std::abs(iNetWidth),
+            std::abs(iNetHeight)};
 }
 
-void Net::DragTo(double X, double Y, std::int32_t iZoomFactor) {
-    iNetWidth = SnapToPixel(X - iNetX, iZoomFactor);
-    iNetHeight = SnapToPixel(Y - iNetY, iZoomFactor);
-    SetPosition();
+Net Net::Started(double X, double Y, std::int32_t iZoomFactor) {
+    const NetDrag drag{SnapToPixel(X, iZoomFactor), SnapToPixel(Y, iZoomFactor), 1, 1};
+    return {drag.Place(), drag, true};
 }
 
-void Net::FrameBlock(const NetRect& block) {
-    Move(FrameOf(block));
-    Visible = Frame = true;
+Net Net::Dragged(double X, double Y, std::int32_t iZoomFactor) const {
+    const NetDrag drag{iNetX, iNetY, SnapToPixel(X - iNetX, iZoomFactor),
+                       SnapToPixel(Y - iNetY, iZoomFactor)};
+    return {drag.Place(), drag, Visible, Dotted, Frame};
 }
 
 } // namespace lumrake

@@ -17,15 +17,9 @@ struct NetRect {
 /// iZoomFactor. Taken of a distance it gives the whole picture pixels in it: -1 at factor 4 gives -4.
 std::int32_t SnapToPixel(double at, std::int32_t iZoomFactor);
 
-/// The rectangle of a drag: one corner and the signed size from there, negative to the left and upwards.
-NetRect NetFromDrag(std::int32_t iNetX, std::int32_t iNetY, std::int32_t iNetWidth, std::int32_t iNetHeight);
-
 /// The rectangle over the same picture pixels after the factor has changed. All four numbers are whole
 /// picture pixels as a rule; else they are rounded down.
 NetRect ScaledNet(const NetRect& net, std::int32_t iOldFactor, std::int32_t iNewFactor);
-
-/// Left (or Top) of a block of this size that hangs centred on the mouse, on a corner of a picture pixel.
-std::int32_t HungAt(double mouse, std::int32_t size, std::int32_t iZoomFactor);
 
 /// The frame of a block that is being placed: 1 screen pixel outside it on every side.
 NetRect FrameOf(const NetRect& block);
@@ -35,36 +29,36 @@ NetRect FrameOf(const NetRect& block);
 /// height is drawn as a line. Lines that a thin net has no room for are empty.
 std::array<NetRect, 4> BorderOf(const NetRect& net);
 
+/// The drag that shapes a net: the corner where it began and its signed size from there, in screen pixels.
+struct NetDrag {
+    std::int32_t iNetX = 0, iNetY = 0, iNetWidth = 0, iNetHeight = 0;
+
+    NetRect Place() const;
+};
+
 /// What lies on the picture: the selection net, or the frame of a block that is being placed. All places are screen
 /// pixels of the picture.
 ///
-///               Start                      End
+///               Started                    Ended
 ///     hidden ----------> dragged ----------------------> lies
-///       ^                 |  ^  ^ DragTo                  |  |
-///       |                 +--+  +-------- Start ----------+  |
-///       +---- Hide ------------------------------------------+
+///       ^                 |  ^  ^ Dragged                 |  |
+///       |                 +--+  +-------- Started --------+  |
+///       +---- Hidden ----------------------------------------+
 ///
-/// FrameBlock makes a frame of it, out of every state; Hide or Start end that. Its numbers stay while it is hidden.
-/// No size is ever negative.
-class Net : public NetRect {
-  public:
+/// Around makes a frame of it, out of every state; Hidden or Started end that. Its numbers stay while it is hidden.
+/// Each gives the net that follows. No size is ever negative.
+struct Net : NetRect, NetDrag {
     bool Visible = false;
-    bool Dotted = false;                        ///< solid while it is dragged, dotted once it rests
-    bool Frame = false;                         ///< the frame of a block: no net for the commands
-    std::int32_t iNetX = 0, iNetY = 0;          ///< corner where the drag began
-    std::int32_t iNetWidth = 0, iNetHeight = 0; ///< signed size of the drag from that corner
-
-    Net() : NetRect{40, 16, 57, 49} {}
+    bool Dotted = false; ///< solid while it is dragged, dotted once it rests
+    bool Frame = false;  ///< the frame of a block: no net for the commands
 
     /// A press leaves a net of one screen pixel, whatever lay there before.
-    void Start(double X, double Y, std::int32_t iZoomFactor);
-    void DragTo(double X, double Y, std::int32_t iZoomFactor);
-    /// Brings the rectangle into line with the drag.
-    void SetPosition() { Move(NetFromDrag(iNetX, iNetY, iNetWidth, iNetHeight)); }
-    void End() { Dotted = true; }
-    void Hide() { Visible = false; }
-    void FrameBlock(const NetRect& block);
-    void Move(const NetRect& place) { static_cast<NetRect&>(*this) = place; }
+    static Net Started(double X, double Y, std::int32_t iZoomFactor);
+    Net Dragged(double X, double Y, std::int32_t iZoomFactor) const;
+    Net Ended() const { return {*this, *this, Visible, true, Frame}; }
+    Net Hidden() const { return {*this, *this, false, Dotted, Frame}; }
+    Net Around(const NetRect& block) const { return {FrameOf(block), *this, true, Dotted, true}; }
+    Net At(const NetRect& place) const { return {place, *this, Visible, Dotted, Frame}; }
 
     /// A net lies on which Cut, Copy, Delete and the export can act.
     bool IsSelection() const { return Visible && !Frame && Width > 1; }
