@@ -29,8 +29,9 @@ void frmSnapshot::ClearNet() {
 
 void frmSnapshot::DragNet(const MouseArgs& args) {
     SetShape(shpNet.Dragged(args.X, args.Y, view.iZoomFactor));
-    // Whole pixels, without a remainder.
-    ShowCoords(1, shpNet.iNetWidth / view.iZoomFactor, shpNet.iNetHeight / view.iZoomFactor);
+    const std::int32_t columns = shpNet.iNetWidth / view.iZoomFactor; // whole pixels, without a remainder
+    const std::int32_t rows = shpNet.iNetHeight / view.iZoomFactor;
+    ShowCoords(1, columns, rows);
 }
 
 void frmSnapshot::EndNet() {

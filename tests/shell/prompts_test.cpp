@@ -55,7 +55,7 @@ void ExpectNames(QWidget& window, int atLeast) {
 void ExpectLaidOut(const QWidget& form) {
     std::map<std::pair<QString, QWidget*>, const QWidget*> arrays;
     for (const QWidget* control :
-         form.findChildren<QWidget*>(QRegularExpression(u"^[a-z]+[A-Z]\\w*\\(\\d\\d?\\)$"_qs))) {
+         form.findChildren<QWidget*>(QRegularExpression(u"^(?!lblColour)[a-z]+[A-Z]\\w*\\(\\d\\d?\\)$"_qs))) {
         const auto& first =
             *arrays.try_emplace({control->objectName().section(u'(', 0, 0), control->parentWidget()}, control)
                  .first->second;
