@@ -139,6 +139,7 @@ constexpr const char* kMenu[] = {"Set to &default", "Copy &normal to bright", "C
 
 std::vector<ControlRow> ModeRows() {
     std::vector<ControlRow> rows;
+    rows.reserve(lmk::kModes.size());
     for (int i = 0; const lmk::ModeRow& mode : lmk::kModes) {
         rows.push_back({New<QRadioButton>, "optMode", i, kDefaults, 196, 26 + 27 * i, 100, 21, mode.Caption,
                         mode.ToolTipText, "", kHelpFirstMode + i, kBoth});
@@ -150,6 +151,7 @@ std::vector<ControlRow> ModeRows() {
 /// Two halves of two rows of four.
 std::vector<ControlRow> SwatchRows() {
     std::vector<ControlRow> rows;
+    rows.reserve(std::size(kColours));
     for (int i = 0; i < static_cast<int>(std::size(kColours)); ++i) {
         rows.push_back({New<ColourSwatch>, "lblPalette", i, kPaletteFrame, 14 + i % 4 * 24,
                         44 + i / 4 % 2 * 24 + i / 8 * 70, 16, 16, kColours[i], "", "", kHelpPalette, kMove});

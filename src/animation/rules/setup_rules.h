@@ -8,7 +8,6 @@
 #include <array>
 #include <cstdint>
 #include <optional>
-#include <ranges>
 #include <string>
 
 namespace lumrake {
@@ -61,12 +60,19 @@ std::optional<SetupFault> ValidateSettings(const SetupTexts& texts, std::optiona
 std::string ProposedStep(const std::string& sWidth, const std::string& sLines, std::int16_t iMode);
 
 /// Modes in the order of the dialog's list, and the place of a mode in it, -1 for a mode without one.
-inline constexpr auto kListedModes = [] {
-    std::array<std::int16_t, std::ranges::count(lmk::kModes, true, &lmk::ModeRow::playable)> listed{};
-    std::ranges::copy_if(std::views::iota(std::int16_t{0}, static_cast<std::int16_t>(lmk::kModes.size())),
-                         listed.begin(), [](std::int16_t iMode) { return lmk::RowOf(iMode).playable; });
+inline constexpr auto kListedModeCount = static_cast<std::size_t>(std::count_if(
+    lmk::kModes.begin(), lmk::kModes.end(), [](const lmk::ModeRow& mode) { return mode.playable; }));
+constexpr std::array<std::int16_t, kListedModeCount> ListedModes() {
+    std::array<std::int16_t, kListedModeCount> listed{};
+    std::size_t place = 0;
+    for (std::int16_t iMode = 0; place < listed.size(); ++iMode) {
+        if (lmk::RowOf(iMode).playable) {
+            listed[place++] = iMode;
+        }
+    }
     return listed;
-}();
+}
+inline constexpr auto kListedModes = ListedModes();
 int ModeIndex(std::int16_t iMode);
 
 /// Notes with the line breaks of the screen (LF) from those of the record: CR LF; a CR or LF alone counts as one
