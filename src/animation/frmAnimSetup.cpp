@@ -32,48 +32,48 @@ std::int16_t bAnimChanged = 0;
 namespace {
 
 constexpr int kDialogWidth = 388, kDialogHeight = 279;
+constexpr int kMostNotes = 500;               ///< characters
 constexpr int kRepeatList = 0, kModeList = 1; ///< places in cboAnimSetup
 
 constexpr unsigned kBoth = kOnMove | kOnFocus;
-constexpr auto kTextBox = New<LimitedEdit>, kList = New<QComboBox>, kButton = New<QPushButton>,
+constexpr auto kText = New<LimitedEdit>, kList = New<QComboBox>, kButton = New<QPushButton>,
                kLabel = New<QLabel>;
 constexpr auto kTexts = "txtAnimSetup", kLists = "cboAnimSetup", kButtons = "cmdSetup", kName = "";
 
 // clang-format off
 constexpr ControlRow kRows[] = {
     {kLabel,  kName,   kAlone, "0",  10,  10,  90, 22, "Snapshot file", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  0,      "0", 104,  10, 222, 22, "Snapshot file", "", "SNAPFILE", kHelpSnapFile, kBoth, 100, "Enter the name of the snapshot file"},
+    {kText,   kTexts,  0,      "0", 104,  10, 222, 22, "Snapshot file", "", "SNAPFILE", kHelpSnapFile, kBoth, 100, "Enter the name of the snapshot file"},
     {kButton, kButtons, 2,     "0", 330,  10,  26, 22, "dialogs/openfile.svg", "", "OPENFILE", kHelpChooseFile, kBoth, 0, "Click '...' to select snapshot file"},
     {kLabel,  kName,   kAlone, "0",  10,  38,  90, 22, "Animation title", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  1,      "0", 104,  38, 252, 22, "Animation title", "", "TITLE", kHelpTitle, kBoth, 30, "Enter a title for the animation"},
+    {kText,   kTexts,  1,      "0", 104,  38, 252, 22, "Animation title", "", "TITLE", kHelpTitle, kBoth, 30, "Enter a title for the animation"},
     {kLabel,  kName,   kAlone, "0",  10,  66,  90, 22, "Repeat type", "", "", kHelpNone, 0},
     {kList,   kLists,  0,      "0", 104,  66, 100, 22, "Repeat type", "", "REPEAT", kHelpRepeat, kBoth, 0, "Select the type of repeat"},
     {kLabel,  kName,   kAlone, "0", 216,  66,  36, 22, "Mode", "", "", kHelpNone, 0},
     {kList,   kLists,  1,      "0", 256,  66, 100, 22, "Mode", "", "MODE", kHelpMode, kBoth, 0, "Select the display mode"},
     {kLabel,  kName,   kAlone, "0",  10,  94,  90, 22, "Offset", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  2,      "0", 104,  94,  82, 22, "Offset", "", "OFFSET", kHelpOffset, kBoth, 6, "Enter the file offset of the first frame"},
+    {kText,   kTexts,  2,      "0", 104,  94,  82, 22, "Offset", "", "OFFSET", kHelpOffset, kBoth, 6, "Enter the file offset of the first frame"},
     {kLabel,  kName,   kAlone, "0", 216,  94,  66, 22, "Width", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  3,      "0", 286,  94,  70, 22, "Width", "", "WIDTH", kHelpWidth, kBoth, 3, "Enter the width in pixels of each frame"},
+    {kText,   kTexts,  3,      "0", 286,  94,  70, 22, "Width", "", "WIDTH", kHelpWidth, kBoth, 3, "Enter the width in pixels of each frame"},
     {kLabel,  kName,   kAlone, "0",  10, 122,  90, 22, "Lines", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  4,      "0", 104, 122,  82, 22, "Lines", "", "LINES", kHelpLines, kBoth, 3, "Enter the number of lines in pixels of each frame"},
+    {kText,   kTexts,  4,      "0", 104, 122,  82, 22, "Lines", "", "LINES", kHelpLines, kBoth, 3, "Enter the number of lines in pixels of each frame"},
     {kLabel,  kName,   kAlone, "0", 216, 122,  66, 22, "Frames", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  5,      "0", 286, 122,  70, 22, "Frames", "", "FRAMES", kHelpFrames, kBoth, 3, "Enter the number of frames in the animation"},
+    {kText,   kTexts,  5,      "0", 286, 122,  70, 22, "Frames", "", "FRAMES", kHelpFrames, kBoth, 3, "Enter the number of frames in the animation"},
     {kLabel,  kName,   kAlone, "0",  10, 150,  90, 22, "Step", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  6,      "0", 104, 150,  82, 22, "Step", "", "STEP", kHelpStep, kBoth, 5, "Enter the number of bytes between each frame"},
+    {kText,   kTexts,  6,      "0", 104, 150,  82, 22, "Step", "", "STEP", kHelpStep, kBoth, 5, "Enter the number of bytes between each frame"},
     {kLabel,  kName,   kAlone, "0", 216, 150,  66, 22, "Pause", "", "", kHelpNone, 0},
-    {kTextBox,   kTexts,  7,      "0", 286, 150,  70, 22, "Pause", "", "PAUSE", kHelpPause, kBoth, 5, "Enter the pause between each frame (milliseconds)"},
+    {kText,   kTexts,  7,      "0", 286, 150,  70, 22, "Pause", "", "PAUSE", kHelpPause, kBoth, 5, "Enter the pause between each frame (milliseconds)"},
     {New<QCheckBox>, "chkAnimSetup", 0, "0", 104, 178, 100, 22, "Upside down", "", "", kHelpUpsideDown, kBoth},
     {kLabel,  kName,   kAlone, "0", 216, 178,  66, 22, "Attribute", "", "", kHelpNone, 0},
     {kLabel,  "lblColour", 0,  "0", 286, 178,  38, 22, "", "", "", kHelpNone, 0},
     {kLabel,  "lblColour", 1,  "0", 296, 183,  18, 12, "", "", "", kHelpNone, 0},
     {kButton, kButtons, 4,     "0", 330, 178,  26, 22, "dialogs/attribute.svg", "", "ATTRIBUTE", kHelpAttribute, kBoth},
     {kLabel,  kName,   kAlone, "1",  10,   8, 200, 18, "Animation notes", "", "", kHelpNone, 0},
-    {New<LimitedText>, kTexts, 8, "1", 10, 30, 348, 170, "Animation notes", "", "NOTES", kHelpNotes, kOnFocus, 500, "Enter any notes you wish to make about the animation"},
+    {New<LimitedText>, kTexts, 8, "1", 10, 30, 348, 170, "Animation notes", "", "NOTES", kHelpNotes, kOnFocus, kMostNotes, "Enter any notes you wish to make about the animation"},
     {kButton, kButtons, 1,     "",  212, 247,  80, 24, "&Cancel", "", "CANCEL", kHelpCancel, kBoth, 0, "Click 'CANCEL' to abort action"},
     {kButton, kButtons, 0,     "",  300, 247,  80, 24, "&Okay", "", "OKAY", kHelpOkay, kBoth, 0, "Click 'OKAY' to confirm information"},
 };
 // clang-format on
-constexpr int kMostNotes = 500; ///< characters
 
 std::int32_t HelpOfTabs(QPoint place) {
     if (place.y() < 3 || place.y() > 18) {
@@ -261,7 +261,7 @@ void frmAnimSetup::Control_GotFocus(const ControlRow& row) {
     if (*row.status != '\0') {
         SetStatusText(Latin(row.status));
     }
-    if (row.make == kTextBox) {
+    if (row.make == kText) {
         LimitedEdit* text = txtAnimSetup[row.index];
         text->setSelection(0, static_cast<int>(TrimBlanks(text->text()).size()));
     } else if (row.make == New<LimitedText>) {
@@ -292,8 +292,8 @@ bool frmAnimSetup::ValidateSettings() {
                                                         : txtAnimSetup[fault->field];
     field->setFocus();
     if (fault->field != kRepeatField && !field->hasFocus()) {
-        Watch(field)
-            .TellFocus(); // the focus comes with the window, when the box has gone, and is not told then
+        // The focus comes with the window, when the box has gone, and is not told then.
+        Watch(field).TellFocus();
     }
     return false;
 }

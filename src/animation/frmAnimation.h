@@ -33,9 +33,8 @@ class frmAnimation : public QWidget {
     /// or has been told why, nothing is counted, and the caller lets the instance go.
     bool Launch(const QString& AnimFile, const QString& sSnapFile = {});
 
-    /// Writes the record to `sFilename` and makes it this window's file. Nothing happens for an empty name.
-    /// Unless it is done the animation keeps its name and stays changed;
-    /// the caller tells why.
+    /// Writes the record to `sFilename` and makes it this window's file. Called off for an empty name.
+    /// Unless it is done the animation keeps its name and stays changed; the caller tells why.
     Outcome SaveAnimation(const QString& sFilename);
 
     /// The true path of the file; empty for an animation that was never saved.

@@ -16,8 +16,8 @@ struct NumberTest {
     const char* tooLarge = nullptr; ///< above `most`
     std::int32_t divisor = 0;       ///< 0: any number will do
     const char* notDivisible = "";
-    bool rounded =
-        false; ///< the limits measure the whole number next to what was typed, a half to the even neighbour
+    /// The limits measure the whole number next to what was typed, a half to the even neighbour.
+    bool rounded = false;
 };
 
 /// What the user is told about a text, or the empty text when it passes. Blanks at both ends do not count; a text that

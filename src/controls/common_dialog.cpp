@@ -104,7 +104,8 @@ QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
                             QLatin1String(" ()")); // hidden brackets count
     const bool open = kind == CommonDialog::Kind::Open;
     dialog.setAcceptMode(open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-    dialog.setFileMode(open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    const bool bMustExist = open && (request.Flags & kFileMustExist) != 0;
+    dialog.setFileMode(bMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     const QFileInfo proposed(request.FileName);
     if (request.FileName.isEmpty()) {
         dialog.setDirectory(lastDirectory.isEmpty() ? QDir::currentPath() : lastDirectory);

@@ -10,14 +10,14 @@
 namespace lumrake {
 
 /// Hide the read-only box, path must exist, file must exist (Open only), no read-only return.
-inline constexpr int kDialogFlags = 0x9804;
+inline constexpr int kFileMustExist = 0x1000, kDialogFlags = 0x8804 | kFileMustExist;
 
 /// The platform's file dialog. Set the properties, run Action, read FileName and FileTitle.
 class CommonDialog {
   public:
     enum class Kind { Open = 1, Save = 2 };
 
-    int Flags = 0;
+    int Flags = kDialogFlags; ///< of these kFileMustExist counts, the others hold in any case
     /// Pairs of description and patterns, all separated by "|": "Raw files (*.RAW)|*.RAW|All files
     /// (*.*)|*.*". Patterns are matched without regard to case; "*.*" matches every name.
     QString Filter;
@@ -49,8 +49,7 @@ std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString
 
 /// Saves on the road of a closing window. After a failure a box, titled `sTitle`, tells the reason and asks
 /// whether to save under another name, until the bytes are on the disk or the user says No; an empty name of
-/// `askName` leads back to the box. False, for Cancel and for a
-/// dialog given up, means that the window stays.
+/// `askName` leads back to the box. False, for Cancel and for a dialog given up, means that the window stays.
 bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
                       const std::function<std::optional<QString>()>& askName,
                       const std::function<Outcome(const QString& sFile)>& save);

@@ -19,8 +19,8 @@ struct ControlRow {
     QWidget* (*make)(QWidget* parent); ///< New<QLabel>
     const char* array;                 ///< name of the control, or of the array that it is part of
     int index;                         ///< in the array; kAlone for a control that is in none
-    const char*
-        inside;     ///< a control of a row before, a page of the tab strip by its number, or "" for the form
+    /// A control of a row before, a page of the tab strip by its number, or "" for the form.
+    const char* inside;
     int x, y, w, h; ///< logical pixels of what it lies in
     /// Its face. A name ending in .svg is a drawing of 16 by 16 pixels. A control without a face of its own lends it to
     /// screen readers.

@@ -12,7 +12,7 @@ namespace lumrake {
 
 /// One panel of a status bar.
 struct Panel {
-    QString Key;
+    QString Key; ///< what the form knows it by
     QString Text;
     QString ToolTipText;
     int MinWidth = 0;    ///< logical pixels
@@ -22,7 +22,8 @@ struct Panel {
 
 /// A status bar of sunken panels. A text that is too long is shown with dots and never widens the bar. When
 /// the bar is narrower than its panels together, the spring panel shrinks to its least width first, then the
-/// last panels to theirs; when that is not enough, the last panels go altogether.
+/// last panels to theirs; when that is not enough, the last panels go altogether. (The toolkit's own bar has no panels
+/// that give way in an order, and its messages lie over them.)
 class PanelBar : public QWidget {
   public:
     explicit PanelBar(QWidget* parent = nullptr);

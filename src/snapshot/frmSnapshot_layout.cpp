@@ -42,15 +42,15 @@ struct ValueRow {
     const char* caption;
     const char* toolTip;
     const char* steps; // accessible name of the spin button
-    int labelTop, boxTop, digits, helpKey;
+    int labelTop, boxTop, digits, help;
 };
 // clang-format off
 constexpr ValueRow kValueRows[] = {
-    // caption   tool tip                                  steps            label  box  digits  key
-    {"Offset",  "Current file offset",                     "Offset steps",      8,  24,      6,   3},
-    {"Width",   "Current viewing width in pixels",         "Width steps",      48,  64,      3,   4},
-    {"Lines",   "Current number of lines viewed in pixels","Lines steps",      88, 104,      3,   5},
-    {"Columns", "Current number of columns",               "Columns steps",   128, 144,      2,   6},
+    // caption   tool tip                                  steps            label  box  digits  help
+    {"Offset",  "Current file offset",                     "Offset steps",      8,  24,      6,   kHelpFirstValue},
+    {"Width",   "Current viewing width in pixels",         "Width steps",      48,  64,      3,   kHelpFirstValue + 1},
+    {"Lines",   "Current number of lines viewed in pixels","Lines steps",      88, 104,      3,   kHelpFirstValue + 2},
+    {"Columns", "Current number of columns",               "Columns steps",   128, 144,      2,   kHelpFirstValue + 3},
 };
 
 struct StatusRow {
@@ -68,6 +68,7 @@ constexpr StatusRow kStatusRows[] = {
 // clang-format on
 
 constexpr int kZoomPanel = 3, kAttributePanel = 4;
+
 void PaintGround(QWidget* control, const QColor& colour) {
     QPalette palette = control->palette();
     palette.setColor(QPalette::Window, colour);
@@ -135,7 +136,7 @@ void frmSnapshot::CreateValueBoxes() {
         box->resize(kBoxWidth, kBoxHeight);
         box->setToolTip(Latin(row.toolTip));
         box->setAccessibleName(Latin(row.caption));
-        SetHelp(box, row.helpKey, kOnMove | kDisabledAsWell);
+        SetHelp(box, row.help, kOnMove | kDisabledAsWell);
 
         auto* spin = scrValue[i] = new SpinBar(Qt::Horizontal, this);
         spin->resize(kSpinWidth, kBoxHeight);
@@ -143,6 +144,7 @@ void frmSnapshot::CreateValueBoxes() {
         spin->setPageStep(1);
         spin->setValue(5);
         spin->setAccessibleName(Latin(row.steps));
+        SetHelp(spin, kHelpNone, kDisabledAsWell); // it says nothing, nor does the form for it
 
         auto* label = lblCaption[i] = new QLabel(Latin(row.caption), this);
         label->resize(73, 17);
@@ -289,7 +291,7 @@ void frmSnapshot::SetPosition(std::int32_t iLeft, std::int32_t iTop) {
 }
 
 void frmSnapshot::sbrSnapshot_PanelClick(int Panel) {
-    if (Panel != kZoomPanel) {
+    if (sbrSnapshot->PanelAt(Panel).Key != QLatin1String("ZOOM")) {
         return;
     }
     std::int16_t iZoom = view.iZoom;

@@ -23,8 +23,8 @@ struct FieldTest {
 // yet 1 passes for step and pause, as the proposed step of the smallest frame is 1. The list of repeat types is tested
 // between step and pause.
 constexpr FieldTest kTests[] = {
-    {kWidthField,  {"Please enter width",            8, 256,     "Width must be between 8 and 256", nullptr, 8, "Width must be divisible by 8", true}},
-    {kLinesField,  {"Please enter number of lines",  1, 192,     "Lines must be between 1 and 192", nullptr,                             0, "", true}},
+    {kWidthField,  {"Please enter width",            lmk::kLeastWidth, lmk::kMostWidth, "Width must be between 8 and 256", nullptr, 8, "Width must be divisible by 8", true}},
+    {kLinesField,  {"Please enter number of lines",  1, lmk::kScreenLines, "Lines must be between 1 and 192", nullptr,                             0, "", true}},
     {kFramesField, {"Please enter number of frames", 2, kMost16, "Frames must be greater than 1",   "Frames must be between 2 and 32767",    0, "", true}},
     {kStepField,   {"Please enter frame step",       1, kMost32, "Step must be greater than 1",     "Step must be between 1 and 2147483647", 0, "", true}},
     {kRepeatField, {}},

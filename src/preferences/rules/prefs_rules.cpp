@@ -1,9 +1,7 @@
 #include "preferences/rules/prefs_rules.h"
 
-#include "base/number_field.h"
 #include "display/modes.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace lumrake {
@@ -15,9 +13,9 @@ constexpr double kNoLimit = std::numeric_limits<double>::infinity();
 // clang-format off
 constexpr NumberTest kTests[kDefaultFields] = {
     {"Please enter default offset",    0, kNoLimit, "Invalid default offset"},
-    {"Please enter width",             8, 256,      "Width must be between 8 and 256", nullptr, 8, "Width must be divisible by 8"},
-    {"Please enter number of lines",   1, 192,      "Lines must be between 1 and 192"},
-    {"Please enter number of columns", 1, 16,       "Columns must be between 1 and 16"},
+    {"Please enter width",             lmk::kLeastWidth, lmk::kMostWidth, "Width must be between 8 and 256", nullptr, 8, "Width must be divisible by 8"},
+    {"Please enter number of lines",   1, lmk::kScreenLines, "Lines must be between 1 and 192"},
+    {"Please enter number of columns", 1, lmk::kMostColumns, "Columns must be between 1 and 16"},
     // Black ink on black paper is an attribute like any other, so 0 passes.
     {"Please enter attribute",         0, 127,      "Attribute must be between 1 and 127"},
 };

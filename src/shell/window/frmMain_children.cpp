@@ -4,6 +4,7 @@
 // that a command means is kept here: it is the last one that the area told of, until that one closes.
 
 #include "animation/frmAnimation.h"
+#include "assistant/rules/help_numbers.h"
 #include "controls/message_box.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
@@ -22,9 +23,8 @@
 namespace lumrake {
 
 namespace {
-constexpr std::int32_t kCoordsPrompt = 39; ///< the help number of the co-ordinates panel
-constexpr int kCascadeStep = 26;           ///< pixels: a title bar of a child and a little
-constexpr int kCascadeShare = 6;           ///< the cascade goes down at most this part of the area
+constexpr int kCascadeStep = 26; ///< pixels: a title bar of a child and a little
+constexpr int kCascadeShare = 6; ///< the cascade goes down at most this part of the area
 
 /// The frame of a document. A press acts on what lies under it. The toolkit knows that from the last move of the
 /// mouse only, and forgets it when a box opens: the next press on the same button of the title would be lost.
@@ -166,15 +166,10 @@ void frmMain::menu_closeall_Click(int) {
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseMove) {
-        if (watched == mdiClient->viewport()) {
-            // Moves that a child leaves alone arrive here as well; those are the child's business.
-            const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
-            if (mdiClient->viewport()->childAt(place) == nullptr) {
-                ShowPrompt(0);
-            }
-        } else {
-            ShowPrompt(kCoordsPrompt);
-            return true; // the toolbar below would say that no button is under the mouse
+        // Moves that a child leaves alone arrive here as well; those are the child's business.
+        const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
+        if (mdiClient->viewport()->childAt(place) == nullptr) {
+            ShowPrompt(kHelpNone);
         }
     }
     return QMainWindow::eventFilter(watched, event);

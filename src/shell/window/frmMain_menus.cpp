@@ -1,6 +1,7 @@
 // The commands: what gives them in the menus and on the toolbar, what they need, and what the menus show: ticks, the
 // recent list, the list of windows.
 
+#include "assistant/rules/help_numbers.h"
 #include "controls/pictures.h"
 #include "controls/toolbar.h"
 #include "disk/texts.h"
@@ -73,7 +74,7 @@ struct frmMain::Command {
         int group;       ///< index in bToolbarVisible
         const char* Key; ///< null when there is no button; in small letters the name of its drawing
         const char* ToolTipText;
-        int HelpKey;
+        std::int32_t help;
     } button{};
 };
 
@@ -81,12 +82,12 @@ struct frmMain::Command {
 constexpr frmMain::Command frmMain::kRows[] = {
     // name                 Index, depth, caption                    state    shortcut   needs                  procedure                            group, key, tool tip, help number
     {Menu::menu_file,           0, 0, "&File",                    kMenu,   nullptr,   kNothing,              nullptr},
-    {Menu::menu_open,           0, 1, "&Open snapshot",           kPlain,  "Ctrl+O",  kNothing,              &frmMain::menu_open_Click,           {0, "OPEN",      "Open snapshot",              20}},
-    {Menu::menu_save,           0, 1, "&Save",                    kPlain,  "Ctrl+S",  kSnapshotActive,       &frmMain::menu_save_Click,           {0, "SAVE",      "Save snapshot",              21}},
+    {Menu::menu_open,           0, 1, "&Open snapshot",           kPlain,  "Ctrl+O",  kNothing,              &frmMain::menu_open_Click,           {0, "OPEN",      "Open snapshot",              kHelpOpen}},
+    {Menu::menu_save,           0, 1, "&Save",                    kPlain,  "Ctrl+S",  kSnapshotActive,       &frmMain::menu_save_Click,           {0, "SAVE",      "Save snapshot",              kHelpSave}},
     {Menu::menu_saveas,         0, 1, "Save &As",                 kPlain,  "Ctrl+A",  kSnapshotActive,       &frmMain::menu_saveas_Click},
     {Menu::menu_exportviews,    0, 1, "&Export view",             kMenu,   nullptr,   kSnapshotActive,       nullptr},
     {Menu::menu_exportview,     1, 2, "&Windows Bitmap",          kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_exportview_Click},
-    {Menu::menu_exportview,     2, 2, "&Raw data",                kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_exportview_Click,     {0, "EXPORT",    "Export to DAT file",         22}},
+    {Menu::menu_exportview,     2, 2, "&Raw data",                kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_exportview_Click,     {0, "EXPORT",    "Export to DAT file",         kHelpExport}},
     {Menu::menu_exportselect,   0, 1, "Expo&rt selection to BMP", kPlain,  nullptr,   kGroupExportSelection, &frmMain::menu_exportselect_Click},
     {Menu::menu_bar5,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
     {Menu::menu_prefs,          0, 1, "&Preferences",             kPlain,  nullptr,   kNothing,              &frmMain::menu_prefs_Click},
@@ -99,9 +100,9 @@ constexpr frmMain::Command frmMain::kRows[] = {
     {Menu::menu_exit,           0, 1, "E&xit",                    kPlain,  nullptr,   kNothing,              &frmMain::menu_exit_Click},
 
     {Menu::menu_edit_top,       0, 0, "&Edit",                    kMenu,   nullptr,   kNothing,              nullptr},
-    {Menu::menu_edit,           1, 1, "Cu&t",                     kPlain,  "Ctrl+X",  kGroupCut,             &frmMain::menu_edit_Click,           {1, "CUT",       "Cut",                        24}},
-    {Menu::menu_edit,           2, 1, "&Copy",                    kPlain,  "Ctrl+C",  kGroupCopy,            &frmMain::menu_edit_Click,           {1, "COPY",      "Copy",                       25}},
-    {Menu::menu_edit,           3, 1, "&Paste",                   kPlain,  "Ctrl+V",  kGroupPaste,           &frmMain::menu_edit_Click,           {1, "PASTE",     "Paste",                      26}},
+    {Menu::menu_edit,           1, 1, "Cu&t",                     kPlain,  "Ctrl+X",  kGroupCut,             &frmMain::menu_edit_Click,           {1, "CUT",       "Cut",                        kHelpCut}},
+    {Menu::menu_edit,           2, 1, "&Copy",                    kPlain,  "Ctrl+C",  kGroupCopy,            &frmMain::menu_edit_Click,           {1, "COPY",      "Copy",                       kHelpCopy}},
+    {Menu::menu_edit,           3, 1, "&Paste",                   kPlain,  "Ctrl+V",  kGroupPaste,           &frmMain::menu_edit_Click,           {1, "PASTE",     "Paste",                      kHelpPaste}},
     {Menu::menu_edit,           4, 1, "&Delete",                  kPlain,  "Del",     kGroupDelete,          &frmMain::menu_edit_Click},
 
     {Menu::menu_view,           0, 0, "&View",                    kMenu,   nullptr,   kNothing,              nullptr},
@@ -119,23 +120,23 @@ constexpr frmMain::Command frmMain::kRows[] = {
     {Menu::menu_toolbar,        5, 1, "&Animation",               kTicked, "Ctrl+F5", kNothing,              &frmMain::menu_toolbar_Click},
     {Menu::menu_toolbar,        6, 1, "&Co-ordinates",            kTicked, "Ctrl+F6", kNothing,              &frmMain::menu_toolbar_Click},
 
-    {Menu::tbrMain,             2, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "DRAW",      "Draw",                       28}},
-    {Menu::tbrMain,             3, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "MAGNIFY",   "Zoom",                       29}},
-    {Menu::tbrMain,             4, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "NET",       "Select",                     30}},
-    {Menu::tbrMain,             5, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "PAN",       "Pan",                        31}},
+    {Menu::tbrMain,             2, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "DRAW",      "Draw",                       kHelpDraw}},
+    {Menu::tbrMain,             3, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "MAGNIFY",   "Zoom",                       kHelpMagnify}},
+    {Menu::tbrMain,             4, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "NET",       "Select",                     kHelpNet}},
+    {Menu::tbrMain,             5, 0, "",                         kTool,   nullptr,   kSnapshotActive,       &frmMain::tbrMain_ButtonClick,       {2, "PAN",       "Pan",                        kHelpPan}},
 
     {Menu::menu_snapshot_top,   0, 0, "&Snapshot",                kMenu,   nullptr,   kNothing,              nullptr},
     {Menu::menu_mode,           0, 1, "",                         kEachMode, nullptr, kSnapshotActive,       &frmMain::menu_mode_Click},
     {Menu::menu_bar6,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
     {Menu::menu_snapshot,       0, 1, "Set attri&butes",          kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click},
-    {Menu::menu_snapshot,       1, 1, "&Animate...",              kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click,       {3, "TOANIM",    "Create animation",           33}},
+    {Menu::menu_snapshot,       1, 1, "&Animate...",              kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click,       {3, "TOANIM",    "Create animation",           kHelpToAnimation}},
     {Menu::menu_snapshot,       2, 1, "&Flip upside down",        kTick,   nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click},
-    {Menu::menu_snapshot,       3, 1, "&Position at top left",    kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click,       {3, "TOPLEFT",   "Position image at top left", 34}},
+    {Menu::menu_snapshot,       3, 1, "&Position at top left",    kPlain,  nullptr,   kSnapshotActive,       &frmMain::menu_snapshot_Click,       {3, "TOPLEFT",   "Position image at top left", kHelpTopLeft}},
 
     {Menu::menu_animation_top,  0, 0, "&Animation",               kMenu,   nullptr,   kNothing,              nullptr},
-    {Menu::menu_animation,      1, 1, "&New animation",           kPlain,  "Ctrl+Q",  kNothing,              &frmMain::menu_animation_Click,      {4, "ANIM_NEW",  "New animation",              36}},
-    {Menu::menu_animation,      2, 1, "&Open",                    kPlain,  "Ctrl+W",  kNothing,              &frmMain::menu_animation_Click,      {4, "ANIM_OPEN", "Open animation",             37}},
-    {Menu::menu_animation,      3, 1, "&Save",                    kPlain,  "Ctrl+E",  kAnimationActive,      &frmMain::menu_animation_Click,      {4, "ANIM_SAVE", "Save animation",             38}},
+    {Menu::menu_animation,      1, 1, "&New animation",           kPlain,  "Ctrl+Q",  kNothing,              &frmMain::menu_animation_Click,      {4, "ANIM_NEW",  "New animation",              kHelpNewAnimation}},
+    {Menu::menu_animation,      2, 1, "&Open",                    kPlain,  "Ctrl+W",  kNothing,              &frmMain::menu_animation_Click,      {4, "ANIM_OPEN", "Open animation",             kHelpOpenAnimation}},
+    {Menu::menu_animation,      3, 1, "&Save",                    kPlain,  "Ctrl+E",  kAnimationActive,      &frmMain::menu_animation_Click,      {4, "ANIM_SAVE", "Save animation",             kHelpSaveAnimation}},
     {Menu::menu_animation,      4, 1, "Save &as",                 kPlain,  "Ctrl+R",  kAnimationActive,      &frmMain::menu_animation_Click},
     {Menu::menu_bar4,           0, 1, nullptr,                    kPlain,  nullptr,   kNothing,              nullptr},
     {Menu::menu_animationtogif, 0, 1, "&Export to animated GIF",  kPlain,  "Ctrl+G",  kAnimationActive,      &frmMain::menu_animationtogif_Click},
@@ -206,7 +207,7 @@ void frmMain::PutOnToolbar(const Command& row, QAction& action) {
                             Toolbar::kPictureSize));
     action.setIconVisibleInMenu(false);
     action.setToolTip(Latin(row.button.ToolTipText));
-    action.setData(row.button.HelpKey);
+    action.setData(row.button.help);
     tbrMain->AddButton(row.button.group, &action);
 }
 

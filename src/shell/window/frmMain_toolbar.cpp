@@ -1,9 +1,11 @@
 // The toolbar with its co-ordinates panel.
 
+#include "assistant/rules/help_numbers.h"
 #include "base/numbers.h"
 #include "base/twips.h"
 #include "controls/drawing_box.h"
 #include "controls/toolbar.h"
+#include "controls/watch.h"
 #include "disk/texts.h"
 #include "shell/window/frmMain.h"
 #include "snapshot/frmSnapshot.h"
@@ -49,8 +51,7 @@ void frmMain::CreateCoordsPanel() {
     QList<QWidget*> controls = picCoords->findChildren<QWidget*>();
     controls.push_back(picCoords);
     for (QWidget* control : std::as_const(controls)) {
-        control->setMouseTracking(true);
-        control->installEventFilter(this);
+        SetHelp(control, kHelpCoords);
     }
 }
 
