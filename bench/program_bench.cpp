@@ -72,6 +72,21 @@ void Start(benchmark::State& state, const std::string& program) {
     }
 }
 
+/// One line scrolled in a full window at a scale of the screen, or the copy of its bytes (`kind` 0 or 1).
+void Scroll(benchmark::State& state, const std::string& scale, std::size_t kind) {
+    const std::string directory = FilePath(Place::Memory, QStringLiteral(".")).toStdString();
+    const std::string file = FileOf(Place::Memory, 16 << 20).toStdString();
+    qputenv("QT_SCALE_FACTOR", scale.c_str());
+    for (auto _ : state) {
+        const auto taken = Answer("child_lumrake", {"scroll", directory, file});
+        if (!taken) {
+            state.SkipWithError("the program doesn't scroll the file");
+        }
+        state.SetIterationTime(taken ? static_cast<double>((*taken)[kind]) * 1e-9 : 0);
+    }
+    qunsetenv("QT_SCALE_FACTOR");
+}
+
 /// With a file of `length` bytes; 0 for none. `kind`: 0 the resident set, 1 the proportional one.
 void Memory(benchmark::State& state, const std::string& program, std::int64_t length, std::size_t kind) {
     const std::string directory = FilePath(Place::Memory, QStringLiteral(".")).toStdString();
@@ -93,6 +108,14 @@ const bool kRegistered = [] {
         benchmark::RegisterBenchmark(name, [child](State& state) { Start(state, child); })
             ->UseManualTime()
             ->Iterations(3);
+    }
+    for (const std::string scale : {"1", "1.5", "2"}) {
+        for (const auto& [name, kind] : {std::pair{"x", std::size_t{0}}, {"x_memcpy", std::size_t{1}}}) {
+            benchmark::RegisterBenchmark(("Scroll/" + scale + name).c_str(),
+                                         [=, kind = kind](State& state) { Scroll(state, scale, kind); })
+                ->UseManualTime()
+                ->Iterations(1);
+        }
     }
     const auto addMemory = [](const std::string& name, const std::string& program, std::int64_t length) {
         for (const auto& [group, kind] : {std::pair{"Memory/", std::size_t{0}}, {"Share/", std::size_t{1}}}) {

@@ -40,8 +40,7 @@ bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
     if (!LoadSnapshot(sSnapshot.value_or(SnapshotPath()))) {
         return false;
     }
-    ++iAnimationCount;
-    bLaunched = true;
+    counted.emplace(iAnimationCount);
     state = PlayState();
     AdoptChild(this);
     SetPositions();
@@ -146,7 +145,7 @@ void frmAnimation::Form_Unload(bool& Cancel) {
         Cancel = answer == BoxAnswer::Yes ? !SaveBeforeClosing(this) : answer != BoxAnswer::No;
     }
     if (!Cancel) {
-        --iAnimationCount;
+        counted.reset();
         if (iAnimationCount == 0) {
             UpdateToolbars(QStringLiteral("ANIMATION"), false);
         }
@@ -159,11 +158,10 @@ void frmAnimation::closeEvent(QCloseEvent* event) {
         return;
     }
     bool Cancel = false;
-    if (bLaunched) {
+    if (counted) {
         bUnloading = true;
         Form_Unload(Cancel);
         bUnloading = false;
-        bLaunched = Cancel;
     }
     if (!Cancel) {
         Timer1.stop();

@@ -5,6 +5,7 @@
 #include "base/memory_block.h"
 #include "controls/control_array.h"
 #include "disk/outcome.h"
+#include "shell/shell.h"
 
 #include <QPushButton>
 #include <QString>
@@ -13,6 +14,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace lumrake {
 
@@ -100,8 +102,8 @@ class frmAnimation : public QWidget {
     MemoryBlock byMemory;      ///< at most lFileLength bytes of the snapshot, read once
     PlayState state;           ///< iCurrentFrame and iDirection
     std::int16_t bChanged = 0; ///< see SetChanged
-    bool bLaunched = false;    ///< the window is counted in iAnimationCount
-    bool bUnloading = false;   ///< Form_Unload is asking
+    std::optional<CountedIn> counted; ///< from Launch until Form_Unload lets the window go
+    bool bUnloading = false;          ///< Form_Unload is asking
     QTimer Timer1;
 
     // ---- controls ----

@@ -22,6 +22,18 @@ extern std::int16_t iSnapshotCount;  ///< open snapshot windows
 extern std::int16_t iAnimationCount; ///< open animation windows
 extern std::int16_t iCurrentTool; ///< one for all windows: 1 placing a block, 2 Draw, 3 Magnify, 4 Net, 5 Pan
 
+/// One open window in such a count, from its making to its end.
+class CountedIn {
+  public:
+    explicit CountedIn(std::int16_t& count) : count_(count) { ++count_; }
+    ~CountedIn() { --count_; }
+    CountedIn(const CountedIn&) = delete;
+    CountedIn& operator=(const CountedIn&) = delete;
+
+  private:
+    std::int16_t& count_;
+};
+
 /// Tools, as values of iCurrentTool.
 enum Tool : std::int16_t { kToolPlacing = 1, kToolDraw = 2, kToolMagnify = 3, kToolNet = 4, kToolPan = 5 };
 

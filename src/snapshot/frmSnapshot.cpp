@@ -76,7 +76,7 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     Form_Load();
     SetMode(view.iMode, false);
     SetAttribute(iAttribute, false);
-    ++iSnapshotCount;
+    counted.emplace(iSnapshotCount);
 
     sbrSnapshot->SetText(1, sSnapFile.toLower());
     sbrSnapshot->SetText(2, QStringLiteral("%1 bytes").arg(view.lFileLength));
@@ -199,14 +199,14 @@ void frmSnapshot::Form_Unload(bool& Cancel) {
         return;
     }
     EndPlacing(); // the block that was being placed goes with its window
-    --iSnapshotCount;
+    counted.reset();
     if (iSnapshotCount == 0) {
         UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
     }
 }
 
 void frmSnapshot::closeEvent(QCloseEvent* event) {
-    if (bClosed || byMemory.size() == 0) {
+    if (!counted) {
         return; // nothing is open in it any more, or never was
     }
     if (bClosing) {
@@ -217,7 +217,6 @@ void frmSnapshot::closeEvent(QCloseEvent* event) {
     bool Cancel = false;
     Form_Unload(Cancel);
     bClosing = false;
-    bClosed = !Cancel;
     event->setAccepted(!Cancel);
 }
 

@@ -14,6 +14,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 class QLabel;
 class QProgressBar;
@@ -209,8 +210,8 @@ class frmSnapshot : public QWidget {
     QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
     Pan pan;
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
-    bool bClosing = false;                                              ///< Form_Unload is under way
-    bool bClosed = false;               ///< it let the window go: nothing is asked any more
+    std::optional<CountedIn> counted;   ///< from Launch until Form_Unload lets the window go
+    bool bClosing = false;              ///< Form_Unload is under way
     std::int32_t lScrollGrabY = 0;      ///< pixel row inside cmdScroll at which a drag began
     std::int16_t iPanelButton = 0;      ///< mouse button last pressed on sbrSnapshot
     float sngMouseX = 0, sngMouseY = 0; ///< last mouse position over picImage

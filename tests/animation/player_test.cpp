@@ -225,7 +225,6 @@ TEST_F(Player, ClosesAsTheUserAnswers) {
         {true, 1, {Yes}}, {false, 1, {Yes}},   {false, 1, {Cancel}}};
     for (const auto& [named, prompt, answer] : cases) {
         frmAnimation player;
-        iAnimationCount = 0;
         Settings.bPromptSave = prompt;
         ASSERT_TRUE(named ? Open(player) : OpenNew(player));
         player.SetZoom(2);

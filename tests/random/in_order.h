@@ -6,6 +6,7 @@
 #include "snapshot/snapshot_probe.h"
 
 #include <QPointer>
+#include <QScreen>
 
 #include <map>
 #include <random>
@@ -47,6 +48,7 @@ class Inspector {
             Expect(HeldForUse(record, record.lFileLength) == record, "a record out of its limits");
         }
         CheckCommands(pressed);
+        CheckScreen();
         Expect(SnapshotProbe::Placing().IsSound(), "tool " + std::to_string(iCurrentTool));
         Expect(QGuiApplication::overrideCursor() == nullptr, "an hourglass is left");
         return faults_.str();
@@ -102,6 +104,14 @@ class Inspector {
             Expect(picture.PixelAt(x, y) == (bit != 0),
                    "pixel " + std::to_string(x) + ',' + std::to_string(y) + " is shown wrong");
         }
+    }
+
+    /// Nothing on the screen is out of date: a fresh painting shows the same.
+    void CheckScreen() {
+        QWidget& main = *MainWindow();
+        const QImage shown = main.screen()->grabWindow(main.winId()).toImage();
+        const QImage fresh = main.grab().toImage().convertToFormat(shown.format());
+        Expect(shown == fresh, "something was not repainted");
     }
 
     /// Bytes change in documents alone that know of it, and only those of a pixel in the view as it was before the

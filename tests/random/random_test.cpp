@@ -61,7 +61,6 @@ class RandomUser : public MainStage {
         return list[static_cast<std::size_t>(Pick(int(std::size(list))))];
     }
     void Begin() {
-        iSnapshotCount = iAnimationCount = 0;
         MakeFile(QStringLiteral("One.sna"), NoiseBytes(1));
         MakeFile(QStringLiteral("game one.SNA"), NoiseBytes(49179));
         MakeFile(QStringLiteral("\u00dcber & unter.z80"), NoiseBytes(700));

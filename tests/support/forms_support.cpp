@@ -17,7 +17,6 @@ Stage::Stage() : before_(SetShellNotices(this)) {
     SetProgramDirectory(directory_.path());
     SetDefaultSettings(Settings, "2.00", {});
     iCurrentTool = kToolDraw;
-    iSnapshotCount = iAnimationCount = 0;
     SetMessageBoxAnswerer([this](const MessageBox& box) {
         boxes.push_back(box.title + QLatin1Char('|') + box.text);
         if (answers.empty()) {
