@@ -40,8 +40,12 @@ void NewAnimation() {
 void OpenAnimationDialog() {
     const QString sFile = AskOpenFileName(QStringLiteral("Open animation file..."), kFilter);
     if (!sFile.isEmpty()) {
-        OpenWindow(sFile);
+        OpenAnimationFile(sFile);
     }
+}
+
+void OpenAnimationFile(const QString& sFile) {
+    OpenWindow(sFile);
 }
 
 bool SaveAnimationCommand(frmAnimation& animation) {

@@ -5,6 +5,7 @@
 #include "disk/files.h"
 #include "disk/texts.h"
 #include "shell/shell.h"
+#include "shell/window/animation_commands.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <QFileInfo>
@@ -81,6 +82,21 @@ void OpenRecentFile(std::size_t slot) {
         if (!sChosen.isEmpty()) {
             OpenWindow(sChosen, comDialog.FileTitle);
         }
+    }
+}
+
+void OpenDroppedFiles(const QList<QUrl>& dropped) {
+    for (const QUrl& url : dropped) {
+        const QString sFile =
+            url.isLocalFile() ? url.toLocalFile() : url.toDisplayString(); // which is not found
+        if (sFile.endsWith(QLatin1String(".ANM"), Qt::CaseInsensitive)) {
+            OpenAnimationFile(sFile);
+            continue;
+        }
+        if (QFileInfo(sFile).isFile()) {
+            AddRecentFile(sFile);
+        }
+        OpenSnapshotFile(sFile);
     }
 }
 

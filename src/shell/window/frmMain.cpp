@@ -7,14 +7,18 @@
 #include "controls/panel_bar.h"
 #include "controls/screen.h"
 #include "controls/toolbar.h"
+#include "shell/window/file_commands.h"
 #include "shell/window/shut_down.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
+#include <QDropEvent>
 #include <QLocale>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -50,6 +54,7 @@ frmMain::frmMain() {
     rows->addWidget(sbrMain);
     setCentralWidget(client);
 
+    setAcceptDrops(true);
     tbrMain->MouseMove = [this](double X) { tbrMain_MouseMove(X); };
     CreateCommands();
     CreateCoordsPanel();
@@ -138,6 +143,20 @@ void frmMain::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     MDIForm_Unload();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls() && QApplication::activeModalWidget() == nullptr) {
+        event->setDropAction(Qt::CopyAction); // a file is opened, and stays where it is
+        event->accept();
+    }
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // The program that the files come from waits for the end of this event, and a question may stand for long.
+    QTimer::singleShot(0, this, [dropped = event->mimeData()->urls()] { OpenDroppedFiles(dropped); });
 }
 
 void frmMain::SetStatusText(const QString& sText) {

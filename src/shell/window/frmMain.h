@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QPoint>
 #include <QPointer>
+#include <QStringList>
 
 #include <cstdint>
 #include <vector>
@@ -119,6 +120,8 @@ class frmMain : public QMainWindow, public ShellNotices {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     friend struct MainProbe; // lets tests read the controls
@@ -151,6 +154,9 @@ class frmMain : public QMainWindow, public ShellNotices {
     void CreateCommands();
     void PutOnToolbar(const Command& row, QAction& action);
     void ShowEnabled();
+    /// What the list of windows calls the documents: by their captions, those of the same caption by their folders as
+    /// well, those of the same folder, as a rule of one file, by numbers.
+    QStringList WindowNames() const;
     void FillWindowList();
 
     // ---- toolbar ----

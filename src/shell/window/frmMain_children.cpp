@@ -36,13 +36,20 @@ class DocumentFrame : public QMdiSubWindow {
         mouseMoveEvent(&move);
         QMdiSubWindow::mousePressEvent(event);
     }
+    /// The area maximises whatever comes in front of a maximised document. What has one size keeps it.
+    void changeEvent(QEvent* event) override {
+        if (isMaximized() && minimumSize() == maximumSize()) {
+            overrideWindowState(windowState() & ~Qt::WindowMaximized);
+        } else {
+            QMdiSubWindow::changeEvent(event);
+        }
+    }
 };
 
 } // namespace
 
 void frmMain::CreateClient() {
     mdiClient->setActivationOrder(QMdiArea::ActivationHistoryOrder);
-    mdiClient->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     mdiClient->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiClient->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiClient->viewport()->setMouseTracking(true);
