@@ -13,6 +13,7 @@
 #include "controls/control_table.h"
 #include "controls/picture_box.h"
 #include "controls/pictures.h"
+#include "controls/spoken.h"
 #include "controls/watch.h"
 #include "disk/texts.h"
 #include "display/lmk.h"
@@ -57,7 +58,20 @@ void frmAnimation::CreateControls() {
     setWindowTitle(QStringLiteral("animation..."));
     picImage = new PictureBox(this);
     picImage->setObjectName(QStringLiteral("picImage"));
-    picImage->setAccessibleName(QStringLiteral("Frame"));
+    SetSpoken(
+        picImage,
+        {.role = QAccessible::Graphic,
+         .name =
+             [this] {
+                 return QStringLiteral("Frame %1 of %2").arg(state.iCurrentFrame + 1).arg(record.iFrames);
+             },
+         .description =
+             [this] {
+                 return QStringLiteral("%1, %2x, %3")
+                     .arg(Latin(lmk::RowOf(record.iMode).Caption))
+                     .arg(lmk::ZoomIndexToFactor(record.iZoom))
+                     .arg(Latin(Timer1.isActive() ? "playing" : "stopped"));
+             }});
     picImage->SetBorder(kPictureBorder);
     picImage->SetBackground(QColor(192, 192, 192));
     picImage->setCursor(DrawCursor(kToolMagnify, devicePixelRatioF()));
@@ -91,11 +105,13 @@ void frmAnimation::EnableControls(bool bPlaying) {
 void frmAnimation::Play() {
     EnableControls(true);
     Timer1.start();
+    TellSpoken(picImage);
 }
 
 void frmAnimation::StopPlay() {
     Timer1.stop();
     EnableControls(false);
+    TellSpoken(picImage);
 }
 
 void frmAnimation::Timer1_Timer() {
@@ -122,6 +138,9 @@ void frmAnimation::ShowCurrentFrame() {
                    record.iUpsideDown * 128 | record.iZoom * 16 | record.iMode, record.byAttribute,
                    Settings.lPalette.data());
     picImage->update();
+    if (!Timer1.isActive()) { // nobody can listen to the frames as they fly by
+        TellSpoken(picImage);
+    }
 }
 
 QSize frmAnimation::FrameSize() const {

@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/twips.h"
 #include "controls/drawing_box.h"
+#include "controls/spoken.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>
@@ -74,6 +75,7 @@ frmHelp::frmHelp(QWidget* area) : QWidget(area), inside_(area) {
 
     shpBubble = new BubbleShape(this); // behind the others
     lblBubble = new QLabel(QStringLiteral("Hello my little cherub, how can I help you?"), this);
+    SetSpoken(lblBubble, {.role = QAccessible::AlertMessage, .name = [this] { return lblBubble->text(); }});
     lblBubble->setObjectName(QStringLiteral("lblBubble"));
     lblBubble->setGeometry(kLabel);
     lblBubble->setTextFormat(Qt::PlainText);
@@ -117,10 +119,14 @@ void frmHelp::Kill() {
 }
 
 void frmHelp::SetPrompt(const QString& sText) {
-    if (!sText.isEmpty()) {
+    const bool bNew = !sText.isEmpty() && (lblBubble->isHidden() || sText != lblBubble->text());
+    if (bNew) {
         lblBubble->setText(sText);
     }
     ShowBubble(!sText.isEmpty());
+    if (bNew) {
+        Announce(lblBubble);
+    }
 }
 
 void frmHelp::ShowBubble(bool bShow) {

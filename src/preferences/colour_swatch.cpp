@@ -1,7 +1,7 @@
 #include "preferences/colour_swatch.h"
 
-#include "controls/accessible_role.h"
 #include "controls/screen_colour.h"
+#include "controls/spoken.h"
 #include "controls/whole_pixels.h"
 
 #include <QMouseEvent>
@@ -10,7 +10,7 @@
 namespace lumrake {
 
 ColourSwatch::ColourSwatch(QWidget* parent) : QWidget(parent) {
-    SetAccessibleRole(this, QAccessible::Graphic);
+    SetSpoken(this, {.role = QAccessible::Button, .actions = {{"Press", [this] { Click(); }}}});
 }
 
 void ColourSwatch::SetBackColor(Colour colour) {

@@ -1,10 +1,10 @@
 // Controls, their places, zoom, status bar, activation.
 #include "assistant/rules/help_numbers.h"
 #include "base/twips.h"
-#include "controls/accessible_role.h"
 #include "controls/colour_button.h"
 #include "controls/panel_bar.h"
 #include "controls/spin_bar.h"
+#include "controls/spoken.h"
 #include "controls/value_box.h"
 #include "controls/watch.h"
 #include "controls/whole_pixels.h"
@@ -97,7 +97,7 @@ void frmSnapshot::CreateControls() {
     picImage = new PictureBox(picContainer);
     picImage->setFocusPolicy(Qt::StrongFocus);
     picImage->setAccessibleName(QStringLiteral("Picture"));
-    SetAccessibleRole(picContainer, QAccessible::Pane);
+    SetSpoken(picContainer, {.role = QAccessible::Pane});
     picContainer->setAccessibleName(QStringLiteral("Ground of the picture"));
     picContainer->setFocusPolicy(Qt::StrongFocus);
     imgClip = new ImageBox(picImage);

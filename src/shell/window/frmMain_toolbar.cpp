@@ -26,6 +26,7 @@ constexpr int kCoordsWidth = 2535, kCoordsHeight = 375;
 constexpr int kCoordsFromRight = 2715; ///< its left edge, counted back from the window's outer right edge
 constexpr int kIconLeft[] = {120, 1320}, kIconTop = 75;
 constexpr int kLabelLeft[] = {480, 1650}, kLabelTop = 120, kLabelWidth = 855, kLabelHeight = 255;
+constexpr const char* kLabelNames[] = {"Mouse position", "Size of the selection"}; ///< for screen readers
 // clang-format on
 
 } // namespace
@@ -36,17 +37,16 @@ void frmMain::CreateCoordsPanel() {
     panel->setGeometry(0, (tbrMain->height() - PixelsFromTwips(kCoordsHeight)) / 2,
                        PixelsFromTwips(kCoordsWidth), PixelsFromTwips(kCoordsHeight));
     picCoords = panel;
-    const char* const names[] = {"Mouse position", "Size of the selection"};
     const char* const pictures[] = {"coords/position.svg", "coords/size.svg"};
     constexpr QSize kIconSize(16, 16);
     for (std::size_t i = 0; i < std::size(pictures); ++i) {
         (new DrawingBox(Latin(pictures[i]), kIconSize, picCoords))
             ->move(PixelsFromTwips(kIconLeft[i]), PixelsFromTwips(kIconTop));
-        lblCoords[i] = new QLabel(QStringLiteral("0,0"), picCoords);
+        lblCoords[i] = new QLabel(picCoords);
         lblCoords[i]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         lblCoords[i]->setGeometry(PixelsFromTwips(kLabelLeft[i]), PixelsFromTwips(kLabelTop) - 1,
                                   PixelsFromTwips(kLabelWidth), PixelsFromTwips(kLabelHeight));
-        lblCoords[i]->setAccessibleName(Latin(names[i]));
+        frmMain::ShowCoords(static_cast<std::int16_t>(i), 0, 0); // qualified: the constructor comes here
     }
     QList<QWidget*> controls = picCoords->findChildren<QWidget*>();
     controls.push_back(picCoords);
@@ -77,7 +77,9 @@ void frmMain::menu_toolbar_Click(int Index) {
 
 void frmMain::ShowCoords(std::int16_t iIndex, double x, double y) {
     if (iIndex == 0 || iIndex == 1) {
-        lblCoords[iIndex]->setText(QString::fromStdString(TextOfNumber(x) + "," + TextOfNumber(y)));
+        const QString numbers = QString::fromStdString(TextOfNumber(x) + "," + TextOfNumber(y));
+        lblCoords[iIndex]->setText(numbers);
+        lblCoords[iIndex]->setAccessibleName(Latin(kLabelNames[iIndex]) + QLatin1Char(' ') + numbers);
     }
 }
 
