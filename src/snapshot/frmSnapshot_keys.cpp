@@ -9,6 +9,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QRegion>
 
 #include <tuple>
 
@@ -124,12 +125,10 @@ void frmSnapshot::ShowCell() {
     if (frame == cellFrame) {
         return;
     }
-    for (const QRect& each : {cellFrame, frame}) {
-        if (!each.isEmpty()) {
-            picContainer->update(each.adjusted(-1, -1, 1, 1)); // device pixels may lie across its edges
-        }
-    }
+    const QRegion touched = QRegion(cellFrame) + frame;
     cellFrame = frame;
+    picImage->UpdateArea(touched.translated(-picImage->pos()));
+    picContainer->update(touched); // what reaches over the picture's edges
 }
 
 void frmSnapshot::PaintCell(QPainter& painter, const QPoint& corner) const {
