@@ -43,6 +43,8 @@ class BitPictureView : public QWidget {
     /// X and Y count from the picture's corner, inside the border. Every press that was told is followed by its
     /// release: one that went to a menu or dialog opened meanwhile is told before the next event.
     MouseHandler MouseDown, MouseMove, MouseUp;
+    /// A press was told and its release was not.
+    bool IsPressed() const { return pressed_ != Qt::NoButton; }
 
   protected:
     /// The picture to show and its factor in logical pixels; null shows the background alone.

@@ -44,7 +44,6 @@ Outcome Refusal(std::optional<std::int64_t> length) {
 frmSnapshot::frmSnapshot() = default;
 frmSnapshot::~frmSnapshot() {
     EndPlacing();
-    disconnect(qApp, nullptr, this, nullptr); // its controls lose the focus after the window is gone
 }
 
 bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {
@@ -106,6 +105,7 @@ void frmSnapshot::ShowMem() {
     }
     DrawView();
     picImage->update();
+    ShowCell();
 }
 
 void frmSnapshot::ShowPixel(const PicturePixel& pixel) {

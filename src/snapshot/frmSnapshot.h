@@ -6,14 +6,17 @@
 #include "disk/outcome.h"
 #include "shell/shell.h"
 #include "snapshot/rules/addressing.h"
+#include "snapshot/rules/cell.h"
 #include "snapshot/rules/document.h"
 #include "snapshot/rules/placing.h"
 
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 class QLabel;
 class QProgressBar;
@@ -30,7 +33,7 @@ class ValueBox;
 /// they are looked at, shows them as a picture and edits them. One instance per opened file.
 ///
 /// The sections below stand in the order of the files: frmSnapshot.cpp (the document), _layout, _navigation,
-/// _modes, _tools, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
+/// _modes, _tools, _keys, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
 class frmSnapshot : public QWidget {
   public:
     frmSnapshot();
@@ -90,6 +93,22 @@ class frmSnapshot : public QWidget {
     /// Attribute byte of the whole view; only its low byte counts. Changes no byte of the document.
     void SetAttribute(std::int16_t iNewAttribute, bool iRefresh);
 
+    // ---- the cell cursor: frmSnapshot_keys.cpp ----
+
+    /// The picture pixel at which the keys work: always one of the picture, but that it may stand one pixel past the
+    /// right and the lower edge while it drags a net.
+    PicturePixel Cell() const;
+    /// The byte and bit under it; nothing past the end of the file.
+    std::optional<PixelAddress> CellAddress() const;
+    bool IsCellSet() const { return document.ReadPixel(Cell()) != 0; }
+    /// Moves the cell, as a mouse that holds the buttons pressed at the cell, to this picture pixel or the nearest to
+    /// it, and pans the picture so that it is in sight.
+    void MoveCell(std::int32_t x, std::int32_t y);
+    /// Presses a mouse button, 1 left or 2 right, at the cell, on the block that hangs there if there is one, and lets
+    /// it go again. Does nothing when it is pressed already, or not.
+    void PressAtCell(std::int16_t Button);
+    void ReleaseAtCell(std::int16_t Button);
+
     // ---- net: frmSnapshot_net.cpp ----
 
     /// Brings the shape into line with iNetX, iNetY, iNetWidth, iNetHeight.
@@ -113,6 +132,7 @@ class frmSnapshot : public QWidget {
     void ExportSelectionToBMP();
 
   protected:
+    bool eventFilter(QObject* control, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -175,6 +195,22 @@ class frmSnapshot : public QWidget {
     void DragTool(const MouseArgs& args);
     void HoverTool(const MouseArgs& args);
 
+    // ---- keys ----
+    void ConnectKeys();
+    /// A mouse event at the corner of the cell.
+    MouseArgs AtCell(std::int16_t Button) const;
+    /// The keys hold the picture with the Pan tool: it moves under the cell.
+    bool CellPans() const;
+    void BringCellIntoSight();
+    /// The mouse takes the cell over.
+    void MouseComes(const MouseArgs& args);
+    /// The cell may have moved, or what is under it: shows it where it now is.
+    void ShowCell();
+    /// Paints the frame of the cell, seen on every colour, into a control whose corner this is in picContainer.
+    void PaintCell(QPainter& painter, const QPoint& corner) const;
+    bool picImage_KeyDown(const QKeyEvent& key);
+    void FocusMoved(const QFocusEvent& event);
+
     // ---- net ----
     void DragNet(const MouseArgs& args);
     void EndNet();
@@ -208,6 +244,8 @@ class frmSnapshot : public QWidget {
     QString sSnapFile;  ///< true path; shown in lower case
     QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
     Pan pan;
+    CellCursor cell;
+    QRect cellFrame; ///< where it is painted, in picContainer; empty while it is not
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
     bool bClosing = false;                                              ///< Form_Unload is under way
     bool bClosed = false;               ///< it let the window go: nothing is asked any more

@@ -103,7 +103,7 @@ void frmSnapshot::imgClip_MouseMove(const MouseArgs& args) {
     MouseArgs onPicture = args;
     onPicture.X += static_cast<float>(imgClip->x());
     onPicture.Y += static_cast<float>(imgClip->y());
-    picImage_MouseMove(onPicture);
+    picImage->MouseMove(onPicture);
 }
 
 void frmSnapshot::imgClip_MouseDown(const MouseArgs& args) {

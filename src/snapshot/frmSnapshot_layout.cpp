@@ -14,7 +14,6 @@
 #include "snapshot/rules/navigation.h"
 #include "snapshot/rules/view_limits.h"
 
-#include <QApplication>
 #include <QCursor>
 #include <QLabel>
 #include <QMouseEvent>
@@ -119,14 +118,7 @@ void frmSnapshot::CreateControls() {
     CreateStatusBar();
     ConnectNavigation();
     ConnectTools();
-    // The frame round the picture shows that the keys go to it or to its ground.
-    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
-        for (const QWidget* one : {before, now}) {
-            if (one != nullptr && (one == picImage || one == picContainer)) {
-                update();
-            }
-        }
-    });
+    ConnectKeys();
 }
 
 void frmSnapshot::CreateValueBoxes() {
@@ -288,6 +280,7 @@ void frmSnapshot::SetZoom(std::int16_t NewZoom) {
 
 void frmSnapshot::SetPosition(std::int32_t iLeft, std::int32_t iTop) {
     picImage->move(iLeft, iTop);
+    ShowCell();
 }
 
 void frmSnapshot::sbrSnapshot_PanelClick(int Panel) {

@@ -23,10 +23,21 @@ const char* const kTag = "Tag";
 } // namespace
 
 void frmSnapshot::ConnectTools() {
-    picImage->MouseDown = [this](const MouseArgs& args) { picImage_MouseDown(args); };
-    picImage->MouseMove = [this](const MouseArgs& args) { picImage_MouseMove(args); };
+    picImage->MouseDown = [this](const MouseArgs& args) {
+        ReleaseAtCell(kLeft); // one hand at a time
+        ReleaseAtCell(kRight);
+        MouseComes(args);
+        picImage_MouseDown(args);
+    };
+    picImage->MouseMove = [this](const MouseArgs& args) {
+        MouseComes(args);
+        picImage_MouseMove(args);
+    };
     picImage->MouseUp = [this](const MouseArgs& args) { picImage_MouseUp(args); };
-    picImage->Overlay = [this](QPainter& painter, const QRect& exposed) { PaintNet(painter, exposed); };
+    picImage->Overlay = [this](QPainter& painter, const QRect& exposed) {
+        PaintNet(painter, exposed);
+        PaintCell(painter, picImage->pos());
+    };
     imgClip->MouseDown = [this](const MouseArgs& args) { imgClip_MouseDown(args); };
     imgClip->MouseMove = [this](const MouseArgs& args) { imgClip_MouseMove(args); };
     SetHelp(picImage, kHelpPicture);
