@@ -1,5 +1,6 @@
 #include "controls/spoken.h"
 
+#include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QVariant>
@@ -28,6 +29,14 @@ class SpokenControl : public QAccessibleWidget, public QAccessibleValueInterface
     explicit SpokenControl(QWidget* control) : QAccessibleWidget(control) {}
 
     QAccessible::Role role() const override { return Words().role; }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget())) {
+            state.checkable = button->isCheckable();
+            state.checked = button->isChecked();
+        }
+        return state;
+    }
     QString text(QAccessible::Text which) const override {
         const auto& words = which == QAccessible::Name ? Words().name : Words().description;
         const bool own = (which == QAccessible::Name || which == QAccessible::Description) && words;
@@ -91,6 +100,10 @@ void SetSpoken(QWidget* control, Spoken spoken) {
     QAccessible::installFactory(MakeInterface); // once; the toolkit keeps no second one
     control->setProperty(kSpoken,
                          QVariant::fromValue(std::make_shared<Told>(Told{std::move(spoken), {}, {}})));
+    if (QAccessible::isActive()) { // readers may know it already, as what the toolkit took it for
+        QAccessible::deleteAccessibleInterface(
+            QAccessible::uniqueId(QAccessible::queryAccessibleInterface(control)));
+    }
 }
 
 void TellSpoken(QWidget* control) {

@@ -26,8 +26,7 @@ struct Spoken {
     std::function<void(int)> setValue{};
 };
 
-/// A control keeps its first class: to be called before it gets a name or is shown, if only with a role. Later calls
-/// take the place of the one before.
+/// Takes the place of what was said of the control before.
 void SetSpoken(QWidget* control, Spoken spoken);
 
 /// Lets screen readers know when the name or description is no longer what it was at the last call; costs nothing

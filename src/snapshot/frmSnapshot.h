@@ -33,7 +33,7 @@ class ValueBox;
 /// they are looked at, shows them as a picture and edits them. One instance per opened file.
 ///
 /// The sections below stand in the order of the files: frmSnapshot.cpp (the document), _layout, _navigation,
-/// _modes, _tools, _keys, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
+/// _modes, _tools, _keys, _spoken, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
 class frmSnapshot : public QWidget {
   public:
     frmSnapshot();
@@ -108,6 +108,11 @@ class frmSnapshot : public QWidget {
     /// it go again. Does nothing when it is pressed already, or not.
     void PressAtCell(std::int16_t Button);
     void ReleaseAtCell(std::int16_t Button);
+
+    // ---- by ear: frmSnapshot_spoken.cpp ----
+
+    /// What a screen reader hears of the picture may have changed: the cell, the tool, a block that hangs.
+    void TellPicture() const;
 
     // ---- net: frmSnapshot_net.cpp ----
 
@@ -210,6 +215,11 @@ class frmSnapshot : public QWidget {
     void PaintCell(QPainter& painter, const QPoint& corner) const;
     bool picImage_KeyDown(const QKeyEvent& key);
     void FocusMoved(const QFocusEvent& event);
+
+    // ---- by ear ----
+    void ConnectSpeech();
+    QString CellWords() const; ///< "12, 34, set, byte 21397, bit 3"
+    QString ViewWords() const; ///< "Picture, Graphics, 1x, Draw"
 
     // ---- net ----
     void DragNet(const MouseArgs& args);

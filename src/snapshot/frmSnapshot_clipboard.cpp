@@ -79,6 +79,7 @@ void frmSnapshot::HangBlock() {
     imgClip->update();
     imgClip->show();
     SetShape(shpNet.Around(placing.block));
+    TellPicture();
 }
 
 void frmSnapshot::TakeBlockOff() {
@@ -92,6 +93,7 @@ void frmSnapshot::EndPlacing() {
     if (IsPlacing()) {
         TakeBlockOff();
         placing.End();
+        TellPicture();
     }
 }
 

@@ -117,6 +117,7 @@ void frmSnapshot::MouseComes(const MouseArgs& args) {
 }
 
 void frmSnapshot::ShowCell() {
+    TellPicture();
     const bool bShown = cell.bByKeys && picImage->hasFocus();
     const int z = view.iZoomFactor;
     const QRect frame = bShown ? QRect(picImage->pos() + QPoint(Cell().x, Cell().y) * z, QSize(z, z))

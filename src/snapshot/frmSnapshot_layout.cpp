@@ -95,11 +95,13 @@ void frmSnapshot::CreateControls() {
     PaintGround(picContainer, QColor(0, 128, 128));
     picImage = new PictureBox(picContainer);
     picImage->setFocusPolicy(Qt::StrongFocus);
+    ConnectSpeech();
     picImage->setAccessibleName(QStringLiteral("Picture"));
     SetSpoken(picContainer, {.role = QAccessible::Pane});
     picContainer->setAccessibleName(QStringLiteral("Ground of the picture"));
     picContainer->setFocusPolicy(Qt::StrongFocus);
     imgClip = new ImageBox(picImage);
+    imgClip->setAccessibleName(QStringLiteral("Block"));
     imgClip->setGeometry(8, 8, 65, 65);
     imgClip->hide();
 

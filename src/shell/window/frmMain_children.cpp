@@ -6,6 +6,7 @@
 #include "animation/frmAnimation.h"
 #include "assistant/rules/help_numbers.h"
 #include "controls/message_box.h"
+#include "controls/spoken.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
@@ -49,6 +50,7 @@ class DocumentFrame : public QMdiSubWindow {
 } // namespace
 
 void frmMain::CreateClient() {
+    SetSpoken(mdiClient, {.role = QAccessible::LayeredPane}); // the toolkit's own tells of no assistant
     mdiClient->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     mdiClient->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiClient->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

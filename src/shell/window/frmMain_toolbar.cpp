@@ -85,11 +85,15 @@ void frmMain::ShowCoords(std::int16_t iIndex, double x, double y) {
 
 void frmMain::tbrMain_ButtonClick(int Tool) {
     iCurrentTool = static_cast<std::int16_t>(Tool);
+    frmSnapshot* snapshot = ActiveSnapshot();
     if (Tool != kToolNet) { // the others end a selection
         EnableNetCommands(false);
-        if (frmSnapshot* snapshot = ActiveSnapshot()) {
+        if (snapshot != nullptr) {
             snapshot->ClearNet();
         }
+    }
+    if (snapshot != nullptr) {
+        snapshot->TellPicture();
     }
 }
 

@@ -1,0 +1,16 @@
+#!/usr/bin/env bash
+# A walk by ear: spoken.py acts for somebody with a screen reader; what it heard, it has waited for. Here the bytes are
+# compared.
+source "$(dirname "$0")/stage.sh"
+open_stage
+unset NO_AT_BRIDGE
+export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+cp "$files/sample.sna" "$stage/before"
+(cd "$files" && dbus-run-session -- /usr/bin/python3 "$here/spoken.py" "$app/lumrake") >"$stage/stderr" 2>&1 ||
+    fail "not all was heard"
+
+view=1,27,256,192,1,0
+spectrum set "$stage/before" "$view" 0,0,1 0,1,1 128,90,0 > "$stage/drawn"
+spectrum move "$stage/drawn" "$view" 49,100,20,30 "$stage/drawn" "$view" 5,5 > "$stage/after"
+same_bytes "$files/sample.sna" "$stage/after"
+expect "the prompt in the settings, and Mr Fizzlet" "0 -1" "$(value "$app/LMK.CFG" 440 2) $(value "$app/LMK.CFG" 524 2)"
