@@ -252,7 +252,7 @@ void frmAnimation::keyPressEvent(QKeyEvent* event) {
         cmdControl[4]->click();
         return;
     }
-    if (picImage->hasFocus() && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+    if (focusWidget() == picImage && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
         for (const auto& [key, Index] : kPictureKeys) {
             if (event->key() == key && cmdControl[Index]->isEnabled()) {
                 if (key != Qt::Key_Space || !event->isAutoRepeat()) {

@@ -131,5 +131,23 @@ TEST_F(Keys, DoWhatTheTableSays) {
     }
 }
 
+TEST_F(Keys, TheGridLiesBetweenThePixelsFrom8xUp) {
+    const SnapshotProbe window = Open(std::vector<std::uint8_t>(2000));
+    for (const std::int16_t zoom : {std::int16_t{3}, std::int16_t{4}}) {
+        window.form.SetZoom(zoom);
+        const QImage plain = window.Picture().grab().toImage();
+        Do(window, "G");
+        const QImage grid = window.Picture().grab().toImage();
+        Do(window, "G");
+        EXPECT_EQ(window.Picture().grab().toImage(), plain);
+        for (int x = 0; x < 256; ++x) {
+            const bool line = zoom == 4 && (x % 8 == 0 || x % 64 == 1); // each eighth is two thick
+            EXPECT_EQ(grid.pixel(x, 5) != plain.pixel(x, 5), line) << x;
+            EXPECT_EQ(grid.pixel(5, x % 160) != plain.pixel(5, x % 160),
+                      zoom == 4 && (x % 160 % 8 == 0 || x % 160 % 64 == 1));
+        }
+    }
+}
+
 } // namespace
 } // namespace lumrake
