@@ -24,6 +24,7 @@
 #include <QPointer>
 
 #include <string_view>
+#include <utility>
 
 namespace lumrake {
 
@@ -48,6 +49,10 @@ constexpr PlayerRow kControls[] = {
     {"PLAY",    "Play",    "animation/play.svg",    "",       kHelpPlay,    24, true},
     {"FORWARD", "Forward", "animation/forward.svg", "",       kHelpForward, 24, true},
     {"SETUP",   "Setup",   "",                      "&Setup", kHelpSetup,   49, true},
+};
+/// A key on the picture and the control that it stands for while that can be clicked.
+constexpr std::pair<int, int> kPictureKeys[] = {
+    {Qt::Key_Left, 0}, {Qt::Key_Space, 1}, {Qt::Key_Space, 2}, {Qt::Key_Right, 3},
 };
 // clang-format on
 
@@ -265,6 +270,16 @@ void frmAnimation::keyPressEvent(QKeyEvent* event) {
     if (IsSetupKey(*event)) {
         cmdControl[4]->click();
         return;
+    }
+    if (focusWidget() == picImage && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+        for (const auto& [key, Index] : kPictureKeys) {
+            if (event->key() == key && cmdControl[Index]->isEnabled()) {
+                if (key != Qt::Key_Space || !event->isAutoRepeat()) {
+                    cmdControl_Click(Index);
+                }
+                return;
+            }
+        }
     }
     QWidget::keyPressEvent(event);
 }

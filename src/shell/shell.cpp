@@ -87,6 +87,10 @@ void PopupSnapshotMenu(const QPoint& screenPlace) {
     registered->PopupSnapshotMenu(screenPlace);
 }
 
+void ChooseTool(std::int16_t iTool) {
+    registered->ChooseTool(iTool);
+}
+
 void ShowRecentFiles() {
     registered->ShowRecentFiles();
 }

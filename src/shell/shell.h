@@ -50,6 +50,7 @@ class ShellNotices {
     virtual void ShowModeTick(std::int16_t) {}
     virtual void ShowFlipTick(bool) {}
     virtual void PopupSnapshotMenu(const QPoint&) {}
+    virtual void ChooseTool(std::int16_t) {}
     virtual void ShowRecentFiles() {}
     virtual void AdoptChild(QWidget*) {}
     virtual bool SaveBeforeClosing(QWidget*) { return false; }
@@ -80,6 +81,8 @@ void ShowModeTick(std::int16_t iMode);
 void ShowFlipTick(bool bOn);
 /// Opens the Snapshot menu as a pop-up at a place on the screen and waits for its end.
 void PopupSnapshotMenu(const QPoint& screenPlace);
+/// Presses the button of a tool (2 to 5) on the toolbar, where it is shown and enabled.
+void ChooseTool(std::int16_t iTool);
 /// Shows the recent list as it now is in the File menu.
 void ShowRecentFiles();
 /// Puts a new child into a frame of the main window's area, hidden. The frame then owns the child. Without a

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/memory_block.h"
+#include "base/wheel_steps.h"
 #include "controls/control_array.h"
 #include "controls/picture_box.h"
 #include "disk/outcome.h"
@@ -108,6 +109,9 @@ class frmSnapshot : public QWidget {
     /// it go again. Does nothing when it is pressed already, or not.
     void PressAtCell(std::int16_t Button);
     void ReleaseAtCell(std::int16_t Button);
+    /// Lets go of a block that hangs on the mouse, in whichever window: the file is not touched and the tool of before
+    /// comes back. False when there is none.
+    static bool LetBlockGo();
 
     // ---- by ear: frmSnapshot_spoken.cpp ----
 
@@ -138,6 +142,7 @@ class frmSnapshot : public QWidget {
 
   protected:
     bool eventFilter(QObject* control, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -183,13 +188,16 @@ class frmSnapshot : public QWidget {
     void RestAddressBar();
     void scrAddr_Change(int newValue);
     void scrValue_Change(int Index, int newValue);
+    /// A click on an arrow of the spin button, as far as that is enabled.
+    void StepValue(int Index, bool bUp);
     void txtValue_Change(int Index);
     void cmdScroll_MouseDown(const MouseArgs& args);
     void cmdScroll_MouseMove(const MouseArgs& args);
     void cmdScroll_MouseUp(const MouseArgs& args);
 
     // ---- modes ----
-    void cmdColour_Click(int Index);
+    /// To the next of the eight colours, or to the one before.
+    void cmdColour_Click(int Index, bool bBack = false);
 
     // ---- tools ----
     void ConnectTools();
@@ -213,7 +221,21 @@ class frmSnapshot : public QWidget {
     void ShowCell();
     /// Paints the frame of the cell, seen on every colour, into a control whose corner this is in picContainer.
     void PaintCell(QPainter& painter, const QPoint& corner) const;
-    bool picImage_KeyDown(const QKeyEvent& key);
+    /// The byte under the cell, or under the mouse, whichever moved last; nothing where neither is on the picture.
+    std::optional<ByteUnder> PointedByte() const;
+    QRect ByteLinesPlace() const;
+    void PaintByteLines(QPainter& painter) const;
+    void ToggleGrid();
+    void PaintGrid(QPainter& painter, const QRect& exposed) const;
+    /// Pans by screen pixels, as far as there is picture.
+    void PanBy(int across, int down);
+    /// Takes the byte under the cell as the offset; nothing happens past the end of the file.
+    void OffsetToCell();
+    bool picImage_KeyDown(const QKeyEvent& key, bool bLong);
+    bool KeyDown(const QObject* control, QKeyEvent& key);
+    struct WheelRow;
+    static const WheelRow kWheel[];
+    void Turned(const QObject* control, const QWheelEvent& turn);
     void FocusMoved(const QFocusEvent& event);
 
     // ---- by ear ----
@@ -255,6 +277,9 @@ class frmSnapshot : public QWidget {
     QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
     Pan pan;
     CellCursor cell;
+    std::optional<ByteUnder> shownByte; ///< in the lines below the columns
+    WheelSteps wheel, sideWheel;        ///< turned up and down, and sideways
+    inline static bool bGrid = false;
     QRect cellFrame; ///< where it is painted, in picContainer; empty while it is not
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
     bool bClosing = false;                                              ///< Form_Unload is under way

@@ -260,7 +260,11 @@ void frmSnapshot::resizeEvent(QResizeEvent*) {
     }
 }
 
-void frmSnapshot::paintEvent(QPaintEvent*) {
+void frmSnapshot::paintEvent(QPaintEvent* event) {
+    if (cmdOptions != nullptr && event->rect().intersects(ByteLinesPlace())) {
+        QPainter painter(this);
+        PaintByteLines(painter);
+    }
     if (picImage != nullptr && (picImage->hasFocus() || picContainer->hasFocus())) {
         QPainter painter(this);
         const QBrush brush(palette().color(QPalette::Highlight),

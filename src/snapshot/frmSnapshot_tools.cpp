@@ -35,6 +35,7 @@ void frmSnapshot::ConnectTools() {
     };
     picImage->MouseUp = [this](const MouseArgs& args) { picImage_MouseUp(args); };
     picImage->Overlay = [this](QPainter& painter, const QRect& exposed) {
+        PaintGrid(painter, exposed);
         PaintNet(painter, exposed);
         PaintCell(painter, picImage->pos());
     };
@@ -67,6 +68,7 @@ void frmSnapshot::picImage_MouseMove(const MouseArgs& args) {
     }
     sngMouseX = args.X;
     sngMouseY = args.Y;
+    ShowCell();
 }
 
 void frmSnapshot::picImage_MouseUp(const MouseArgs&) {

@@ -81,6 +81,8 @@ class Inspector {
                    in(view.iZoom, 1, 5) && view.iZoomFactor == 1 << (view.iZoom - 1) &&
                    in(view.iUpsideDown, 0, 1),
                "out of limits: " + probe.Texts() + " mode " + std::to_string(view.iMode));
+        const PicturePixel at = probe.form.Cell();
+        Expect(in(at.x, 0, view.PictureWidth()) && in(at.y, 0, view.iLines), "the cell lies outside");
         const std::int32_t numbers[] = {view.lOffset, view.iWidth, view.iLines, view.iColumns};
         for (std::size_t box = 0; box < 4; ++box) {
             const QString text = probe.Box(box).text();

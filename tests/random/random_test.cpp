@@ -170,6 +170,27 @@ class RandomUser : public MainStage {
         Send(*grabber_, type, button, held_, at);
     }
 
+    /// The keys of the picture, held too, and the wheel over anything.
+    void KeyOrTurn(const SnapshotProbe& probe) {
+        const Qt::KeyboardModifiers with[] = {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
+                                              Qt::ShiftModifier};
+        if (Once(4)) {
+            QWidget* const over[] = {&probe.Picture(), &probe.Track(), &probe.Box(0), &probe.Spin(2)};
+            const QPointF at(Pick(200), Pick(200));
+            QWheelEvent turn(at, probe.form.mapToGlobal(at), {}, {Pick(481) - 240, Pick(481) - 240}, held_,
+                             OneOf(with) | OneOf(with), Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(OneOf(over), &turn);
+            return;
+        }
+        const int keys[] = {
+            Qt::Key_Left,  Qt::Key_Right, Qt::Key_Up,        Qt::Key_Down,   Qt::Key_Home,   Qt::Key_End,
+            Qt::Key_Space, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Escape, Qt::Key_PageDown,
+            Qt::Key_G,     Qt::Key_D,     Qt::Key_Z,         Qt::Key_S,      Qt::Key_P};
+        Once(8) ? probe.Picture().setFocus(Qt::TabFocusReason) : void();
+        QKeyEvent stroke(Once(3) ? QEvent::KeyRelease : QEvent::KeyPress, OneOf(keys), OneOf(with));
+        QCoreApplication::sendEvent(&probe.Picture(), &stroke);
+    }
+
     void Tick() {
         for (frmAnimation* animation : Forms<frmAnimation>()) {
             QTimer& timer = AnimationProbe{*animation}.Timer();
@@ -196,7 +217,7 @@ class RandomUser : public MainStage {
         if (windows == 0 || (n < 3 && windows < 5)) {
             Click(n % 3 == 0 ? Menu::menu_animation : Menu::menu_open, n % 3 == 0 ? 2 : 0);
         } else if (n < 60 && active != nullptr) {
-            n < 48 ? Draw({*active}) : UseOneOf(*active);
+            n < 36 ? Draw({*active}) : n < 48 ? KeyOrTurn({*active}) : UseOneOf(*active);
         } else if (n < 70) {
             Key();
         } else if (n < 78) {

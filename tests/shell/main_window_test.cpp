@@ -207,6 +207,8 @@ TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {
     EXPECT_EQ(menu->windowHandle(), nullptr) << "it has never been open";
     QTest::mouseRelease(main.windowHandle(), Qt::RightButton, {}, at(40, 70));
     QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, at(40, 70));
+    QTest::keyClick(KeysGoTo(), Qt::Key_Minus, Qt::AltModifier);
+    EXPECT_NE(menu->windowHandle(), nullptr);
 }
 
 /// What the commands are given to (see Program); the captions of the menu entry; the ways to it: letters, its key, the
@@ -271,6 +273,11 @@ const Command kCommands[] = {
     {'0', "",                                 "",         "F6, Right, Left",  "",        " | Open snapshot"},
     {'S', "",                                 "",         "F6, Right, Esc",   "",        " | Offset"},
     {'S', "",                                 "",         "F6, F6",           "",        " | Offset"},
+    {'D', "",                                 "",         "D",                "",        "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw | Picture"},
+    {'D', "",                                 "",         "Z",                "",        "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom | Picture"},
+    {'D', "",                                 "",         "P, S",             "",        "bar eee ddd eeee ee eed | net off | Picture"},
+    {'D', "",                                 "",         "Ctrl+F3, Z",       "",        "Drawing off | bar eee eed ee eed | tool 4 | Picture"}, // a hidden button
+    {'P', "",                                 "",         "Esc",              "",        "cursor 2 16 16 | net off | tool 2 Draw | Offset"},
 };
 // clang-format on
 

@@ -61,6 +61,11 @@ frmMain::frmMain() {
     // The tools have no menu entry, so this is how they are chosen without a mouse.
     connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, tbrMain, &Toolbar::TakeKeys);
     CreateClient();
+    connect(new QShortcut(Qt::ALT | Qt::Key_Minus, this), &QShortcut::activated, this, [this] {
+        if (QWidget* active = ActiveForm()) {
+            static_cast<QMdiSubWindow*>(ChildFrame(active))->showSystemMenu();
+        }
+    });
     sbrMain->AddPanel({.Key = {},
                        .Text = kNoDocument,
                        .ToolTipText = {},

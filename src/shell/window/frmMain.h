@@ -104,6 +104,7 @@ class frmMain : public QMainWindow, public ShellNotices {
     /// Shows and hides the groups of buttons and the co-ordinates panel by bToolbarVisible.
     void ArrangeToolbars();
     void ShowCoords(std::int16_t iIndex, double x, double y) override;
+    void ChooseTool(std::int16_t iTool) override;
 
     // ---- children: frmMain_children.cpp ----
 

@@ -83,6 +83,12 @@ void frmMain::ShowCoords(std::int16_t iIndex, double x, double y) {
     }
 }
 
+void frmMain::ChooseTool(std::int16_t iTool) {
+    if (QAction* button = Entry(Menu::tbrMain, iTool); tbrMain->actions().contains(button)) {
+        button->trigger();
+    }
+}
+
 void frmMain::tbrMain_ButtonClick(int Tool) {
     iCurrentTool = static_cast<std::int16_t>(Tool);
     frmSnapshot* snapshot = ActiveSnapshot();
