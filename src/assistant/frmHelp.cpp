@@ -119,12 +119,12 @@ void frmHelp::Kill() {
 }
 
 void frmHelp::SetPrompt(const QString& sText) {
-    const bool bNew = !sText.isEmpty() && (lblBubble->isHidden() || sText != lblBubble->text());
-    if (bNew) {
+    const bool bOther = !lblBubble->isHidden() && !sText.isEmpty() && sText != lblBubble->text();
+    if (!sText.isEmpty()) {
         lblBubble->setText(sText);
     }
     ShowBubble(!sText.isEmpty());
-    if (bNew) {
+    if (bOther) { // a bubble that comes up is read out anyway
         Announce(lblBubble);
     }
 }

@@ -100,10 +100,9 @@ void SetSpoken(QWidget* control, Spoken spoken) {
     QAccessible::installFactory(MakeInterface); // once; the toolkit keeps no second one
     control->setProperty(kSpoken,
                          QVariant::fromValue(std::make_shared<Told>(Told{std::move(spoken), {}, {}})));
-    if (QAccessible::isActive()) { // readers may know it already, as what the toolkit took it for
-        QAccessible::deleteAccessibleInterface(
-            QAccessible::uniqueId(QAccessible::queryAccessibleInterface(control)));
-    }
+    // The toolkit keeps what it took the control for when it was first told of it, be it by its constructor.
+    QAccessible::deleteAccessibleInterface(
+        QAccessible::uniqueId(QAccessible::queryAccessibleInterface(control)));
 }
 
 void TellSpoken(QWidget* control) {

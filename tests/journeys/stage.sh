@@ -5,7 +5,7 @@
 set -euo pipefail
 
 build=$1
-here=$(dirname "${BASH_SOURCE[0]}")
+here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 stage=${stage:-$(mktemp -d "${TMPDIR:-/tmp}/lumrake-journey.XXXXXX")}
 app=$stage/app       # the program's directory, with its settings and help file
 files=$stage/files   # the user's files; the program starts here
@@ -87,6 +87,16 @@ find_main() {
 start_program() {
     launch REHEARS # no splash
     find_main
+}
+
+# walk_by_ear: spoken.py on a bus of its own, in place of the program; what it heard, it has waited for.
+walk_by_ear() {
+    (
+        unset NO_AT_BRIDGE
+        export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+        cd "$files"
+        exec dbus-run-session -- /usr/bin/python3 "$here/spoken.py" "$app/lumrake"
+    ) >"$stage/stderr" 2>&1 || fail "not all was heard"
 }
 
 window() { xdotool search --onlyvisible --name "$1" | tail -n 1; }

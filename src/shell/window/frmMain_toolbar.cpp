@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "base/twips.h"
 #include "controls/drawing_box.h"
+#include "controls/spoken.h"
 #include "controls/toolbar.h"
 #include "controls/watch.h"
 #include "disk/texts.h"
@@ -26,7 +27,7 @@ constexpr int kCoordsWidth = 2535, kCoordsHeight = 375;
 constexpr int kCoordsFromRight = 2715; ///< its left edge, counted back from the window's outer right edge
 constexpr int kIconLeft[] = {120, 1320}, kIconTop = 75;
 constexpr int kLabelLeft[] = {480, 1650}, kLabelTop = 120, kLabelWidth = 855, kLabelHeight = 255;
-constexpr const char* kLabelNames[] = {"Mouse position", "Size of the selection"}; ///< for screen readers
+constexpr const char* kLabelNames[] = {"Mouse position ", "Size of the selection "}; ///< for screen readers
 // clang-format on
 
 } // namespace
@@ -42,11 +43,12 @@ void frmMain::CreateCoordsPanel() {
     for (std::size_t i = 0; i < std::size(pictures); ++i) {
         (new DrawingBox(Latin(pictures[i]), kIconSize, picCoords))
             ->move(PixelsFromTwips(kIconLeft[i]), PixelsFromTwips(kIconTop));
-        lblCoords[i] = new QLabel(picCoords);
-        lblCoords[i]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        lblCoords[i]->setGeometry(PixelsFromTwips(kLabelLeft[i]), PixelsFromTwips(kLabelTop) - 1,
-                                  PixelsFromTwips(kLabelWidth), PixelsFromTwips(kLabelHeight));
-        frmMain::ShowCoords(static_cast<std::int16_t>(i), 0, 0); // qualified: the constructor comes here
+        auto* label = lblCoords[i] = new QLabel(QStringLiteral("0,0"), picCoords);
+        label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        label->setGeometry(PixelsFromTwips(kLabelLeft[i]), PixelsFromTwips(kLabelTop) - 1,
+                           PixelsFromTwips(kLabelWidth), PixelsFromTwips(kLabelHeight));
+        SetSpoken(label, {.role = QAccessible::StaticText,
+                          .name = [label, name = kLabelNames[i]] { return Latin(name) + label->text(); }});
     }
     QList<QWidget*> controls = picCoords->findChildren<QWidget*>();
     controls.push_back(picCoords);
@@ -77,9 +79,7 @@ void frmMain::menu_toolbar_Click(int Index) {
 
 void frmMain::ShowCoords(std::int16_t iIndex, double x, double y) {
     if (iIndex == 0 || iIndex == 1) {
-        const QString numbers = QString::fromStdString(TextOfNumber(x) + "," + TextOfNumber(y));
-        lblCoords[iIndex]->setText(numbers);
-        lblCoords[iIndex]->setAccessibleName(Latin(kLabelNames[iIndex]) + QLatin1Char(' ') + numbers);
+        lblCoords[iIndex]->setText(QString::fromStdString(TextOfNumber(x) + "," + TextOfNumber(y)));
     }
 }
 
