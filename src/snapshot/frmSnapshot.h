@@ -11,6 +11,7 @@
 #include "snapshot/rules/document.h"
 #include "snapshot/rules/placing.h"
 
+#include <QBasicTimer>
 #include <QRect>
 #include <QString>
 #include <QWidget>
@@ -143,6 +144,7 @@ class frmSnapshot : public QWidget {
   protected:
     bool eventFilter(QObject* control, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -277,8 +279,9 @@ class frmSnapshot : public QWidget {
     QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
     Pan pan;
     CellCursor cell;
-    std::optional<ByteUnder> shownByte; ///< in the lines below the columns
-    WheelSteps wheel, sideWheel;        ///< turned up and down, and sideways
+    std::optional<ByteUnder> shownByte; ///< in the lines below the columns, after a little while
+    QBasicTimer byteDelay;
+    WheelSteps wheel, sideWheel; ///< turned up and down, and sideways
     inline static bool bGrid = false;
     QRect cellFrame; ///< where it is painted, in picContainer; empty while it is not
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons

@@ -54,7 +54,7 @@ void frmSnapshot::Paste() {
     }
     placing.Begin(this);
     HangBlock();
-    picImage_MouseMove({0, sngMouseX, sngMouseY});
+    picImage_MouseMove(cell.bByKeys ? AtCell(0) : MouseArgs{0, sngMouseX, sngMouseY});
     EnableNetCommands(false);
 }
 

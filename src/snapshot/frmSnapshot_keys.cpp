@@ -35,6 +35,7 @@ constexpr int kPanStep = 32;                  // of an arrow key, in logical pix
 constexpr int kPanAngle = 15, kPanPixels = 8; // of a wheel that turns sideways
 constexpr int kFirstWheelRow = 4;             // behind the value boxes, for WheelSteps
 constexpr int kByteLine = 17, kByteText = 10; // height of a line about a byte, and of its text
+constexpr int kByteDelay = 40;                // milliseconds until they are painted
 constexpr int kCellFrame = 2; // lines round the cell, one dark and one light, in logical pixels
 
 /// Across and down; 0 for what is no arrow.
@@ -101,8 +102,9 @@ void frmSnapshot::MoveCell(std::int32_t x, std::int32_t y) {
     cell.pixel = Cell();
     MouseArgs args = AtCell(cell.iButtons);
     if (CellPans()) { // the mouse goes on beyond the edges, and the picture with it
-        args.X = static_cast<float>(x * view.iZoomFactor);
-        args.Y = static_cast<float>(y * view.iZoomFactor);
+        const auto z = static_cast<float>(view.iZoomFactor);
+        args.X = static_cast<float>(x) * z;
+        args.Y = static_cast<float>(y) * z;
     } else {
         BringCellIntoSight();
     }
@@ -163,7 +165,9 @@ void frmSnapshot::ShowCell() {
                                : QRect();
     if (const auto byte = PointedByte(); byte != shownByte) {
         shownByte = byte;
-        update(ByteLinesPlace());
+        if (!byteDelay.isActive()) { // a stroke asks for this at every pixel
+            byteDelay.start(kByteDelay, this);
+        }
     }
     if (frame == cellFrame) {
         return;
@@ -183,6 +187,11 @@ std::optional<ByteUnder> frmSnapshot::PointedByte() const {
                           static_cast<float>(cell.iMouseTop - picImage->y())};
     const auto pixel = bCell ? HeldInside(view, Cell().x, Cell().y) : PixelUnder(view, mouse.X, mouse.Y);
     return pixel ? std::optional(ByteAt(document.Bytes(), view, *pixel)) : std::nullopt;
+}
+
+void frmSnapshot::timerEvent(QTimerEvent*) {
+    byteDelay.stop();
+    update(ByteLinesPlace());
 }
 
 /// Between the columns and the options: as many lines as there is room for.
@@ -396,6 +405,9 @@ bool frmSnapshot::eventFilter(QObject* control, QEvent* event) {
     const bool bPicture = control == picImage;
     switch (event->type()) {
     case QEvent::Wheel:
+        if (control == cmdColour[0] || control == cmdColour[1]) {
+            return false;
+        }
         Turned(control, static_cast<QWheelEvent&>(*event));
         event->accept();
         return true;
