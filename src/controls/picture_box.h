@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QWidget>
 
+#include <cstdint>
 #include <functional>
 
 namespace lumrake {
@@ -17,6 +18,9 @@ struct MouseArgs {
     float X = 0;             ///< logical screen pixels from the widget's corner, negative or past its size
     float Y = 0;             ///< while a button is held outside
 };
+
+/// Buttons, as values of MouseArgs::Button.
+inline constexpr std::int16_t kLeftButton = 1, kRightButton = 2;
 
 using MouseHandler = std::function<void(const MouseArgs&)>;
 

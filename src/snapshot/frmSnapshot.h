@@ -217,7 +217,7 @@ class frmSnapshot : public QWidget {
     /// The cell may have moved, or what is under it: shows it where it now is.
     void ShowCell();
     /// Paints the frame of the cell, seen on every colour, into a control whose corner this is in picContainer.
-    void PaintCell(QPainter& painter, const QPoint& corner) const;
+    void PaintCell(QPainter& painter, const QRect& exposed, const QPoint& corner) const;
     /// The byte under the cell, or under the mouse, whichever moved last; nothing where neither is on the picture.
     std::optional<ByteUnder> PointedByte() const;
     QRect ByteLinesPlace() const;
@@ -226,8 +226,6 @@ class frmSnapshot : public QWidget {
     void PaintGrid(QPainter& painter, const QRect& exposed) const;
     /// Pans by screen pixels, as far as there is picture.
     void PanBy(int across, int down);
-    /// Takes the byte under the cell as the offset; nothing happens past the end of the file.
-    void OffsetToCell();
     bool picImage_KeyDown(const QKeyEvent& key, bool bLong);
     bool KeyDown(const QObject* control, QKeyEvent& key);
     struct WheelRow;

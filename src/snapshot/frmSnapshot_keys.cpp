@@ -13,22 +13,24 @@
 
 #include <QApplication>
 #include <QFocusEvent>
+#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <QRegion>
+#include <QTimerEvent>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cstdlib>
 #include <initializer_list>
+#include <string>
 #include <utility>
 
 namespace lumrake {
 
 namespace {
 
-constexpr std::int16_t kLeft = 1, kRight = 2; // mouse buttons
 constexpr int kLongStep = 8;
 constexpr int kLeastGridFactor = 8;
 constexpr int kPanStep = 32;                  // of an arrow key, in logical pixels
@@ -54,7 +56,7 @@ constexpr std::pair<int, Tool> kToolKeys[] = {
 
 /// The mouse button that a key stands for; 0 for none.
 std::int16_t ButtonOf(int key) {
-    return key == Qt::Key_Space ? kLeft : key == Qt::Key_Backspace ? kRight : std::int16_t{0};
+    return key == Qt::Key_Space ? kLeftButton : key == Qt::Key_Backspace ? kRightButton : std::int16_t{0};
 }
 
 } // namespace
@@ -71,7 +73,8 @@ void frmSnapshot::ConnectKeys() {
     for (int i = 0; i < static_cast<int>(cmdColour.size()); ++i) {
         cmdColour[i]->installEventFilter(this);
         Watch(cmdColour[i]).MouseUp = [this, i](const MouseArgs& args) {
-            if (args.Button == kRight && cmdColour[i]->rect().contains(int(args.X), int(args.Y))) {
+            const QPointF at(args.X, args.Y);
+            if (args.Button == kRightButton && QRectF(cmdColour[i]->rect()).contains(at)) {
                 cmdColour_Click(i, true);
             }
         };
@@ -204,26 +207,22 @@ void frmSnapshot::PaintByteLines(QPainter& painter) const {
     if (!shownByte) {
         return;
     }
-    QRect line = ByteLinesPlace();
-    const int bottom = line.bottom();
-    line.setHeight(kByteLine);
+    const QRect place = ByteLinesPlace();
+    QRect line(place.topLeft(), QSize(place.width(), kByteLine));
     for (const std::string& text : LinesOf(*shownByte)) {
+        const QString shown = QString::fromStdString(text);
         QFont small = font();
         small.setPixelSize(kByteText);
-        const QString shown = QString::fromStdString(text);
-        const int width = QFontMetrics(small).horizontalAdvance(shown);
-        small.setStretch(std::min(100, 100 * line.width() / std::max(width, 1)));
+        const int width = std::max(QFontMetrics(small).horizontalAdvance(shown), 1);
+        small.setStretch(std::min(100, 100 * line.width() / width)); // numbers of ten digits too
         painter.setFont(small);
-        if (line.bottom() <= bottom) {
-            painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, shown);
-        }
+        painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, place.contains(line) ? shown : QString());
         line.translate(0, kByteLine);
     }
 }
 
-void frmSnapshot::PaintCell(QPainter& painter, const QPoint& corner) const {
-    if (!cellFrame.isEmpty()) {
-        const QRect outer = cellFrame.translated(-corner);
+void frmSnapshot::PaintCell(QPainter& painter, const QRect& exposed, const QPoint& corner) const {
+    if (const QRect outer = cellFrame.translated(-corner); outer.intersects(exposed)) {
         FillFrame(painter, outer, 1, Qt::black, Line::NoThicker);
         FillFrame(painter, outer.adjusted(1, 1, -1, -1), 1, Qt::white, Line::NoThicker);
     }
@@ -248,7 +247,12 @@ bool frmSnapshot::picImage_KeyDown(const QKeyEvent& key, bool bLong) {
     case Qt::Key_Space:
     case Qt::Key_Backspace: PressAtCell(ButtonOf(key.key())); return true;
     case Qt::Key_Return:
-    case Qt::Key_Enter: OffsetToCell(); return true;
+    case Qt::Key_Enter:
+        if (const auto at = CellAddress()) {
+            txtValue[kOffsetValue]->Write(QString::number(at->lAddress));
+            PlaceScrollThumb();
+        }
+        return true;
     case Qt::Key_G: ToggleGrid(); return true;
     default: break;
     }
@@ -259,13 +263,6 @@ bool frmSnapshot::picImage_KeyDown(const QKeyEvent& key, bool bLong) {
         }
     }
     return false;
-}
-
-void frmSnapshot::OffsetToCell() {
-    if (const auto at = CellAddress()) {
-        txtValue[kOffsetValue]->Write(QString::number(at->lAddress));
-        PlaceScrollThumb();
-    }
 }
 
 /// The grid is one for all windows.
@@ -357,7 +354,7 @@ const frmSnapshot::WheelRow frmSnapshot::kWheel[] = {
     {Qt::NoModifier,                         [](frmSnapshot& form, bool bUp, const MouseArgs&) { form.scrAddr_Change(form.scrAddr->value() + (bUp ? -1 : 1)); }},
     {Qt::ShiftModifier,                      [](frmSnapshot& form, bool bUp, const MouseArgs&) { form.StepValue(kOffsetValue, !bUp); }},
     {Qt::ControlModifier | Qt::ShiftModifier, [](frmSnapshot& form, bool bUp, const MouseArgs&) { form.StepValue(kWidthValue, bUp); }},
-    {Qt::ControlModifier,                    [](frmSnapshot& form, bool bUp, const MouseArgs& at) { form.MagnifyAbout({bUp ? kLeft : kRight, at.X, at.Y}); }},
+    {Qt::ControlModifier,                    [](frmSnapshot& form, bool bUp, const MouseArgs& at) { form.MagnifyAbout({bUp ? kLeftButton : kRightButton, at.X, at.Y}); }},
 };
 // clang-format on
 
@@ -431,7 +428,7 @@ bool frmSnapshot::eventFilter(QObject* control, QEvent* event) {
     case QEvent::Paint:
         if (control == picContainer && !picImage->geometry().contains(cellFrame)) {
             QPainter painter(picContainer);
-            PaintCell(painter, {});
+            PaintCell(painter, cellFrame, {});
         }
         return false;
     default: return false;
@@ -446,8 +443,8 @@ void frmSnapshot::keyPressEvent(QKeyEvent* event) {
 
 /// To or from the picture or its ground. The frame round them shows where the keys go.
 void frmSnapshot::FocusMoved(const QFocusEvent& event) {
-    ReleaseAtCell(kLeft); // their keys may be let go elsewhere
-    ReleaseAtCell(kRight);
+    ReleaseAtCell(kLeftButton); // their keys may be let go elsewhere
+    ReleaseAtCell(kRightButton);
     if (event.gotFocus() &&
         (event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason)) {
         cell.pixel = Cell();

@@ -15,8 +15,6 @@ namespace lumrake {
 
 namespace {
 
-constexpr std::int16_t kLeft = 1, kRight = 2; // mouse buttons
-
 /// Property of picImage: the number, as text, of the tool whose cursor is loaded. Nothing reads as 0.
 const char* const kTag = "Tag";
 
@@ -24,8 +22,8 @@ const char* const kTag = "Tag";
 
 void frmSnapshot::ConnectTools() {
     picImage->MouseDown = [this](const MouseArgs& args) {
-        ReleaseAtCell(kLeft); // one hand at a time
-        ReleaseAtCell(kRight);
+        ReleaseAtCell(kLeftButton); // one hand at a time
+        ReleaseAtCell(kRightButton);
         MouseComes(args);
         picImage_MouseDown(args);
     };
@@ -37,7 +35,7 @@ void frmSnapshot::ConnectTools() {
     picImage->Overlay = [this](QPainter& painter, const QRect& exposed) {
         PaintGrid(painter, exposed);
         PaintNet(painter, exposed);
-        PaintCell(painter, picImage->pos());
+        PaintCell(painter, exposed, picImage->pos());
     };
     imgClip->MouseDown = [this](const MouseArgs& args) { imgClip_MouseDown(args); };
     imgClip->MouseMove = [this](const MouseArgs& args) { imgClip_MouseMove(args); };
@@ -83,11 +81,11 @@ void frmSnapshot::picImage_MouseUp(const MouseArgs&) {
 void frmSnapshot::MagnifyAbout(const MouseArgs& args) {
     double iLeft = picImage->x(), iTop = picImage->y();
     std::int16_t iNew = view.iZoom;
-    if (args.Button == kLeft && view.iZoom < lmk::kMostZoom) {
+    if (args.Button == kLeftButton && view.iZoom < lmk::kMostZoom) {
         ++iNew;
         iLeft -= args.X;
         iTop -= args.Y;
-    } else if (args.Button == kRight && view.iZoom > 1) {
+    } else if (args.Button == kRightButton && view.iZoom > 1) {
         --iNew;
         iLeft += args.X / 2.0;
         iTop += args.Y / 2.0;

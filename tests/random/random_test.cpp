@@ -172,23 +172,19 @@ class RandomUser : public MainStage {
 
     /// The keys of the picture, held too, and the wheel over anything.
     void KeyOrTurn(const SnapshotProbe& probe) {
+        QWidget* const over[] = {&probe.Picture(), &probe.Track(), &probe.Box(0), &probe.Spin(2)};
         const Qt::KeyboardModifiers with[] = {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
                                               Qt::ShiftModifier};
-        if (Once(4)) {
-            QWidget* const over[] = {&probe.Picture(), &probe.Track(), &probe.Box(0), &probe.Spin(2)};
-            const QPointF at(Pick(200), Pick(200));
-            QWheelEvent turn(at, probe.form.mapToGlobal(at), {}, {Pick(481) - 240, Pick(481) - 240}, held_,
-                             OneOf(with) | OneOf(with), Qt::NoScrollPhase, false);
-            QCoreApplication::sendEvent(OneOf(over), &turn);
-            return;
-        }
-        const int keys[] = {
-            Qt::Key_Left,  Qt::Key_Right, Qt::Key_Up,        Qt::Key_Down,   Qt::Key_Home,   Qt::Key_End,
-            Qt::Key_Space, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Return, Qt::Key_Escape, Qt::Key_PageDown,
-            Qt::Key_G,     Qt::Key_D,     Qt::Key_Z,         Qt::Key_S,      Qt::Key_P};
+        const int keys[] = {Qt::Key_Space, Qt::Key_Space, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Return,
+                            Qt::Key_G,     Qt::Key_D,     Qt::Key_Z,     Qt::Key_S,         Qt::Key_P};
+        const int arrow = Qt::Key_Home + Pick(8), key = Once(2) ? arrow : OneOf(keys);
+        QKeyEvent stroke(Once(3) ? QEvent::KeyRelease : QEvent::KeyPress, key, OneOf(with));
+        QWheelEvent turn({4, 4}, probe.form.mapToGlobal(QPointF(Pick(200), Pick(200))), {},
+                         {Pick(481) - 240, Pick(481) - 240}, held_, OneOf(with) | OneOf(with),
+                         Qt::NoScrollPhase, false);
         Once(8) ? probe.Picture().setFocus(Qt::TabFocusReason) : void();
-        QKeyEvent stroke(Once(3) ? QEvent::KeyRelease : QEvent::KeyPress, OneOf(keys), OneOf(with));
-        QCoreApplication::sendEvent(&probe.Picture(), &stroke);
+        Once(4) ? QCoreApplication::sendEvent(OneOf(over), &turn)
+                : QCoreApplication::sendEvent(&probe.Picture(), &stroke);
     }
 
     void Tick() {

@@ -112,8 +112,6 @@ TEST_F(Editor, NetAndPixelsLeaveNothingBehind) {
     for (int i = 0; i < 40; ++i) { // the cell, beyond the edges too
         window.form.MoveCell(i * 37 % 256, i * 53 % 192);
         const QImage parts = shown();
-        ASSERT_NE(parts, plain);
-        window.Container().update();
         window.Picture().update();
         ASSERT_EQ(shown(), parts) << "cell at move " << i;
     }

@@ -3,6 +3,7 @@
 
 #include <QRegularExpression>
 
+#include <functional>
 #include <map>
 #include <sstream>
 
@@ -16,46 +17,41 @@ class Keys : public testing::SnapshotTest {
     /// Does what `script` says: "@picture" and its like bring the control that the rest is for; "Ctrl+Right" is a key,
     /// "+Space" and "-Space" are its halves and "=Space" is its repeat; "wheel-120" and "side-120" are turns,
     /// "shift,wheel-120" one with a key and "held,wheel-120" one with a button; "click" and "right" are clicks.
+    // clang-format off
     static void Do(const SnapshotProbe& window, const char* script) {
         const std::map<QString, QWidget*> controls{
-            {u"picture"_qs, &window.Picture()}, {u"ground"_qs, &window.Container()},
-            {u"track"_qs, &window.Track()},     {u"thumb"_qs, &window.Thumb()},
-            {u"offset"_qs, &window.Box(0)},     {u"width"_qs, &window.Box(1)},
-            {u"lines"_qs, &window.Box(2)},      {u"spin"_qs, &window.Spin(2)},
-            {u"ink"_qs, &window.ColourOf(0)},   {u"paper"_qs, &window.ColourOf(1)}};
+            {u"picture"_qs, &window.Picture()}, {u"ground"_qs, &window.Container()}, {u"track"_qs, &window.Track()},
+            {u"thumb"_qs, &window.Thumb()}, {u"offset"_qs, &window.Box(0)}, {u"width"_qs, &window.Box(1)}, {u"lines"_qs, &window.Box(2)},
+            {u"spin"_qs, &window.Spin(2)}, {u"ink"_qs, &window.ColourOf(0)}, {u"paper"_qs, &window.ColourOf(1)}};
         QWidget* control = &window.Picture();
-        for (QString word : QString::fromLatin1(script).split(u' ')) {
+        const auto click = [&](Qt::MouseButton button) { QTest::mouseClick(control, button, {}, {4, control->height() - 4}); };
+        const std::map<QString, std::function<void()>> actions{
+            {u"paste"_qs, [&] { window.form.Paste(); }}, {u"copy"_qs, [&] { window.form.Copy(false); }},
+            {u"text"_qs, [&] { window.form.SetMode(kText, true); }}, {u"mouse"_qs, [&] { window.Move(0, 5, 6); }},
+            {u"click"_qs, [&] { click(Qt::LeftButton); }}, {u"right"_qs, [&] { click(Qt::RightButton); }}};
+        // clang-format on
+        for (const QString& word : QString::fromLatin1(script).split(u' ')) {
             if (word[0] == u'@') {
                 control = controls.at(word.mid(1));
-            } else if (word == u"paste"_qs) {
-                window.form.Paste();
-            } else if (word == u"copy"_qs) {
-                window.form.Copy(false);
-            } else if (word == u"text"_qs) {
-                window.form.SetMode(kText, true);
-            } else if (word == u"mouse"_qs) {
-                window.Move(0, 5, 6);
-            } else if (word == u"click"_qs || word == u"right"_qs) {
-                QTest::mouseClick(control, word[0] == u'c' ? Qt::LeftButton : Qt::RightButton, {},
-                                  {4, control->height() - 4});
+            } else if (actions.contains(word)) {
+                actions.at(word)();
             } else if (word.contains(u"wheel"_qs) || word.contains(u"side"_qs)) {
                 Qt::KeyboardModifiers with;
                 with.setFlag(Qt::ShiftModifier, word.contains(u"shift,"_qs));
                 with.setFlag(Qt::ControlModifier, word.contains(u"ctrl,"_qs));
-                const bool held = word.contains(u"held,"_qs);
                 const QPoint turned(0, word.mid(word.indexOf(QRegularExpression(u"[-0-9]"_qs))).toInt());
                 QWheelEvent turn({4, 4}, control->mapToGlobal(QPointF(4, 4)), {},
                                  word.contains(u"side"_qs) ? turned.transposed() : turned,
-                                 held ? Qt::LeftButton : Qt::NoButton, with, Qt::NoScrollPhase, false);
+                                 word.contains(u"held,"_qs) ? Qt::LeftButton : Qt::NoButton, with,
+                                 Qt::NoScrollPhase, false);
                 QCoreApplication::sendEvent(control, &turn);
             } else {
                 const bool half = QStringLiteral("+-=").contains(word[0]);
                 const QKeyCombination key = QKeySequence(half ? word.mid(1) : word)[0];
                 for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-                    if (!half || (word[0] == u'-') == (type == QEvent::KeyRelease)) {
-                        QKeyEvent event(type, key.key(), key.keyboardModifiers(), {}, word[0] == u'=');
-                        QCoreApplication::sendEvent(control, &event);
-                    }
+                    QKeyEvent event(type, key.key(), key.keyboardModifiers(), {}, word[0] == u'=');
+                    const bool now = !half || (word[0] == u'-') == (type == QEvent::KeyRelease);
+                    now ? QCoreApplication::sendEvent(control, &event) : false;
                 }
             }
         }
@@ -65,14 +61,15 @@ class Keys : public testing::SnapshotTest {
         const auto [x, y] = window.form.Cell();
         const auto& net = window.Net();
         std::ostringstream state;
+        // clang-format off
         state << window.Texts() << "; " << window.View().iZoomFactor << "x; cell " << x << ',' << y << "; at "
-              << window.Picture().x() << ',' << window.Picture().y() << "; tool " << iCurrentTool
-              << "; colours " << window.form.GetAttribute() << "; net " << net.Left << ',' << net.Top << ','
-              << net.Width << ',' << net.Height << (net.Visible ? "" : " hidden") << ';' << std::hex;
-        for (std::size_t i = 0; const int byte : window.Bytes()) {
-            if (++i, byte != 0) {
-                state << ' ' << i - 1 << ':' << byte;
-            }
+              << window.Picture().x() << ',' << window.Picture().y() << "; tool " << iCurrentTool << "; colours "
+              << window.form.GetAttribute() << "; net " << net.Left << ',' << net.Top << ',' << net.Width << ','
+              << net.Height << (net.Visible ? "" : " hidden") << ';' << std::hex;
+        // clang-format on
+        for (std::size_t i = 0; i < window.Memory().size(); ++i) {
+            const int byte = window.Data()[i];
+            byte != 0 ? state << ' ' << i << ':' << byte : state;
         }
         return state.str() + '.';
     }
@@ -140,11 +137,10 @@ TEST_F(Keys, TheGridLiesBetweenThePixelsFrom8xUp) {
         const QImage grid = window.Picture().grab().toImage();
         Do(window, "G");
         EXPECT_EQ(window.Picture().grab().toImage(), plain);
-        for (int x = 0; x < 256; ++x) {
-            const bool line = zoom == 4 && (x % 8 == 0 || x % 64 == 1); // each eighth is two thick
-            EXPECT_EQ(grid.pixel(x, 5) != plain.pixel(x, 5), line) << x;
-            EXPECT_EQ(grid.pixel(5, x % 160) != plain.pixel(5, x % 160),
-                      zoom == 4 && (x % 160 % 8 == 0 || x % 160 % 64 == 1));
+        for (int at = 0; at < 160; ++at) {
+            const bool line = zoom == 4 && (at % 8 == 0 || at % 64 == 1); // each eighth is two thick
+            EXPECT_EQ(grid.pixel(at, 5) != plain.pixel(at, 5), line) << at;
+            EXPECT_EQ(grid.pixel(5, at) != plain.pixel(5, at), line) << at;
         }
     }
 }

@@ -1,4 +1,3 @@
-#include "base/wheel_steps.h"
 #include "snapshot/rules/cell.h"
 #include "snapshot/rules/navigation.h"
 #include "snapshot/rules/view_limits.h"
@@ -34,21 +33,6 @@ TEST(ScrolledOffset, MovesByLinesAndPages) {
     for (const auto& [offset, width, lines, small, large, value, result] : cases) {
         const ViewNumbers view{49179, offset, width, lines};
         EXPECT_EQ(ScrolledOffset(view, 50, value, small, large), result);
-    }
-}
-
-TEST(Pan, GoesAsFarAsThereIsPicture) {
-    // place of the picture, first pixel and length that are to be seen, room, place then
-    const int shown[][5] = {
-        {0, 10, 4, 100, 0}, {0, 98, 4, 100, -2}, {-50, 40, 4, 100, -40}, {7, 200, 16, 10, -200}};
-    for (const auto& [place, first, length, room, then] : shown) {
-        EXPECT_EQ(PannedToShow(place, first, length, room), then);
-    }
-    // place, by how much, size, room, place then
-    const int panned[][5] = {{0, -32, 100, 80, -20}, {-20, 32, 100, 80, 0},    {0, -32, 50, 80, 0},
-                             {40, 32, 50, 80, 40},   {-300, 32, 50, 80, -268}, {-300, -32, 50, 80, -300}};
-    for (const auto& [place, by, size, room, then] : panned) {
-        EXPECT_EQ(PannedBy(place, by, size, room), then);
     }
 }
 
