@@ -238,19 +238,6 @@ bool IsMissing(const QString& path) {
            std::filesystem::file_type::not_found;
 }
 
-Outcome MakeOwnFolder(const QString& path) {
-    if (QFileInfo(path).isDir()) {
-        return Outcome::Done();
-    }
-    const QString above = QFileInfo(path).path();
-    if (const Outcome outcome = above == path ? Outcome::Done() : MakeOwnFolder(above); outcome.IsNotDone()) {
-        return outcome;
-    }
-    const bool made =
-        QDir().mkdir(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    return made || QFileInfo(path).isDir() ? Outcome::Done() : Outcome::Failed(qt_error_string());
-}
-
 std::optional<std::int64_t> FileLength(const QString& path) {
     std::error_code failure;
     const auto length = std::filesystem::file_size(QFileInfo(path).filesystemFilePath(), failure);

@@ -41,9 +41,6 @@ NewFile PathForNewFile(const QString& chosen);
 /// True when the system says that nothing stands at `path`; false as well when it cannot say.
 bool IsMissing(const QString& path);
 
-/// Makes a folder that only the user may enter, and those above it that are missing. Done as well when it is there.
-Outcome MakeOwnFolder(const QString& path);
-
 /// Length in bytes of a regular file, or nothing when it cannot be had.
 std::optional<std::int64_t> FileLength(const QString& path);
 

@@ -5,13 +5,17 @@
 #include <csignal>
 #include <cstdint>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #elif defined(_WIN32)
+#include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <io.h>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 #include <windows.h>
 #endif
@@ -222,6 +226,60 @@ bool KeepRights(const char* path, int handle) {
     }
     // The bit of a group that is not the user's is left out without a word.
     return (now.st_mode & kBits) == (old.st_mode & kBits) || Fails(EPERM);
+#endif
+}
+
+bool IsOwnFolder(const char* path) {
+#if defined(_WIN32)
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+#else
+    struct stat found {};
+    return lstat(path, &found) == 0 && S_ISDIR(found.st_mode) && found.st_uid == geteuid() &&
+           (found.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+#endif
+}
+
+int TakeLock(const char* path) {
+#if defined(_WIN32)
+    const int handle = _open(path, _O_RDWR | _O_CREAT | _O_NOINHERIT | _O_BINARY, _S_IREAD | _S_IWRITE);
+    OVERLAPPED place{};
+    if (handle >= 0 &&
+        LockFileEx(reinterpret_cast<HANDLE>(_get_osfhandle(handle)),
+                   LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) == 0) {
+        _close(handle);
+        errno = EWOULDBLOCK;
+        return -1;
+    }
+    return handle;
+#else
+    const int handle = open(path, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (handle < 0) {
+        return -1;
+    }
+    struct stat held {
+    }, named{};
+    const bool locked = flock(handle, LOCK_EX | LOCK_NB) == 0;
+    // Whoever had it may have taken the file away meanwhile: a lock of it would be seen by nobody.
+    if (locked && fstat(handle, &held) == 0 && lstat(path, &named) == 0 && held.st_ino == named.st_ino &&
+        held.st_dev == named.st_dev) {
+        return handle;
+    }
+    const int error = locked ? EWOULDBLOCK : errno;
+    close(handle);
+    errno = error;
+    return -1;
+#endif
+}
+
+void DropLock(const char* path, int handle) {
+#if defined(_WIN32)
+    _close(handle); // what is open cannot be taken away; who locks it now takes it away himself
+    _unlink(path);
+#else
+    unlink(path);
+    close(handle);
 #endif
 }
 

@@ -34,6 +34,17 @@ bool SyncDirectory(const char* path);
 /// cannot be kept, with errno set; only the owner is let go where the system does not let the user give a file away.
 bool KeepRights(const char* path, int handle);
 
+/// Whether a folder of this user's own stands at `path`: no link to one, and nobody else may write there. Windows keeps
+/// others out of a user's folders itself.
+bool IsOwnFolder(const char* path);
+
+/// Opens the file at `path`, which is made for the user alone when it is missing, and locks it. The system frees the
+/// lock at the latest with the process, however that ends. The handle to keep open, or -1 with errno set: EWOULDBLOCK
+/// while another process has the lock.
+int TakeLock(const char* path);
+/// Takes a locked file away and frees its lock.
+void DropLock(const char* path, int handle);
+
 /// From now on a write past the limit that the system sets for the size of files, or a warning of the toolkit into
 /// a pipe that nobody reads any more, fails like any other write; by itself each ends the process. Called once, at
 /// the start of the run.

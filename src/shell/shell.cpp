@@ -3,6 +3,7 @@
 #include "controls/message_box.h"
 #include "controls/watch.h"
 #include "disk/files.h"
+#include "disk/folders.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -58,7 +58,7 @@ open_stage() {
     export DISPLAY=:$number
     # The keyboard map must not follow the machine's language, nor the look its desktop.
     unset XDG_SESSION_TYPE WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_CURRENT_DESKTOP
-    export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$stage HOME=$stage XDG_CONFIG_HOME=$stage NO_AT_BRIDGE=1
+    export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$stage HOME=$stage XDG_CONFIG_HOME=$stage XDG_STATE_HOME=$stage NO_AT_BRIDGE=1
     openbox >/dev/null 2>&1 &
     wait_for "the window manager" window_manager_runs
 }
