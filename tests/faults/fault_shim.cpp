@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <set>
 #include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -166,6 +167,14 @@ int fchmod(int handle, mode_t mode) {
 
 int fsetxattr(int handle, const char* name, const void* value, size_t size, int flags) {
     return Pass<int>(IsWatched(handle), "fsetxattr", handle, name, value, size, flags);
+}
+
+int mkdir(const char* path, mode_t mode) {
+    return Pass<int>(IsBelow(path), "mkdir", path, mode);
+}
+
+int flock(int handle, int operation) {
+    return Pass<int>(IsWatched(handle), "flock", handle, operation);
 }
 
 int rename(const char* from, const char* to) {
