@@ -97,7 +97,7 @@ TEST(Files, OfDeadProgramsGoToOneThatStartsAndThoseOfLivingOnesToNobody) {
         std::array<int, 2> held{};
         int dead = 0;
         for (int step = 0; step < kSteps; ++step) {
-            const std::size_t which = order >> step & 1;
+            const auto which = static_cast<std::size_t>(order >> step & 1);
             if (programs[which].process != 0) {
                 programs[which].Kill();
                 dead += std::exchange(held[which], 0);
@@ -107,7 +107,7 @@ TEST(Files, OfDeadProgramsGoToOneThatStartsAndThoseOfLivingOnesToNobody) {
                 ASSERT_EQ(held[which], std::exchange(dead, 0) + 1) << "order " << order << ", step " << step;
             }
         }
-        for (const std::size_t which : {0, 1}) {
+        for (const std::size_t which : {0U, 1U}) {
             programs[which].process != 0 ? programs[which].Kill() : void();
             dead += held[which];
         }

@@ -1,5 +1,6 @@
 /// What stands on the disk, and what the user knows of it, after any call to the system has failed.
 #include "animation/anim_support.h"
+#include "disk/files.h"
 #include "disk/recovery_run.h"
 #include "disk/system_calls.h"
 #include "faults/fault_shim.h"
