@@ -1,6 +1,7 @@
 /// What it costs that changes are kept on the disk until they are saved.
 #include "bench.h"
 
+#include "base/memory_block.h"
 #include "disk/recovery_run.h"
 #include "disk/recovery_store.h"
 
