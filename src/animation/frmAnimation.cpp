@@ -68,7 +68,7 @@ bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
 
 bool frmAnimation::ReadRecord(const QString& sFile) {
     MemoryBlock bytes;
-    Outcome read = ReadWholeFile(sFile, bytes, kAnimationBytes);
+    Outcome read = knownFile.Read(sFile, bytes, kAnimationBytes);
     if (read.IsDone() && bytes.size() < kAnimationBytes) {
         read = Outcome::Failed(QStringLiteral("It is too short for an animation."));
     }
@@ -119,7 +119,7 @@ Outcome frmAnimation::SaveAnimation(const QString& sFilename) {
     }
     AnimationRecord saved = record;
     saved.sAnimFile.Set(sFilename.toStdString());
-    const Outcome written = WriteWholeFile(sFilename, EncodeAnimation(saved));
+    const Outcome written = knownFile.Write(sFilename, EncodeAnimation(saved));
     if (written.IsDone()) {
         record = saved;
         sFilePath = sFilename;

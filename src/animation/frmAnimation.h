@@ -4,6 +4,7 @@
 #include "animation/rules/stepping.h"
 #include "base/memory_block.h"
 #include "controls/control_array.h"
+#include "disk/known_file.h"
 #include "disk/outcome.h"
 
 #include <QPushButton>
@@ -36,6 +37,9 @@ class frmAnimation : public QWidget {
     /// Writes the record to `sFilename` and makes it this window's file. Called off for an empty name.
     /// Unless it is done the animation keeps its name and stays changed; the caller tells why.
     Outcome SaveAnimation(const QString& sFilename);
+
+    /// Fails when another program changed the document's own file since it was read or saved here.
+    Outcome FindFileUnchanged() const { return knownFile.FindUnchanged(sFilePath); }
 
     /// The true path of the file; empty for an animation that was never saved.
     QString GetFilename() const { return sFilePath; }
@@ -96,7 +100,8 @@ class frmAnimation : public QWidget {
 
     // ---- fields ----
     AnimationRecord record;
-    QString sFilePath;         ///< true path of the animation's own file; the record has it as far as it fits
+    QString sFilePath; ///< true path of the animation's own file; the record has it as far as it fits
+    KnownFile knownFile;
     MemoryBlock byMemory;      ///< at most lFileLength bytes of the snapshot, read once
     PlayState state;           ///< iCurrentFrame and iDirection
     std::int16_t bChanged = 0; ///< see SetChanged

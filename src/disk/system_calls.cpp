@@ -32,6 +32,19 @@ namespace lumrake {
 namespace {
 
 #if defined(__unix__) || defined(__APPLE__)
+constexpr int kEndSignals[] = {SIGTERM, SIGHUP, SIGINT};
+int signalPipe = -1;
+
+/// Runs between any two instructions of the program: only calls that may be made there.
+void TellOfSignal(int) {
+    const int error = errno;
+    for (const int signal : kEndSignals) {
+        std::signal(signal, SIG_DFL);
+    }
+    [[maybe_unused]] const ssize_t written = write(signalPipe, "", 1);
+    errno = error;
+}
+
 bool Fails(int error) {
     errno = error;
     return false;
@@ -163,6 +176,48 @@ std::int64_t LengthOfFile(int handle) {
 #endif
 }
 
+bool IdentifyFile(const char* path, FileIdentity& identity) {
+#if defined(_WIN32)
+    const HANDLE handle = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    BY_HANDLE_FILE_INFORMATION found{};
+    const bool known = handle != INVALID_HANDLE_VALUE && GetFileInformationByHandle(handle, &found) != 0;
+    CloseHandle(handle);
+    const auto join = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    constexpr std::uint64_t kFrom1601To1970 = 116444736000000000; // in steps of 100 ns
+    const std::uint64_t steps =
+        join(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
+    identity = {found.dwVolumeSerialNumber, join(found.nFileIndexHigh, found.nFileIndexLow),
+                static_cast<std::int64_t>(steps - kFrom1601To1970) * 100,
+                static_cast<std::int64_t>(join(found.nFileSizeHigh, found.nFileSizeLow))};
+    return known;
+#else
+    struct stat found {};
+    if (stat(path, &found) != 0) {
+        return false;
+    }
+#if defined(__APPLE__)
+    const timespec time = found.st_mtimespec;
+#else
+    const timespec time = found.st_mtim;
+#endif
+    identity = {found.st_dev, found.st_ino, std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec,
+                std::int64_t{found.st_size}};
+    return true;
+#endif
+}
+
+bool ReserveSpace([[maybe_unused]] int handle, [[maybe_unused]] std::int64_t length) {
+#if defined(__linux__)
+    const std::int64_t end = LengthOfFile(handle);
+    const int error = end < 0 ? errno : end < length ? posix_fallocate(handle, end, length - end) : 0;
+    if (error != 0 && error != EINVAL && error != EOPNOTSUPP) { // these: the disk knows no such thing
+        return ftruncate(handle, end) == 0 && Fails(error);
+    }
+#endif
+    return true;
+}
+
 bool SyncFile(int handle) {
 #if defined(_WIN32)
     return _commit(handle) == 0;
@@ -280,6 +335,27 @@ void DropLock(const char* path, int handle) {
 #else
     unlink(path);
     close(handle);
+#endif
+}
+
+int CatchEndSignals() {
+#if defined(_WIN32)
+    return -1;
+#else
+    int ends[2];
+    if (pipe(ends) != 0) {
+        return -1;
+    }
+    for (const int end : ends) {
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+    }
+    signalPipe = ends[1];
+    for (const int signal : kEndSignals) {
+        if (std::signal(signal, TellOfSignal) == SIG_IGN) {
+            std::signal(signal, SIG_IGN);
+        }
+    }
+    return ends[0];
 #endif
 }
 

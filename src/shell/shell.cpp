@@ -4,6 +4,7 @@
 #include "controls/watch.h"
 #include "disk/files.h"
 #include "disk/folders.h"
+#include "disk/save_file.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -57,7 +57,7 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     Outcome opened = Refusal(FileLength(sFile));
     if (opened.IsDone()) {
         MemoryBlock bytes;
-        opened = ReadWholeFile(sFile, bytes);
+        opened = knownFile.Read(sFile, bytes);
         document.Open(std::move(bytes));
     }
     if (opened.IsDone()) {
@@ -136,7 +136,7 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     if (!ShowProgress(true) || !ShowStage(20)) {
         return Outcome::CalledOff(); // closed, and its question answered
     }
-    const Outcome written = WriteWholeFile(sFilename, byMemory.Bytes());
+    const Outcome written = knownFile.Write(sFilename, byMemory.Bytes());
     if (written.IsNotDone()) {
         ShowProgress(false);
         return written.During(sFilename.toLower() + QLatin1String(" could not be saved."));

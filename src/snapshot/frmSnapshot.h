@@ -3,6 +3,7 @@
 #include "base/memory_block.h"
 #include "controls/control_array.h"
 #include "controls/picture_box.h"
+#include "disk/known_file.h"
 #include "disk/outcome.h"
 #include "shell/shell.h"
 #include "snapshot/rules/addressing.h"
@@ -47,6 +48,9 @@ class frmSnapshot : public QWidget {
     /// it is done the document stays changed and keeps its name; the caller tells why. Pending events run, and may
     /// close the window.
     Outcome SaveSnap(const QString& sFilename, const QString& sTitle);
+
+    /// Fails when another program changed the document's own file since it was read or saved here.
+    Outcome FindFileUnchanged() const { return knownFile.FindUnchanged(sSnapFile); }
 
     /// Draws the view into the picture and repaints it; nothing else draws.
     void ShowMem();
@@ -205,7 +209,8 @@ class frmSnapshot : public QWidget {
     ViewNumbers& view = document.view; ///< what is looked at, and how
     std::int16_t& iAttribute = document.iAttribute;
     const MemoryBlock& byMemory = document.Memory();
-    QString sSnapFile;  ///< true path; shown in lower case
+    QString sSnapFile; ///< true path; shown in lower case
+    KnownFile knownFile;
     QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
     Pan pan;
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons

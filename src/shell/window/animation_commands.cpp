@@ -24,6 +24,12 @@ void OpenWindow(const QString& sFile, const QString& sSnapFile = {}) {
     }
 }
 
+/// Saves the animation to its own file, unless another program changed that.
+Outcome SaveUnchanged(frmAnimation& animation) {
+    const Outcome unchanged = animation.FindFileUnchanged();
+    return unchanged.IsDone() ? animation.SaveAnimation(animation.GetFilename()) : unchanged;
+}
+
 /// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
 std::optional<QString> AskName(const QPointer<frmAnimation>& animation) {
     const std::optional<QString> sName =
@@ -46,7 +52,7 @@ void OpenAnimationDialog() {
 
 bool SaveAnimationCommand(frmAnimation& animation) {
     const QString sFile = animation.GetFilename();
-    return sFile.isEmpty() ? SaveAnimationAs(animation) : TellFailure(animation.SaveAnimation(sFile), kTitle);
+    return sFile.isEmpty() ? SaveAnimationAs(animation) : TellFailure(SaveUnchanged(animation), kTitle);
 }
 
 bool SaveAnimationAs(frmAnimation& animation) {
@@ -56,15 +62,20 @@ bool SaveAnimationAs(frmAnimation& animation) {
 
 bool SaveAnimationBeforeClosing(frmAnimation& animation) {
     std::optional<QString> sName = animation.GetFilename();
-    if (sName->isEmpty()) {
-        sName = AskName(&animation);
+    bool bAsked = sName->isEmpty();
+    const auto askName = [&] {
+        bAsked = true;
+        return AskName(&animation);
+    };
+    if (bAsked) {
+        sName = askName();
     }
     if (!sName || sName->isEmpty()) { // a new one is given up with its dialog
         return true;
     }
-    return SaveUntilGivenUp(
-        *sName, kTitle, [&animation] { return AskName(&animation); },
-        [&animation](const QString& sFile) { return animation.SaveAnimation(sFile); });
+    return SaveUntilGivenUp(*sName, kTitle, askName, [&](const QString& sFile) {
+        return bAsked ? animation.SaveAnimation(sFile) : SaveUnchanged(animation);
+    });
 }
 
 void AnimateSnapshot(const frmSnapshot& snapshot) {

@@ -45,6 +45,13 @@ void OpenWindow(const QString& sFullName, const QString& sTitle) {
     }
 }
 
+/// Saves the document to its own file, unless another program changed that.
+Outcome SaveUnchanged(frmSnapshot& document) {
+    const Outcome unchanged = document.FindFileUnchanged();
+    const QString sFile = document.GetFilename();
+    return unchanged.IsDone() ? document.SaveSnap(sFile, FileTitleOf(sFile)) : unchanged;
+}
+
 /// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
 std::optional<QString> AskName(const QPointer<frmSnapshot>& document) {
     const std::optional<QString> sName =
@@ -110,8 +117,7 @@ void ResetRecentFiles() {
 }
 
 bool SaveSnapshot(frmSnapshot& document) {
-    const QString sFile = document.GetFilename();
-    return TellFailure(document.SaveSnap(sFile, FileTitleOf(sFile)), kSaveTitle);
+    return TellFailure(SaveUnchanged(document), kSaveTitle);
 }
 
 bool SaveSnapshotAs(frmSnapshot& document) {
@@ -130,8 +136,11 @@ bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
         return AskName(&document);
     };
     const auto save = [&](const QString& sFile) {
+        if (!bAsked) {
+            return SaveUnchanged(document);
+        }
         const Outcome outcome = document.SaveSnap(sFile, FileTitleOf(sFile));
-        if (outcome.IsDone() && bAsked) {
+        if (outcome.IsDone()) {
             AddRecentFile(sFile);
         }
         return outcome;

@@ -77,6 +77,9 @@ class frmMain : public QMainWindow, public ShellNotices {
 
     // ---- the window: frmMain.cpp ----
 
+    /// Unloads the window without a question, whatever is open.
+    void Unload() { MDIForm_Unload(); }
+
     /// Place and size on the screen in twips, with the frame as far as it is known.
     WindowTwips PlaceInTwips() const;
     void SetStatusText(const QString& sText) override;

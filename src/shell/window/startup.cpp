@@ -9,6 +9,8 @@
 #include "shell/shell.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
+#include "shell/window/outside_end.h"
+#include "shell/window/unfinished_saves.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -53,6 +55,7 @@ void Main(const QString& sCommandLine) {
         splash.reset();
     }
     mainWindow->show();
+    FinishSaves();
 }
 
 void Initialise() {
@@ -88,6 +91,7 @@ int RunProgram(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     PinLook();
     QApplication::setWindowIcon(LoadIcon(QStringLiteral("about/logo.svg"), QSize(64, 64)));
+    WatchForOutsideEnd(MainWindow);
     Main(words.join(QLatin1Char(' ')));
     return QApplication::exec();
 }
