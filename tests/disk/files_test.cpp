@@ -1,7 +1,11 @@
 #include "disk/files.h"
+#include "disk/recovery_run.h"
+#include "disk/save_file.h"
+#include "disk/temporary_file.h"
 #include "support/forms_support.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <sys/stat.h>
 
@@ -51,6 +55,31 @@ TEST(Files, AFirstRecordKeepsTheTailBehindIt) {
     ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     EXPECT_TRUE(ReadWholeFile(pipe, block).IsNotDone());
     EXPECT_EQ(block.size(), 5U);
+}
+
+TEST(Files, LeftByADeadRunGoWhereItNotedThemAndNoOthers) {
+    const Stage stage;
+    const QString own = stage.MakeFile(u"a.sna.qwerty"_qs, NoiseBytes(3));
+    const QString kept[] = {stage.MakeFile(u"a.sna"_qs, NoiseBytes(3)),
+                            stage.MakeFile(u"b.sna.abcdef"_qs, {}), stage.Path(u"link.abcdef"_qs),
+                            stage.Path(u"folder.abcdef"_qs)};
+    ASSERT_TRUE(QFile::link(kept[0], kept[2]) && QDir().mkdir(kept[3]));
+    for (const QString& noted : {own, kept[0], kept[2], kept[3], u"relative.abcdef"_qs}) {
+        QString note;
+        ASSERT_TRUE(NameFileOfRun(kTemporaryNote, note).IsDone());
+        const QByteArray name = noted.toUtf8();
+        ASSERT_TRUE(WriteFileOfRun(
+                        note, {reinterpret_cast<const std::uint8_t*>(name.data()), std::size_t(name.size())})
+                        .IsDone());
+    }
+    EndRecoveryRun();
+    AdoptDeadRuns();
+    RemoveLeftOvers();
+    EXPECT_FALSE(QFileInfo::exists(own));
+    for (const QString& path : kept) {
+        EXPECT_TRUE(QFileInfo::exists(path)) << path.toStdString();
+    }
+    EXPECT_TRUE(FilesOfRun(kTemporaryNote).empty());
 }
 
 } // namespace

@@ -62,11 +62,7 @@ bool Interrupts() {
 
 int Open(const char* symbol, const char* path, int flags, unsigned mode) {
     const bool below = IsBelow(path);
-    if (below && plan.onlyNamed && (flags & O_TMPFILE) == O_TMPFILE) {
-        errno = EOPNOTSUPP;
-        return -1;
-    }
-    if (below && Strikes((flags & O_TMPFILE) == O_DIRECTORY ? "directory" : "open")) {
+    if (below && Strikes((flags & O_DIRECTORY) != 0 ? "directory" : "open")) {
         return -1;
     }
     const int handle = Next<int(const char*, int, ...)>(symbol)(path, flags, mode);
@@ -169,11 +165,11 @@ int fsetxattr(int handle, const char* name, const void* value, size_t size, int 
 }
 
 int rename(const char* from, const char* to) {
+    if (IsBelow(to) && plan.mounted && access(to, F_OK) == 0) {
+        errno = EBUSY;
+        return -1;
+    }
     return Pass<int>(IsBelow(to), "rename", from, to);
-}
-
-int linkat(int fromDirectory, const char* from, int toDirectory, const char* to, int flags) {
-    return Pass<int>(IsBelow(to), "linkat", fromDirectory, from, toDirectory, to, flags);
 }
 
 int close(int handle) {
