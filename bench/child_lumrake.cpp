@@ -2,8 +2,9 @@
 ///
 ///   child_lumrake start DIR           comes up as with REHEARS and tells when its window is painted
 ///   child_lumrake memory DIR FILE     then opens FILE, shows the largest view at 16:1 and tells its memory
+///   child_lumrake idle DIR FILE       the same, but tells how often it woke up in 10 seconds without a caret
 ///
-/// DIR takes the place of the program's directory, so that no settings of a user count.
+/// DIR takes the place of the program's directory, and of the user's state folder, so that nothing of a user counts.
 #include "first_paint.h"
 
 #include "shell/shell.h"
@@ -12,8 +13,15 @@
 #include "shell/window/startup.h"
 #include "snapshot/frmSnapshot.h"
 
+#include <QApplication>
+#include <QTimer>
+#include <QWidget>
+
+#include <cstdio>
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <sys/resource.h>
 
 namespace {
 
@@ -26,7 +34,26 @@ void Watch() {
     firstPaint = std::make_unique<bench::FirstPaint>(onFirstPaint);
 }
 
-void ShowFile(const QString& file) {
+long WakeUps() {
+    rusage used{};
+    getrusage(RUSAGE_THREAD, &used);
+    return used.ru_nvcsw;
+}
+
+void CountWakeUps() {
+    if (QWidget* focus = QApplication::focusWidget()) {
+        focus->clearFocus(); // a caret blinks
+    }
+    QTimer::singleShot(200, [] {
+        QTimer::singleShot(10'000, [before = WakeUps()] {
+            std::printf("%ld 0\n", WakeUps() - before - 1); // this one
+            std::fflush(stdout);
+            std::_Exit(EXIT_SUCCESS);
+        });
+    });
+}
+
+void ShowFile(const QString& file, const std::function<void()>& report) {
     Settings.iDefaultLines = 512;
     Settings.iDefaultColumns = 16;
     OpenSnapshotFile(file);
@@ -38,10 +65,7 @@ void ShowFile(const QString& file) {
             snapshot->SetZoom(5);
         }
     }
-    QTimer::singleShot(200, [] {
-        bench::ReportMemory();
-        std::_Exit(EXIT_SUCCESS);
-    });
+    QTimer::singleShot(200, report);
 }
 
 } // namespace
@@ -56,11 +80,19 @@ int main(int argc, char** argv) {
             std::_Exit(EXIT_SUCCESS);
         };
     } else if (mode == "memory" && argc == 4) {
-        onFirstPaint = [file = QString::fromLocal8Bit(argv[3])] { ShowFile(file); };
+        onFirstPaint = [file = QString::fromLocal8Bit(argv[3])] {
+            ShowFile(file, [] {
+                bench::ReportMemory();
+                std::_Exit(EXIT_SUCCESS);
+            });
+        };
+    } else if (mode == "idle" && argc == 4) {
+        onFirstPaint = [file = QString::fromLocal8Bit(argv[3])] { ShowFile(file, CountWakeUps); };
     } else {
         return EXIT_FAILURE;
     }
     SetProgramDirectory(QString::fromLocal8Bit(argv[2]));
+    qputenv("XDG_STATE_HOME", argv[2]);
     char name[] = "lumrake", word[] = "REHEARS";
     char* arguments[] = {name, word, nullptr};
     return RunProgram(2, arguments);

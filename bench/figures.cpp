@@ -37,6 +37,9 @@ const std::vector<Figure> kFigures = {
     {"The same at 8:1",                                                         "Draw/8",                  "Draw/toolkit_8",      FasterAtLeast, 5},
     {"The same at 16:1",                                                        "Draw/16",                 "Draw/toolkit_16",     FasterAtLeast, 5},
     {"One pixel of a stroke, drawn and painted, against an empty painter",      "Stroke/pixel",            "Stroke/empty",        RatioAtMost, 3},
+    {"What its document notes so that it can be kept, against the same pixel",  "Stroke/touch",            "Stroke/pixel",        RatioAtMost, 0.05},
+    {"Bytes written to keep one pixel of 1 GiB",                                "Kept/1GiB",               kNoBaseline,           CountAtMost, 16384},
+    {"Wake-ups in 10 s beside an unchanged document",                           "Idle/document",           kNoBaseline,           CountAtMost, 0},
     {"`ReadPixel`, slowest mode",                                               "Pixels/Read*",            kNoBaseline,           RateAtLeast, 50e6},
     {"`WritePixel` without repaint, slowest mode",                              "Pixels/Write*",           kNoBaseline,           RateAtLeast, 50e6},
     {"Copy of the largest view",                                                "Block/copy",              kNoBaseline,           TimeAtMost,  0.2},
@@ -171,6 +174,11 @@ std::string Measurements::Row(const Figure& figure) const {
         measuredText = Text("%.0f million/s", value / 1e6);
         goalText = Text("%.0f million/s at least", figure.limit / 1e6);
         atMost = false;
+        break;
+    case CountAtMost:
+        value = Median(figure.measured, &Samples::bytes);
+        measuredText = Text("%.0f", value);
+        goalText = Text("%.0f at most", figure.limit);
         break;
     case BytesMoreAtMost: {
         const double bytes = Median(figure.measured, &Samples::bytes);

@@ -14,6 +14,7 @@ enum class Goal {
     FasterAtLeast,   ///< baseline time / measured time
     TimeAtMost,      ///< of the measured one, in seconds; no baseline
     RateAtLeast,     ///< items per second of the measured one; no baseline
+    CountAtMost,     ///< counter "bytes", whatever it counts; no baseline
     BytesMoreAtMost, ///< counter "bytes", measured - baseline, in MiB
     Told             ///< a ratio without a goal, to judge others by
 };

@@ -72,6 +72,19 @@ void Start(benchmark::State& state, const std::string& program) {
     }
 }
 
+/// How often it wakes up beside an unchanged document.
+void Idle(benchmark::State& state) {
+    const std::string directory = FilePath(Place::Memory, QStringLiteral(".")).toStdString();
+    for (auto _ : state) {
+        const auto wakeUps =
+            Answer("child_lumrake", {"idle", directory, FileOf(Place::Disk, 48 * 1024).toStdString()});
+        if (!wakeUps) {
+            state.SkipWithError("the program doesn't show the file");
+        }
+        state.counters["bytes"] = wakeUps ? static_cast<double>((*wakeUps)[0]) : -1;
+    }
+}
+
 /// With a file of `length` bytes; 0 for none. `kind`: 0 the resident set, 1 the proportional one.
 void Memory(benchmark::State& state, const std::string& program, std::int64_t length, std::size_t kind) {
     const std::string directory = FilePath(Place::Memory, QStringLiteral(".")).toStdString();
@@ -101,6 +114,7 @@ const bool kRegistered = [] {
                 ->Repetitions(3);
         }
     };
+    Add("Idle/document", Idle)->Iterations(1)->Repetitions(1);
     addMemory("empty", "child_empty", 0);
     addMemory("48KiB", "child_lumrake", 48 * 1024);
     addMemory("1GiB", "child_lumrake", std::int64_t{1} << 30);

@@ -21,14 +21,33 @@ const QString kTitle = QStringLiteral("Animation");
 
 } // namespace
 
-frmAnimation::frmAnimation() {
+frmAnimation::frmAnimation()
+    : kept(blocks, [this] {
+          byKept = EncodeAnimation(record);
+          const RecoveryHeader header{RecoveryHeader::kAnimation, sFilePath.toStdString(), byKept.size()};
+          return KeptDocument::State{header, byKept};
+      }) {
+    blocks.Open(kAnimationBytes);
     CreateControls();
 }
 
 bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
-    if (!(AnimFile.isEmpty() ? TakeNewSettings(sSnapFile) : ReadRecord(AnimFile))) {
+    return (AnimFile.isEmpty() ? TakeNewSettings(sSnapFile) : ReadRecord(AnimFile)) && Open();
+}
+
+bool frmAnimation::BringBack(const Recovery& recovery, const QString& sKeptIn) {
+    const QString sFile = QString::fromStdString(recovery.header.path);
+    const auto bytes = recovery.blocks.begin()->second.bytes;
+    if (bytes.size() != kAnimationBytes || (!sFile.isEmpty() && !ReadRecord(sFile))) {
         return false;
     }
+    record = HeldForUse(DecodeAnimation(bytes.first<kAnimationBytes>()), 0);
+    bChanged = -1;
+    kept.Adopt(sKeptIn);
+    return Open();
+}
+
+bool frmAnimation::Open() {
     std::optional<QString> sSnapshot = FindAnimationSnapshot(SnapshotPath(), sFilePath);
     if (!sSnapshot) {
         if (!AskForSnapshot()) {
@@ -49,7 +68,18 @@ bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
     ShowCurrentFrame();
     picImage->setFocus();
     ChildFrame(this)->show();
+    SetChanged(bChanged); // only what is open is kept
     return true;
+}
+
+void frmAnimation::SetChanged(std::int16_t NewStatus) {
+    bChanged = NewStatus;
+    if (bChanged != 0) {
+        blocks.Touch(byFile, 0);
+    } else {
+        blocks.Saved();
+        kept.Forget();
+    }
 }
 
 bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
@@ -77,8 +107,8 @@ bool frmAnimation::ReadRecord(const QString& sFile) {
             kTitle)) {
         return false;
     }
-    record = DecodeAnimation(bytes.Bytes().first<kAnimationBytes>());
-    record = HeldForUse(record, 0); // the length waits for the snapshot
+    std::ranges::copy(bytes.Bytes(), byFile.begin());
+    record = HeldForUse(DecodeAnimation(byFile), 0); // the length waits for the snapshot
     record.sAnimFile.Set(sFile.toStdString());
     sFilePath = sFile;
     return true;
@@ -122,6 +152,7 @@ Outcome frmAnimation::SaveAnimation(const QString& sFilename) {
     const Outcome written = knownFile.Write(sFilename, EncodeAnimation(saved));
     if (written.IsDone()) {
         record = saved;
+        byFile = EncodeAnimation(saved);
         sFilePath = sFilename;
         SetChanged(0);
     }
@@ -146,6 +177,7 @@ void frmAnimation::Form_Unload(bool& Cancel) {
         Cancel = answer == BoxAnswer::Yes ? !SaveBeforeClosing(this) : answer != BoxAnswer::No;
     }
     if (!Cancel) {
+        kept.Forget();
         --iAnimationCount;
         if (iAnimationCount == 0) {
             UpdateToolbars(QStringLiteral("ANIMATION"), false);

@@ -187,7 +187,7 @@ void frmAnimation::Setup() {
     record = HeldForUse(record, record.lFileLength);
     ShowAgain(false);
     if (bAnimChanged != 0) {
-        bChanged = -1;
+        SetChanged(-1);
     }
 }
 
@@ -203,10 +203,10 @@ void frmAnimation::picImage_MouseDown(const MouseArgs& args) {
     const bool bPlaying = Timer1.isActive();
     if (args.Button == 1 && record.iZoom < 5) {
         ++record.iZoom;
-        bChanged = -1;
+        SetChanged(-1);
     } else if (args.Button == 2 && record.iZoom > 1) {
         --record.iZoom;
-        bChanged = -1;
+        SetChanged(-1);
     }
     ShowAgain(bPlaying);
 }
@@ -216,7 +216,7 @@ void frmAnimation::SetZoom(std::int16_t NewZoom) {
         return;
     }
     const bool bPlaying = Timer1.isActive();
-    bChanged = -1;
+    SetChanged(-1);
     record.iZoom = NewZoom;
     ShowAgain(bPlaying);
 }

@@ -41,7 +41,11 @@ Outcome Refusal(std::optional<std::int64_t> length) {
 
 } // namespace
 
-frmSnapshot::frmSnapshot() = default;
+frmSnapshot::frmSnapshot()
+    : kept(document.Blocks(), [this] {
+          const RecoveryHeader header{RecoveryHeader::kSnapshot, sSnapFile.toStdString(), byMemory.size()};
+          return KeptDocument::State{header, byMemory.Bytes()};
+      }) {}
 frmSnapshot::~frmSnapshot() {
     EndPlacing();
     disconnect(qApp, nullptr, this, nullptr); // its controls lose the focus after the window is gone
@@ -88,6 +92,14 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     return true;
 }
 
+void frmSnapshot::BringBack(const Recovery& recovery, const QString& sKeptIn) {
+    kept.Adopt(sKeptIn);
+    for (const auto& [number, block] : recovery.blocks) {
+        document.LayOver(number, block.bytes);
+    }
+    ShowMem();
+}
+
 void frmSnapshot::DrawView() {
     const std::int32_t options = view.iUpsideDown * 128 | view.iZoom * 16 | view.iMode;
     lmk::zxShowMem(&picImage->hDC(), byMemory.data(), view.lOffset, view.lFileLength, view.iWidth,
@@ -131,6 +143,7 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     if (sFilename.isEmpty()) {
         return Outcome::CalledOff();
     }
+    const auto hold = kept.Hold();
     // Between the stages only painting and timers run: nothing can be drawn that would not be saved.
     SetProgress(0);
     if (!ShowProgress(true) || !ShowStage(20)) {
@@ -156,6 +169,7 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     sbrSnapshot->SetText(1, sSnapFile.toLower());
     if (ShowStage(100)) {
         document.Saved();
+        kept.Forget();
         ShowProgress(false);
     }
     return written;
@@ -199,6 +213,7 @@ void frmSnapshot::Form_Unload(bool& Cancel) {
         return;
     }
     EndPlacing(); // the block that was being placed goes with its window
+    kept.Forget();
     --iSnapshotCount;
     if (iSnapshotCount == 0) {
         UpdateToolbars(QStringLiteral("SNAPSHOT"), false);

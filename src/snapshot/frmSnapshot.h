@@ -5,6 +5,7 @@
 #include "controls/picture_box.h"
 #include "disk/known_file.h"
 #include "disk/outcome.h"
+#include "shell/kept_document.h"
 #include "shell/shell.h"
 #include "snapshot/rules/addressing.h"
 #include "snapshot/rules/document.h"
@@ -43,6 +44,10 @@ class frmSnapshot : public QWidget {
     /// anything else. False when the file is missing, cannot be read, is empty or too long: the user has been
     /// told, no window is shown and the caller lets the instance go.
     bool Launch(const QString& sFullFileName, const QString& sFileTitle);
+
+    /// Lays the bytes that were kept in the file `sKeptIn` over those of the document, which is changed then. Called
+    /// right behind Launch.
+    void BringBack(const Recovery& recovery, const QString& sKeptIn);
 
     /// Writes all bytes to `sFilename` and makes it this window's file. Called off for an empty name. Unless
     /// it is done the document stays changed and keeps its name; the caller tells why. Pending events run, and may
@@ -206,6 +211,7 @@ class frmSnapshot : public QWidget {
 
     // ---- fields ----
     SnapshotDocument document;
+    KeptDocument kept;
     ViewNumbers& view = document.view; ///< what is looked at, and how
     std::int16_t& iAttribute = document.iAttribute;
     const MemoryBlock& byMemory = document.Memory();

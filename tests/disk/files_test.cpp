@@ -7,7 +7,11 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <array>
+#include <csignal>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace lumrake {
 namespace {
@@ -80,6 +84,69 @@ TEST(Files, LeftByADeadRunGoWhereItNotedThemAndNoOthers) {
         EXPECT_TRUE(QFileInfo::exists(path)) << path.toStdString();
     }
     EXPECT_TRUE(FilesOfRun(kTemporaryNote).empty());
+}
+
+/// A program that takes what dead ones kept, keeps one file more and runs until it is killed.
+struct Program {
+    pid_t process = 0;
+    std::array<int, 2> ends{};
+
+    void Start() {
+        ASSERT_EQ(pipe(ends.data()), 0);
+        process = fork();
+        if (process == 0) {
+            QString file;
+            AdoptDeadRuns();
+            const bool kept = NameFileOfRun(kKeptChanges, file).IsDone() && WriteFileOfRun(file, {}).IsDone();
+            const int files = kept ? static_cast<int>(FilesOfRun(kKeptChanges).size()) : -1;
+            _exit(write(ends[1], &files, sizeof files) > 0 ? pause() : 1);
+        }
+    }
+    /// How many files it has in the end.
+    int Files() {
+        int files = -1;
+        EXPECT_EQ(read(ends[0], &files, sizeof files), ssize_t{sizeof files});
+        return files;
+    }
+    void Kill() {
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0);
+        close(ends[0]), close(ends[1]);
+        process = 0;
+    }
+};
+
+TEST(Files, OfDeadProgramsGoToOneThatStartsAndThoseOfLivingOnesToNobody) {
+    constexpr int kSteps = 6;
+    for (int order = 0; order < 1 << kSteps;
+         ++order) { // a bit says which one starts, or is killed when it runs
+        const Stage stage;
+        std::array<Program, 2> programs;
+        std::array<int, 2> held{};
+        int dead = 0;
+        for (int step = 0; step < kSteps; ++step) {
+            const std::size_t which = order >> step & 1;
+            if (programs[which].process != 0) {
+                programs[which].Kill();
+                dead += std::exchange(held[which], 0);
+            } else {
+                programs[which].Start();
+                held[which] = programs[which].Files();
+                ASSERT_EQ(held[which], std::exchange(dead, 0) + 1) << "order " << order << ", step " << step;
+            }
+        }
+        for (const std::size_t which : {0, 1}) {
+            programs[which].process != 0 ? programs[which].Kill() : void();
+            dead += held[which];
+        }
+        programs[0].Start(), programs[1].Start(); // at once
+        const int files = programs[0].Files() + programs[1].Files();
+        programs[0].Kill(), programs[1].Kill();
+        // What one is just giving itself the other leaves to it, or to the next start.
+        const QStringList left = QDir(stage.Path(u"lumrake"_qs)).entryList({u"*.changes"_qs});
+        EXPECT_EQ(left.size(), dead + 2);
+        EXPECT_LE(files, dead + 2);
+    }
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "disk/system_calls.h"
 #include "faults/fault_shim.h"
 #include "faults/file_stage.h"
+#include "shell/kept_document.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/unfinished_saves.h"
@@ -242,7 +243,7 @@ TEST(Faults, InTheMiddleOfASaveInPlaceAreMendedAtTheNextStart) {
     rig.answer = BoxAnswer::Yes;
     MemoryBlock whole;
     ASSERT_TRUE(ReadWholeFile(copy, whole).IsDone());
-    for (std::size_t i = 0; i < whole.size(); i += i < fresh.size() ? 97 : 1) {
+    for (std::size_t i = 0; i < whole.size(); i += std::size_t{i < fresh.size() ? 97U : 1U}) {
         EXPECT_FALSE(ParseSafeCopy(whole.Bytes().first(i)));
         whole.data()[i] ^= 1;
         EXPECT_FALSE(ParseSafeCopy(whole.Bytes())) << i;
@@ -252,6 +253,67 @@ TEST(Faults, InTheMiddleOfASaveInPlaceAreMendedAtTheNextStart) {
     EXPECT_EQ(rig.ReadFile(kSnapshotFile), fresh);
     EXPECT_TRUE(FilesOfRun(kSafeCopy).empty());
     EXPECT_TRUE(rig.boxes.back().startsWith(QLatin1String("Save|Lumrake did not finish saving ")));
+}
+
+/// The bytes that a start would bring back.
+Bytes Kept(const Bytes& file) {
+    EndRecoveryRun();
+    AdoptDeadRuns();
+    Bytes bytes = file;
+    for (const QString& sKeptIn : FilesOfRun(kKeptChanges)) {
+        MemoryBlock memory;
+        EXPECT_TRUE(ReadWholeFile(sKeptIn, memory).IsDone());
+        const auto recovery = ReadRecovery(memory.Bytes());
+        EXPECT_TRUE(recovery) << "half of something";
+        for (const auto& [number, block] : recovery->blocks) {
+            std::ranges::copy(block.bytes, bytes.begin() + number * std::ptrdiff_t{ChangedBlocks::kBytes});
+        }
+    }
+    return bytes;
+}
+
+TEST(Faults, OfKeepingWhatIsDrawnOpenNoBoxAndLoseNothingKept) {
+    std::set<std::string> calls;
+    for (const Fault& fault : kFaults) {
+        for (const int armedFor : {0, 1, 2}) { // the first that is kept, the next, a start that takes it over
+            for (int failAt = 1; failAt == 1 || StruckCall() != "none"; ++failAt) {
+                Rig rig;
+                const Bytes file = rig.ReadFile(kSnapshotFile);
+                const SnapshotProbe probe{*rig.snapshot};
+                iCurrentTool = kToolDraw;
+                std::vector<Bytes> states{file};
+                for (const int step : {0, 1, 2}) {
+                    for (int x = 0; step < 2 && x < 40; ++x) { // some of them change a bit
+                        probe.Press(1, static_cast<float>(8 * x), static_cast<float>(8 * step));
+                    }
+                    states.push_back(probe.Bytes());
+                    if (step == armedFor) {
+                        ArmFaults(PlanOf(rig, fault, failAt));
+                    }
+                    if (step < 2) {
+                        KeepAllDocuments();
+                    } else {
+                        EndRecoveryRun();
+                        AdoptDeadRuns();
+                    }
+                    if (step == armedFor) {
+                        DisarmFaults();
+                        break;
+                    }
+                }
+                calls.insert(StruckCall());
+                SCOPED_TRACE(::testing::Message() << std::strerror(fault.error) << " at call " << failAt
+                                                  << ", " << StruckCall() << ", step " << armedFor);
+                EXPECT_TRUE(rig.boxes.empty());
+                EXPECT_EQ(rig.ReadFile(kSnapshotFile), file);
+                const Bytes kept = Kept(file);
+                EXPECT_TRUE(kept == states.back() || (armedFor < 2 && kept == states[states.size() - 2]));
+            }
+        }
+    }
+    for (const char* call : {"open", "write", "fsync", "rename", "directory", "mkdir", "flock"}) {
+        EXPECT_TRUE(calls.contains(call)) << call;
+    }
 }
 
 TEST(Faults, ALimitOfTheFileSizeIsAFailureAndNoEnd) {

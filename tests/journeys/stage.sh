@@ -73,7 +73,7 @@ close_stage() {
 trap close_stage EXIT
 
 launch() {
-    (cd "$files" && exec "$app/lumrake" "$@" 2>"$stage/stderr") &
+    (cd "$files" && exec ${with:-} "$app/lumrake" "$@" 2>"$stage/stderr") &
     program=$!
 }
 # find_main: waits for the main window and gives it room for two children side by side.

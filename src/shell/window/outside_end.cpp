@@ -2,6 +2,7 @@
 
 #include "controls/message_box.h"
 #include "disk/system_calls.h"
+#include "shell/kept_document.h"
 #include "shell/window/frmMain.h"
 
 #include <QGuiApplication>
@@ -17,6 +18,7 @@ namespace {
 frmMain* (*findMainWindow)() = nullptr;
 
 void EndUnasked() {
+    KeepAllDocuments();
     SetMessageBoxAnswerer([](const MessageBox&) { return BoxAnswer::Cancel; }); // nobody is there to answer
     if (frmMain* main = findMainWindow()) {
         main->Unload();
@@ -26,6 +28,7 @@ void EndUnasked() {
 }
 
 void EndOfSession(QSessionManager& session) {
+    KeepAllDocuments();
     frmMain* main = findMainWindow();
     if (main == nullptr || !session.allowsInteraction()) {
         EndUnasked();

@@ -10,6 +10,7 @@
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
 #include "shell/window/outside_end.h"
+#include "shell/window/recoveries.h"
 #include "shell/window/unfinished_saves.h"
 
 #include <QApplication>
@@ -56,6 +57,7 @@ void Main(const QString& sCommandLine) {
     }
     mainWindow->show();
     FinishSaves();
+    OfferRecoveries();
 }
 
 void Initialise() {
@@ -83,10 +85,10 @@ int RunProgram(int argc, char** argv) {
         words << QString::fromLocal8Bit(argv[word]);
     }
     HoldWriteSignals(); // a full quota or a closed terminal does not take the documents away
-    // No point of a stroke may be lost.
-    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     int toolkitCount = std::min(argc, 1);
     QApplication application(toolkitCount, argv);
+    // No point of a stroke may be lost; the platform of X11 sets it while the application is made.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     // The splash and the box of a new version close before the main window shows.
     QApplication::setQuitOnLastWindowClosed(false);
     PinLook();
