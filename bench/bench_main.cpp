@@ -2,6 +2,7 @@
 ///
 ///   lumrake_bench FILE            measures the figures and writes them into FILE, between its two marks
 ///   lumrake_bench --benchmark_... runs what is chosen and reports it in the library's own way
+#include "bench.h"
 #include "figures.h"
 
 #include "controls/screen.h"
@@ -59,6 +60,8 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     lumrake::PinLook();
+    qputenv("XDG_STATE_HOME",
+            FilePath(Place::Memory, QStringLiteral("state")).toLocal8Bit()); // not the user's
     const char* const table = argc == 2 && argv[1][0] != '-' ? argv[1] : nullptr;
     if (table == nullptr) {
         benchmark::Initialize(&argc, argv);

@@ -23,16 +23,16 @@ std::ptrdiff_t StateIn(std::span<const std::uint8_t> file, const std::vector<Byt
 }
 
 TEST(Recovery, FromAFileThatWasCutOrHarmedIsAStateThatWas) {
-    std::vector<Bytes> states{Bytes(5000)};
+    std::vector<Bytes> states{Bytes(4100)};
     ChangedBlocks blocks;
-    blocks.Open(5000);
+    blocks.Open(4100);
     int asked = 0;
     blocks.onNew = [&asked] { ++asked; };
     RecoveryWriter writer;
-    writer.Begin({RecoveryHeader::kSnapshot, "/games/a.sna", 5000});
+    writer.Begin({RecoveryHeader::kSnapshot, "/games/a.sna", 4100});
     Bytes file;
     std::vector<std::size_t> ends;
-    for (const std::vector<std::size_t>& places : {std::vector<std::size_t>{4999}, {0, 4998}, {4997, 4096}}) {
+    for (const std::vector<std::size_t>& places : {std::vector<std::size_t>{4099}, {4098}, {0, 4097}}) {
         Bytes bytes = states.back();
         for (const std::size_t place : places) {
             blocks.Touch(bytes, place);
@@ -46,16 +46,14 @@ TEST(Recovery, FromAFileThatWasCutOrHarmedIsAStateThatWas) {
     }
     EXPECT_EQ(asked, 3) << "once for each record";
     EXPECT_EQ(blocks.Changed().size(), 2U);
-    EXPECT_EQ(ReadRecovery(file)->blocks[1].before, CheckSum(Bytes(904)));
+    EXPECT_EQ(ReadRecovery(file)->blocks[1].before, CheckSum(Bytes(4)));
     for (std::size_t at = 0; at <= file.size(); ++at) {
         const auto whole = std::ranges::count_if(ends, [at](std::size_t end) { return end <= at; });
         ASSERT_EQ(StateIn(std::span(file).first(at), states), whole) << "cut at " << at;
-        for (const std::uint8_t bit : Bytes{0x80, 0x01}) {
-            Bytes harmed = file;
-            harmed.push_back(0); // what follows a whole record does it no harm
-            harmed[at] ^= bit;
-            ASSERT_EQ(StateIn(harmed, states), whole) << "harmed at " << at;
-        }
+        Bytes harmed = file;
+        harmed.push_back(0); // what follows a whole record does it no harm
+        harmed[at] ^= at % 2 == 0 ? 0x80 : 0x01;
+        ASSERT_EQ(StateIn(harmed, states), whole) << "harmed at " << at;
     }
 }
 

@@ -118,14 +118,14 @@ struct Program {
 
 TEST(Files, OfDeadProgramsGoToOneThatStartsAndThoseOfLivingOnesToNobody) {
     constexpr int kSteps = 6;
-    for (int order = 0; order < 1 << kSteps;
-         ++order) { // a bit says which one starts, or is killed when it runs
+    // A bit says which one starts, or is killed when it runs; the first is the first.
+    for (int order = 0; order < 1 << kSteps; order += 2) {
         const Stage stage;
         std::array<Program, 2> programs;
         std::array<int, 2> held{};
         int dead = 0;
         for (int step = 0; step < kSteps; ++step) {
-            const std::size_t which = order >> step & 1;
+            const auto which = static_cast<std::size_t>(order >> step & 1);
             if (programs[which].process != 0) {
                 programs[which].Kill();
                 dead += std::exchange(held[which], 0);
@@ -135,7 +135,7 @@ TEST(Files, OfDeadProgramsGoToOneThatStartsAndThoseOfLivingOnesToNobody) {
                 ASSERT_EQ(held[which], std::exchange(dead, 0) + 1) << "order " << order << ", step " << step;
             }
         }
-        for (const std::size_t which : {0, 1}) {
+        for (const std::size_t which : {0U, 1U}) {
             programs[which].process != 0 ? programs[which].Kill() : void();
             dead += held[which];
         }
