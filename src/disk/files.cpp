@@ -74,7 +74,9 @@ QStringList PathsThatFit(const QString& path, Spelling spelling, Fit fit) {
     for (const QString& directory : PathsThatFit(given, spelling, Fit::Case)) {
         for (const QString& entry : Matches(directory, name, fit)) {
             // A bare name stays a bare name.
-            found << (path.contains(QLatin1Char('/')) ? QDir(directory).filePath(entry) : entry);
+            found << (QDir::fromNativeSeparators(path).contains(QLatin1Char('/'))
+                          ? QDir(directory).filePath(entry)
+                          : entry);
         }
     }
     if (exists && !found.contains(path)) { // through directories that can be entered and not read
@@ -202,12 +204,17 @@ QString FileTitleOf(const QString& sPath) {
 
 std::optional<QString> FindFile(const QString& path) {
     const QStringList found = PathsThatFit(path, Spelling::OfTheDisk, Fit::Stored);
-    return found.size() == 1 && QFileInfo::exists(found[0]) ? std::optional(found[0]) : std::nullopt;
+    return found.size() == 1 && QFileInfo::exists(found[0])
+               ? std::optional(QDir::toNativeSeparators(found[0]))
+               : std::nullopt;
 }
 
 QStringList FilesOfStoredPath(const QString& path, bool isCut) {
     QStringList found = PathsThatFit(path, Spelling::Lowered, isCut ? Fit::Cut : Fit::Stored);
     found.removeIf([](const QString& file) { return !QFileInfo::exists(file) || QFileInfo(file).isDir(); });
+    for (QString& file : found) {
+        file = QDir::toNativeSeparators(file);
+    }
     return found;
 }
 
@@ -219,17 +226,20 @@ NewFile PathForNewFile(const QString& chosen) {
         return {};
     }
     const QDir directory(info.path());
+    const auto pathOf = [&directory](const QString& entry) {
+        return QDir::toNativeSeparators(directory.filePath(entry));
+    };
     const QString lower = name.toLower();
     for (const QString& candidate : {spelled, name, lower}) {
-        if (IsTaken(directory.filePath(candidate))) {
-            return {directory.filePath(candidate), true};
+        if (IsTaken(pathOf(candidate))) {
+            return {pathOf(candidate), true};
         }
     }
     const QStringList matches = Matches(directory.path(), name, Fit::Case);
     if (matches.size() == 1) { // of several the question could not say which one it means
-        return {directory.filePath(matches.constFirst()), true};
+        return {pathOf(matches.constFirst()), true};
     }
-    return {directory.filePath(lower), false};
+    return {pathOf(lower), false};
 }
 
 bool IsMissing(const QString& path) {

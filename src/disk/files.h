@@ -15,6 +15,8 @@ class QIODevice;
 
 namespace lumrake {
 
+// Paths are taken with "/" and with what the system writes between directories, and given back with the latter.
+
 /// The last component of a path. "/" and "\" both end a directory; with neither in it the empty text.
 QString FileTitleOf(const QString& sPath);
 
