@@ -62,8 +62,9 @@ TEST(Windows, NamesThatItWouldChangeAreRefused) {
     }
     EXPECT_EQ(QDir(stage.Path({})).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
     EXPECT_TRUE(WriteWholeFile(stage.Path(u"com.sna"_qs), NoiseBytes(1)).IsDone());
-    const QString back = QDir::toNativeSeparators(stage.Path(u"COM.sna"_qs)),
-                  mixed = back.left(3) + u'/' + back.mid(3);
+    const QString back = QDir::toNativeSeparators(stage.Path(u"COM.sna"_qs));
+    QString mixed = back;
+    mixed[mixed.lastIndexOf(u'\\')] = u'/';
     EXPECT_TRUE(FindFile(mixed) && !FindFile(mixed)->contains(u'/'));
     EXPECT_EQ(PathForNewFile(stage.Path(u"COM.sna"_qs)).path, back);
 }
