@@ -3,7 +3,7 @@
 #include "probes.h"
 
 #include "animation/rules/animation_record.h"
-#include "disk/files.h"
+#include "disk/save_file.h"
 #include "shell/shell.h"
 
 #include <QApplication>
@@ -60,8 +60,26 @@ void Paint(benchmark::State& state) {
     }
 }
 
+/// One frame of as many windows as fit on a large screen, each until it is seen.
+void FrameOfMany(benchmark::State& state) {
+    static std::vector<Player*> players; // never deleted, as above
+    while (players.size() < 40) {
+        players.push_back(new Player);
+        if (!players.back()->opened) {
+            state.SkipWithError("an animation doesn't open");
+        }
+    }
+    for (auto _ : state) {
+        for (const Player* player : players) {
+            player->probe.Tick();
+            player->probe.Picture().repaint();
+        }
+    }
+}
+
 const bool kRegistered = [] {
     Add("Animation/frame", Frame);
+    Add("Animations/frame", FrameOfMany);
     Add("Animation/paint", Paint);
     return true;
 }();

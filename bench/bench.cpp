@@ -93,11 +93,6 @@ bool PlainRead(const QString& path, std::uint8_t* to, std::size_t count) {
     return true;
 }
 
-bool PlainWrite(const QString& path, const std::vector<std::uint8_t>& bytes) {
-    const Handle file(path, O_WRONLY | O_CREAT | O_TRUNC);
-    return file >= 0 && WriteAll(file, bytes);
-}
-
 bool PlainSave(const QString& path, const std::vector<std::uint8_t>& bytes) {
     const QString beside = path + QLatin1String(".new");
     {

@@ -33,8 +33,7 @@ QString FileOf(Place place, std::int64_t length);
 
 /// What the baselines of files are measured with: the bare system calls. False on failure.
 bool PlainRead(const QString& path, std::uint8_t* to, std::size_t count);
-bool PlainWrite(const QString& path, const std::vector<std::uint8_t>& bytes);
-/// The same beside the file, brought to the disk (fsync) and renamed to it: nothing of the file is ever half
+/// Writes beside the file, brings it to the disk (fsync) and renames it there: nothing of the file is ever half
 /// written.
 bool PlainSave(const QString& path, const std::vector<std::uint8_t>& bytes);
 

@@ -1,7 +1,10 @@
 /// All benchmarks in one program.
 ///
-///   lumrake_bench FILE            measures the figures and writes them into FILE, between its two marks
+///   lumrake_bench FILE CHART      measures the figures and writes them into FILE, between its two marks, and what a
+///                                 chart is drawn from into CHART
+///   lumrake_bench --check         measures the figures and fails where one misses its goal
 ///   lumrake_bench --benchmark_... runs what is chosen and reports it in the library's own way
+#include "bench.h"
 #include "figures.h"
 
 #include "controls/screen.h"
@@ -39,6 +42,11 @@ void RunFigures(Measurements& measurements) {
     }
 }
 
+bool Write(const char* path, const std::string& text) {
+    std::ofstream out(path);
+    return static_cast<bool>(out << text << std::flush);
+}
+
 /// Puts `text` between the marks of the file.
 bool WriteInto(const char* path, const std::string& text) {
     std::ifstream in(path);
@@ -48,8 +56,7 @@ bool WriteInto(const char* path, const std::string& text) {
         return false;
     }
     whole.replace(begin + kBegin.size(), end - begin - kBegin.size(), text);
-    std::ofstream out(path);
-    return static_cast<bool>(out << whole << std::flush);
+    return Write(path, whole);
 }
 
 } // namespace
@@ -59,8 +66,11 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     lumrake::PinLook();
-    const char* const table = argc == 2 && argv[1][0] != '-' ? argv[1] : nullptr;
-    if (table == nullptr) {
+    qputenv("XDG_STATE_HOME",
+            FilePath(Place::Memory, QStringLiteral("state")).toLocal8Bit()); // not the user's
+    const bool check = argc == 2 && std::string_view(argv[1]) == "--check";
+    const bool table = argc == 3 && argv[1][0] != '-';
+    if (!check && !table) {
         benchmark::Initialize(&argc, argv);
         if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
             return 1;
@@ -88,8 +98,13 @@ int main(int argc, char** argv) {
         std::fputs("Not every figure could be measured.\n", stderr);
         return 1;
     }
-    if (!WriteInto(table, text)) {
-        std::fprintf(stderr, "%s lacks its marks or can't be written.\n", table);
+    if (check) {
+        const std::string missed = measurements.Missed();
+        std::fprintf(stderr, "%s%s", missed.empty() ? "" : "These miss their goal:\n", missed.c_str());
+        return missed.empty() ? 0 : 1;
+    }
+    if (!WriteInto(argv[1], text) || !Write(argv[2], measurements.Shares())) {
+        std::fprintf(stderr, "%s lacks its marks, or it or %s can't be written.\n", argv[1], argv[2]);
         return 1;
     }
     return 0;

@@ -14,6 +14,7 @@ enum class Goal {
     FasterAtLeast,   ///< baseline time / measured time
     TimeAtMost,      ///< of the measured one, in seconds; no baseline
     RateAtLeast,     ///< items per second of the measured one; no baseline
+    CountAtMost,     ///< counter "bytes", whatever it counts; no baseline
     BytesMoreAtMost, ///< counter "bytes", measured - baseline, in MiB
     Told             ///< a ratio without a goal, to judge others by
 };
@@ -38,6 +39,11 @@ class Measurements : public benchmark::BenchmarkReporter {
 
     /// The figures as a Markdown table.
     std::string Table() const;
+    /// For a chart: a line for each figure that has a goal, its title and how much of its limit it takes (1 reaches it
+    /// just so, less is better), with a tab between them.
+    std::string Shares() const;
+    /// The titles of those that miss their goal, a line each.
+    std::string Missed() const;
     /// False when a benchmark of the table failed or is missing.
     bool IsComplete() const;
 
@@ -48,7 +54,12 @@ class Measurements : public benchmark::BenchmarkReporter {
     /// The median of `values` of the benchmark, or of the worst of those that `name` stands for; not a number
     /// when there is none.
     double Median(const char* name, std::vector<double> Samples::*values) const;
-    std::string Row(const Figure& figure) const;
+    /// What the table says of a figure, and how much of its limit it takes; not a number without a goal.
+    struct Result {
+        std::string measured, baseline, value, goal;
+        double share;
+    };
+    Result ResultOf(const Figure& figure) const;
 
     std::map<std::string, Samples> samples_;
 };

@@ -5,6 +5,7 @@
 #include "controls/message_box.h"
 #include "controls/save_picture.h"
 #include "disk/files.h"
+#include "disk/save_file.h"
 #include "display/lmk.h"
 #include "shell/shell.h"
 #include "snapshot/rules/raw_export.h"
@@ -41,7 +42,7 @@ void BitmapsOurs(benchmark::State& state) {
             lmk::zxShowMem(&context, bytes.data(), view * kViewBytes, kViews * kViewBytes, 256, 192, 1,
                            3 * 16, 56, Settings.lPalette.data());
             const QString name = QStringLiteral("views/%1.bmp").arg(view + 1, 4, 10, QLatin1Char('0'));
-            done = !SavePicture(FilePath(Place::Memory, name), context.Picture(), 4);
+            done = SavePicture(FilePath(Place::Memory, name), context.Picture(), 4).IsDone();
         }
         if (!done) {
             state.SkipWithError("a file failed");
@@ -69,18 +70,18 @@ void BitmapOurs(benchmark::State& state) {
     lmk::zxShowMem(&context, memory.data(), 0, 256 * 1024, 256, 512, 16, 5 * 16, 56,
                    Settings.lPalette.data());
     for (auto _ : state) {
-        if (SavePicture(FilePath(Place::Memory, QStringLiteral("view.bmp")), context.Picture(), 16)) {
+        if (SavePicture(FilePath(Place::Memory, QStringLiteral("view.bmp")), context.Picture(), 16)
+                .IsNotDone()) {
             state.SkipWithError("the bitmap can't be written");
         }
     }
 }
 
-void Plain(benchmark::State& state, bool (*write)(const QString&, const std::vector<std::uint8_t>&),
-           Place place, std::int64_t count) {
+void Plain(benchmark::State& state, Place place, std::int64_t count) {
     const std::vector<std::uint8_t> bytes = Noise(static_cast<std::size_t>(count));
     const QString path = FilePath(place, QStringLiteral("plain"));
     for (auto _ : state) {
-        if (!write(path, bytes)) {
+        if (!PlainSave(path, bytes)) {
             state.SkipWithError("the file can't be written");
         }
     }
@@ -173,10 +174,10 @@ const bool kRegistered = [] {
     Add("Bitmaps/ours", BitmapsOurs);
     Add("Bitmaps/ffmpeg", BitmapsFfmpeg);
     Add("Bitmap/ours", BitmapOurs);
-    Add("Bitmap/plain", [](State& state) { Plain(state, PlainWrite, Place::Memory, 64 * kMebibyte); });
+    Add("Bitmap/plain", [](State& state) { Plain(state, Place::Memory, 64 * kMebibyte); });
     Add("Raw/ours", RawOurs);
     Add("Raw/command", RawCommand);
-    Add("Raw/plain", [](State& state) { Plain(state, PlainWrite, Place::Memory, 256 * 1024); });
+    Add("Raw/plain", [](State& state) { Plain(state, Place::Memory, 256 * 1024); });
     for (const auto& [group, length] :
          {std::pair{"Open16M/", 16 * kMebibyte}, {"Open1G/", 1024 * kMebibyte}}) {
         const std::string name = group;
@@ -185,9 +186,7 @@ const bool kRegistered = [] {
         Add(name + "again", [length](State& state) { OpenPlain(state, length, false); });
     }
     Add("Save/ours", SaveOurs)->Iterations(3);
-    Add("Save/plain", [](State& state) {
-        Plain(state, PlainSave, Place::Disk, 16 * kMebibyte);
-    })->Iterations(3);
+    Add("Save/plain", [](State& state) { Plain(state, Place::Disk, 16 * kMebibyte); })->Iterations(3);
     return true;
 }();
 

@@ -72,6 +72,34 @@ void Start(benchmark::State& state, const std::string& program) {
     }
 }
 
+/// One line scrolled in a full window at a scale of the screen, or the copy of its bytes (`kind` 0 or 1).
+void Scroll(benchmark::State& state, const std::string& scale, std::size_t kind) {
+    const std::string directory = FilePath(Place::Memory, QStringLiteral(".")).toStdString();
+    const std::string file = FileOf(Place::Memory, 16 << 20).toStdString();
+    qputenv("QT_SCALE_FACTOR", scale.c_str());
+    for (auto _ : state) {
+        const auto taken = Answer("child_lumrake", {"scroll", directory, file});
+        if (!taken) {
+            state.SkipWithError("the program doesn't scroll the file");
+        }
+        state.SetIterationTime(taken ? static_cast<double>((*taken)[kind]) * 1e-9 : 0);
+    }
+    qunsetenv("QT_SCALE_FACTOR");
+}
+
+/// How often it wakes up beside an unchanged document.
+void Idle(benchmark::State& state) {
+    const std::string directory = FilePath(Place::Memory, QStringLiteral(".")).toStdString();
+    for (auto _ : state) {
+        const auto wakeUps =
+            Answer("child_lumrake", {"idle", directory, FileOf(Place::Disk, 48 * 1024).toStdString()});
+        if (!wakeUps) {
+            state.SkipWithError("the program doesn't show the file");
+        }
+        state.counters["bytes"] = wakeUps ? static_cast<double>((*wakeUps)[0]) : -1;
+    }
+}
+
 /// With a file of `length` bytes; 0 for none. `kind`: 0 the resident set, 1 the proportional one.
 void Memory(benchmark::State& state, const std::string& program, std::int64_t length, std::size_t kind) {
     const std::string directory = FilePath(Place::Memory, QStringLiteral(".")).toStdString();
@@ -94,6 +122,14 @@ const bool kRegistered = [] {
             ->UseManualTime()
             ->Iterations(3);
     }
+    for (const std::string scale : {"1", "1.5", "2"}) {
+        for (const auto& [name, kind] : {std::pair{"x", std::size_t{0}}, {"x_memcpy", std::size_t{1}}}) {
+            benchmark::RegisterBenchmark(("Scroll/" + scale + name).c_str(),
+                                         [=, kind = kind](State& state) { Scroll(state, scale, kind); })
+                ->UseManualTime()
+                ->Iterations(1);
+        }
+    }
     const auto addMemory = [](const std::string& name, const std::string& program, std::int64_t length) {
         for (const auto& [group, kind] : {std::pair{"Memory/", std::size_t{0}}, {"Share/", std::size_t{1}}}) {
             Add(group + name, [=, kind = kind](State& state) { Memory(state, program, length, kind); })
@@ -101,6 +137,7 @@ const bool kRegistered = [] {
                 ->Repetitions(3);
         }
     };
+    Add("Idle/document", Idle)->Iterations(1)->Repetitions(1);
     addMemory("empty", "child_empty", 0);
     addMemory("48KiB", "child_lumrake", 48 * 1024);
     addMemory("1GiB", "child_lumrake", std::int64_t{1} << 30);

@@ -17,8 +17,9 @@ option(LUMRAKE_FUZZERS "Build the libFuzzer targets (needs clang)" OFF)
 set(CMAKE_CXX_FLAGS_RELEASE "-O3 -DNDEBUG")
 set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O3 -g")
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
-                    -Woverloaded-virtual -Werror)
+set(warnings -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual
+             -Werror)
+add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:${warnings}>") # not what the compiler of Windows' resources gets
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_FOREACH)
 
 if(LUMRAKE_SANITIZE)

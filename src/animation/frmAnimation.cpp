@@ -21,14 +21,36 @@ const QString kTitle = QStringLiteral("Animation");
 
 } // namespace
 
-frmAnimation::frmAnimation() {
+frmAnimation::frmAnimation()
+    : kept(blocks, [this] {
+          byKept = EncodeAnimation(record);
+          const RecoveryHeader header{RecoveryHeader::kAnimation, sFilePath.toStdString(), byKept.size()};
+          return KeptDocument::State{header, byKept};
+      }) {
+    blocks.Open(kAnimationBytes);
     CreateControls();
 }
 
 bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
-    if (!(AnimFile.isEmpty() ? TakeNewSettings(sSnapFile) : ReadRecord(AnimFile))) {
+    return (AnimFile.isEmpty() ? TakeNewSettings(sSnapFile) : ReadRecord(AnimFile)) && Open();
+}
+
+bool frmAnimation::BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged) {
+    const QString sFile = QString::fromStdString(recovery.header.path);
+    const auto bytes = recovery.blocks.begin()->second.bytes;
+    if (bytes.size() != kAnimationBytes || (!sFile.isEmpty() && !ReadRecord(sFile))) {
         return false;
     }
+    record = HeldForUse(DecodeAnimation(bytes.first<kAnimationBytes>()), 0);
+    bChanged = -1;
+    kept.Adopt(sKeptIn);
+    if (bFileChanged && !sFile.isEmpty()) {
+        knownFile.Distrust();
+    }
+    return Open();
+}
+
+bool frmAnimation::Open() {
     std::optional<QString> sSnapshot = FindAnimationSnapshot(SnapshotPath(), sFilePath);
     if (!sSnapshot) {
         if (!AskForSnapshot()) {
@@ -40,8 +62,7 @@ bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
     if (!LoadSnapshot(sSnapshot.value_or(SnapshotPath()))) {
         return false;
     }
-    ++iAnimationCount;
-    bLaunched = true;
+    counted.emplace(iAnimationCount);
     state = PlayState();
     AdoptChild(this);
     SetPositions();
@@ -49,7 +70,18 @@ bool frmAnimation::Launch(const QString& AnimFile, const QString& sSnapFile) {
     ShowCurrentFrame();
     picImage->setFocus();
     ChildFrame(this)->show();
+    SetChanged(bChanged); // only what is open is kept
     return true;
+}
+
+void frmAnimation::SetChanged(std::int16_t NewStatus) {
+    bChanged = NewStatus;
+    if (bChanged != 0) {
+        blocks.Touch(byFile, 0);
+    } else {
+        blocks.Saved();
+        kept.Forget();
+    }
 }
 
 bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
@@ -68,7 +100,7 @@ bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
 
 bool frmAnimation::ReadRecord(const QString& sFile) {
     MemoryBlock bytes;
-    Outcome read = ReadWholeFile(sFile, bytes, kAnimationBytes);
+    Outcome read = knownFile.Read(sFile, bytes, kAnimationBytes);
     if (read.IsDone() && bytes.size() < kAnimationBytes) {
         read = Outcome::Failed(QStringLiteral("It is too short for an animation."));
     }
@@ -77,8 +109,8 @@ bool frmAnimation::ReadRecord(const QString& sFile) {
             kTitle)) {
         return false;
     }
-    record = DecodeAnimation(bytes.Bytes().first<kAnimationBytes>());
-    record = HeldForUse(record, 0); // the length waits for the snapshot
+    std::ranges::copy(bytes.Bytes(), byFile.begin());
+    record = HeldForUse(DecodeAnimation(byFile), 0); // the length waits for the snapshot
     record.sAnimFile.Set(sFile.toStdString());
     sFilePath = sFile;
     return true;
@@ -119,9 +151,10 @@ Outcome frmAnimation::SaveAnimation(const QString& sFilename) {
     }
     AnimationRecord saved = record;
     saved.sAnimFile.Set(sFilename.toStdString());
-    const Outcome written = WriteWholeFile(sFilename, EncodeAnimation(saved));
+    const Outcome written = knownFile.Write(sFilename, EncodeAnimation(saved));
     if (written.IsDone()) {
         record = saved;
+        byFile = EncodeAnimation(saved);
         sFilePath = sFilename;
         SetChanged(0);
     }
@@ -146,7 +179,8 @@ void frmAnimation::Form_Unload(bool& Cancel) {
         Cancel = answer == BoxAnswer::Yes ? !SaveBeforeClosing(this) : answer != BoxAnswer::No;
     }
     if (!Cancel) {
-        --iAnimationCount;
+        kept.Forget();
+        counted.reset();
         if (iAnimationCount == 0) {
             UpdateToolbars(QStringLiteral("ANIMATION"), false);
         }
@@ -159,11 +193,10 @@ void frmAnimation::closeEvent(QCloseEvent* event) {
         return;
     }
     bool Cancel = false;
-    if (bLaunched) {
+    if (counted) {
         bUnloading = true;
         Form_Unload(Cancel);
         bUnloading = false;
-        bLaunched = Cancel;
     }
     if (!Cancel) {
         Timer1.stop();

@@ -4,7 +4,10 @@
 #include "animation/rules/stepping.h"
 #include "base/memory_block.h"
 #include "controls/control_array.h"
+#include "disk/known_file.h"
 #include "disk/outcome.h"
+#include "shell/kept_document.h"
+#include "shell/shell.h"
 
 #include <QPushButton>
 #include <QString>
@@ -13,6 +16,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 namespace lumrake {
 
@@ -33,14 +37,20 @@ class frmAnimation : public QWidget {
     /// or has been told why, nothing is counted, and the caller lets the instance go.
     bool Launch(const QString& AnimFile, const QString& sSnapFile = {});
 
+    /// The same for an animation whose record was kept in the file `sKeptIn`. It is changed then.
+    bool BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged);
+
     /// Writes the record to `sFilename` and makes it this window's file. Called off for an empty name.
     /// Unless it is done the animation keeps its name and stays changed; the caller tells why.
     Outcome SaveAnimation(const QString& sFilename);
 
+    /// Fails when another program changed the document's own file since it was read or saved here.
+    Outcome FindFileUnchanged() const { return knownFile.FindUnchanged(sFilePath); }
+
     /// The true path of the file; empty for an animation that was never saved.
     QString GetFilename() const { return sFilePath; }
     /// -1: the record differs from what is on the disk, or was never saved; 0: it does not.
-    void SetChanged(std::int16_t NewStatus) { bChanged = NewStatus; }
+    void SetChanged(std::int16_t NewStatus);
 
     /// The settings of this window into GlobalAnim, and back. The path, the zoom and the file length stay.
     void AnimToGlobal() const;
@@ -74,6 +84,8 @@ class frmAnimation : public QWidget {
     friend struct AnimationProbe; // lets tests read the fields
 
     // ---- the document ----
+    /// Opens the window on the record.
+    bool Open();
     bool TakeNewSettings(const QString& sSnapFile);
     bool ReadRecord(const QString& sFile);
     bool AskForSnapshot();
@@ -96,12 +108,18 @@ class frmAnimation : public QWidget {
 
     // ---- fields ----
     AnimationRecord record;
-    QString sFilePath;         ///< true path of the animation's own file; the record has it as far as it fits
-    MemoryBlock byMemory;      ///< at most lFileLength bytes of the snapshot, read once
-    PlayState state;           ///< iCurrentFrame and iDirection
-    std::int16_t bChanged = 0; ///< see SetChanged
-    bool bLaunched = false;    ///< the window is counted in iAnimationCount
-    bool bUnloading = false;   ///< Form_Unload is asking
+    std::array<std::uint8_t, kAnimationBytes>
+        byFile{}; ///< the record in its file; zeros before the first save
+    std::array<std::uint8_t, kAnimationBytes> byKept{}; ///< the record when it is kept
+    ChangedBlocks blocks;                               ///< one, the record
+    KeptDocument kept;
+    QString sFilePath; ///< true path of the animation's own file; the record has it as far as it fits
+    KnownFile knownFile;
+    MemoryBlock byMemory;             ///< at most lFileLength bytes of the snapshot, read once
+    PlayState state;                  ///< iCurrentFrame and iDirection
+    std::int16_t bChanged = 0;        ///< see SetChanged
+    std::optional<CountedIn> counted; ///< from Launch until Form_Unload lets the window go
+    bool bUnloading = false;          ///< Form_Unload is asking
     QTimer Timer1;
 
     // ---- controls ----

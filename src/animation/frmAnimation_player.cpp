@@ -13,6 +13,7 @@
 #include "controls/control_table.h"
 #include "controls/picture_box.h"
 #include "controls/pictures.h"
+#include "controls/spoken.h"
 #include "controls/watch.h"
 #include "disk/texts.h"
 #include "display/lmk.h"
@@ -23,6 +24,7 @@
 #include <QPointer>
 
 #include <string_view>
+#include <utility>
 
 namespace lumrake {
 
@@ -48,6 +50,10 @@ constexpr PlayerRow kControls[] = {
     {"FORWARD", "Forward", "animation/forward.svg", "",       kHelpForward, 24, true},
     {"SETUP",   "Setup",   "",                      "&Setup", kHelpSetup,   49, true},
 };
+/// A key on the picture and the control that it stands for while that can be clicked.
+constexpr std::pair<int, int> kPictureKeys[] = {
+    {Qt::Key_Left, 0}, {Qt::Key_Space, 1}, {Qt::Key_Space, 2}, {Qt::Key_Right, 3},
+};
 // clang-format on
 
 } // namespace
@@ -57,7 +63,20 @@ void frmAnimation::CreateControls() {
     setWindowTitle(QStringLiteral("animation..."));
     picImage = new PictureBox(this);
     picImage->setObjectName(QStringLiteral("picImage"));
-    picImage->setAccessibleName(QStringLiteral("Frame"));
+    SetSpoken(
+        picImage,
+        {.role = QAccessible::Graphic,
+         .name =
+             [this] {
+                 return QStringLiteral("Frame %1 of %2").arg(state.iCurrentFrame + 1).arg(record.iFrames);
+             },
+         .description =
+             [this] {
+                 return QStringLiteral("%1, %2x, %3")
+                     .arg(Latin(lmk::RowOf(record.iMode).Caption))
+                     .arg(lmk::ZoomIndexToFactor(record.iZoom))
+                     .arg(Latin(Timer1.isActive() ? "playing" : "stopped"));
+             }});
     picImage->SetBorder(kPictureBorder);
     picImage->SetBackground(QColor(192, 192, 192));
     picImage->setCursor(DrawCursor(kToolMagnify, devicePixelRatioF()));
@@ -91,11 +110,13 @@ void frmAnimation::EnableControls(bool bPlaying) {
 void frmAnimation::Play() {
     EnableControls(true);
     Timer1.start();
+    TellSpoken(picImage);
 }
 
 void frmAnimation::StopPlay() {
     Timer1.stop();
     EnableControls(false);
+    TellSpoken(picImage);
 }
 
 void frmAnimation::Timer1_Timer() {
@@ -122,6 +143,9 @@ void frmAnimation::ShowCurrentFrame() {
                    record.iUpsideDown * 128 | record.iZoom * 16 | record.iMode, record.byAttribute,
                    Settings.lPalette.data());
     picImage->update();
+    if (!Timer1.isActive()) { // nobody can listen to the frames as they fly by
+        TellSpoken(picImage);
+    }
 }
 
 QSize frmAnimation::FrameSize() const {
@@ -187,7 +211,7 @@ void frmAnimation::Setup() {
     record = HeldForUse(record, record.lFileLength);
     ShowAgain(false);
     if (bAnimChanged != 0) {
-        bChanged = -1;
+        SetChanged(-1);
     }
 }
 
@@ -203,10 +227,10 @@ void frmAnimation::picImage_MouseDown(const MouseArgs& args) {
     const bool bPlaying = Timer1.isActive();
     if (args.Button == 1 && record.iZoom < 5) {
         ++record.iZoom;
-        bChanged = -1;
+        SetChanged(-1);
     } else if (args.Button == 2 && record.iZoom > 1) {
         --record.iZoom;
-        bChanged = -1;
+        SetChanged(-1);
     }
     ShowAgain(bPlaying);
 }
@@ -216,7 +240,7 @@ void frmAnimation::SetZoom(std::int16_t NewZoom) {
         return;
     }
     const bool bPlaying = Timer1.isActive();
-    bChanged = -1;
+    SetChanged(-1);
     record.iZoom = NewZoom;
     ShowAgain(bPlaying);
 }
@@ -246,6 +270,16 @@ void frmAnimation::keyPressEvent(QKeyEvent* event) {
     if (IsSetupKey(*event)) {
         cmdControl[4]->click();
         return;
+    }
+    if (focusWidget() == picImage && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) {
+        for (const auto& [key, Index] : kPictureKeys) {
+            if (event->key() == key && cmdControl[Index]->isEnabled()) {
+                if (key != Qt::Key_Space || !event->isAutoRepeat()) {
+                    cmdControl_Click(Index);
+                }
+                return;
+            }
+        }
     }
     QWidget::keyPressEvent(event);
 }

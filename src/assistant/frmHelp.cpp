@@ -3,6 +3,7 @@
 #include "base/numbers.h"
 #include "base/twips.h"
 #include "controls/drawing_box.h"
+#include "controls/spoken.h"
 
 #include <QAbstractScrollArea>
 #include <QEvent>
@@ -74,6 +75,7 @@ frmHelp::frmHelp(QWidget* area) : QWidget(area), inside_(area) {
 
     shpBubble = new BubbleShape(this); // behind the others
     lblBubble = new QLabel(QStringLiteral("Hello my little cherub, how can I help you?"), this);
+    SetSpoken(lblBubble, {.role = QAccessible::AlertMessage, .name = [this] { return lblBubble->text(); }});
     lblBubble->setObjectName(QStringLiteral("lblBubble"));
     lblBubble->setGeometry(kLabel);
     lblBubble->setTextFormat(Qt::PlainText);
@@ -117,10 +119,14 @@ void frmHelp::Kill() {
 }
 
 void frmHelp::SetPrompt(const QString& sText) {
+    const bool bOther = !lblBubble->isHidden() && !sText.isEmpty() && sText != lblBubble->text();
     if (!sText.isEmpty()) {
         lblBubble->setText(sText);
     }
     ShowBubble(!sText.isEmpty());
+    if (bOther) { // a bubble that comes up is read out anyway
+        Announce(lblBubble);
+    }
 }
 
 void frmHelp::ShowBubble(bool bShow) {

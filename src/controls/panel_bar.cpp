@@ -1,7 +1,7 @@
 #include "controls/panel_bar.h"
 
-#include "controls/accessible_role.h"
 #include "controls/picture_box.h"
+#include "controls/spoken.h"
 #include "controls/whole_pixels.h"
 
 #include <QHelpEvent>
@@ -23,7 +23,7 @@ constexpr int kTextMargin = 4;
 PanelBar::PanelBar(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    SetAccessibleRole(this, QAccessible::StatusBar);
+    SetSpoken(this, {.role = QAccessible::StatusBar});
     setAccessibleName(QStringLiteral("Status bar"));
 }
 

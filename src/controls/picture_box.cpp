@@ -1,6 +1,6 @@
 #include "controls/picture_box.h"
 
-#include "controls/accessible_role.h"
+#include "controls/spoken.h"
 #include "controls/whole_pixels.h"
 
 #include <QImage>
@@ -52,7 +52,7 @@ std::uint32_t* Pixels(int width, int rows) {
 BitPictureView::BitPictureView(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent); // every exposed pixel is painted, nothing needs clearing before
     setMouseTracking(true);
-    SetAccessibleRole(this, QAccessible::Graphic);
+    SetSpoken(this, {.role = QAccessible::Graphic});
 }
 
 void BitPictureView::SetBorder(int pixels) {

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QWidget>
 
+#include <cstdint>
 #include <functional>
 
 namespace lumrake {
@@ -17,6 +18,9 @@ struct MouseArgs {
     float X = 0;             ///< logical screen pixels from the widget's corner, negative or past its size
     float Y = 0;             ///< while a button is held outside
 };
+
+/// Buttons, as values of MouseArgs::Button.
+inline constexpr std::int16_t kLeftButton = 1, kRightButton = 2;
 
 using MouseHandler = std::function<void(const MouseArgs&)>;
 
@@ -43,6 +47,8 @@ class BitPictureView : public QWidget {
     /// X and Y count from the picture's corner, inside the border. Every press that was told is followed by its
     /// release: one that went to a menu or dialog opened meanwhile is told before the next event.
     MouseHandler MouseDown, MouseMove, MouseUp;
+    /// A press was told and its release was not.
+    bool IsPressed() const { return pressed_ != Qt::NoButton; }
 
   protected:
     /// The picture to show and its factor in logical pixels; null shows the background alone.

@@ -1,5 +1,7 @@
 #include "controls/save_picture.h"
 
+#include "disk/save_file.h"
+
 #include <QImage>
 #include <QImageWriter>
 

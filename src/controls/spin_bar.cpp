@@ -18,7 +18,6 @@ namespace lumrake {
 namespace {
 
 constexpr int kArrowLength = 16;
-constexpr int kWheelNotch = 120;
 
 /// Arrows of a fixed length, each in a frame of whole device pixels, and no way to jump.
 class SpinStyle : public QProxyStyle {
@@ -101,20 +100,7 @@ SpinBar::SpinBar(Qt::Orientation orientation, QWidget* parent) : QScrollBar(orie
 }
 
 void SpinBar::wheelEvent(QWheelEvent* event) {
-    if (orientation() == Qt::Horizontal) {
-        event->ignore();
-        return;
-    }
-    const int turned = event->angleDelta().y();
-    wheelAngle_ =
-        (turned < 0) == (wheelAngle_ < 0) ? wheelAngle_ + turned : turned; // no debt on turning back
-    for (; wheelAngle_ >= kWheelNotch; wheelAngle_ -= kWheelNotch) {
-        triggerAction(SliderSingleStepSub);
-    }
-    for (; wheelAngle_ <= -kWheelNotch; wheelAngle_ += kWheelNotch) {
-        triggerAction(SliderSingleStepAdd);
-    }
-    event->accept();
+    event->ignore();
 }
 
 void SpinBar::paintEvent(QPaintEvent* event) {

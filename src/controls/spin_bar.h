@@ -7,9 +7,9 @@
 namespace lumrake {
 
 /// A scroll bar that is only a source of steps: its value is where the program put it and stays there
-/// whatever the user does, so that it can stand for numbers far beyond its own range. Arrows, keys and, on a
-/// vertical bar, the wheel signal a step; an arrow held down goes on signalling. What would jump (a drag of
-/// the slider, the middle button, the bar's own menu) signals nothing.
+/// whatever the user does, so that it can stand for numbers far beyond its own range. Arrows and keys signal a step;
+/// an arrow held down goes on signalling. What would jump (a drag of the slider, the middle button, the bar's own
+/// menu) signals nothing, and the wheel is left to the form.
 ///
 /// The arrows are 16 pixels long, or half of the bar if that is less.
 class SpinBar : public QScrollBar {
@@ -25,9 +25,6 @@ class SpinBar : public QScrollBar {
     void wheelEvent(QWheelEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
-
-  private:
-    int wheelAngle_ = 0; ///< eighths of a degree turned and not yet spent on a step
 };
 
 } // namespace lumrake

@@ -1,6 +1,7 @@
 #include "controls/toolbar.h"
 
 #include "base/row_hit.h"
+#include "controls/spoken.h"
 
 #include <QActionEvent>
 #include <QApplication>
@@ -85,8 +86,12 @@ void Toolbar::actionEvent(QActionEvent* event) {
     // A disabled button would keep its mouse moves to itself.
     control->setMouseTracking(true);
     control->installEventFilter(this);
-    if (qobject_cast<QToolButton*>(control) != nullptr) {
+    if (auto* button = qobject_cast<QToolButton*>(control)) {
         control->setFixedSize(kButtonSize);
+        if (button->isCheckable()) { // the toolkit's own action would press it and give no command
+            SetSpoken(button, {.role = QAccessible::RadioButton,
+                               .actions = {{"Press", [button] { button->click(); }}}});
+        }
         control->setAccessibleName(event->action()->toolTip());
     }
 }

@@ -2,7 +2,9 @@
 
 #include "controls/watch.h"
 
+#include <QDragEnterEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QStyle>
 #include <QStyleOptionFrame>
 #include <QValidator>
@@ -93,6 +95,10 @@ void ValueBox::FitDigits() {
 }
 
 bool ValueBox::event(QEvent* event) {
+    if (event->type() == QEvent::DragEnter && static_cast<QDragEnterEvent*>(event)->mimeData()->hasUrls()) {
+        event->ignore(); // a file is the window's, though its name is a text as well
+        return true;
+    }
     if (event->type() == QEvent::ShortcutOverride) {
         auto* key = static_cast<QKeyEvent*>(event);
         if (key->modifiers().testFlag(Qt::ControlModifier)) {

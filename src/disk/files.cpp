@@ -6,8 +6,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-#include <QUuid>
 
 #include <algorithm>
 #include <filesystem>
@@ -15,9 +13,6 @@
 namespace lumrake {
 
 namespace {
-
-const QString kDirectory = QStringLiteral("It is a directory.");
-const QString kNotRegular = QStringLiteral("It is not a regular file.");
 
 enum class Fit {
     Case,   ///< differs in letter case at most
@@ -74,7 +69,9 @@ QStringList PathsThatFit(const QString& path, Spelling spelling, Fit fit) {
     for (const QString& directory : PathsThatFit(given, spelling, Fit::Case)) {
         for (const QString& entry : Matches(directory, name, fit)) {
             // A bare name stays a bare name.
-            found << (path.contains(QLatin1Char('/')) ? QDir(directory).filePath(entry) : entry);
+            found << (QDir::fromNativeSeparators(path).contains(QLatin1Char('/'))
+                          ? QDir(directory).filePath(entry)
+                          : entry);
         }
     }
     if (exists && !found.contains(path)) { // through directories that can be entered and not read
@@ -89,110 +86,6 @@ bool IsTaken(const QString& path) {
     return info.exists() || info.isSymLink();
 }
 
-Outcome ReasonOf(const std::error_code& failure) {
-    return Outcome::Failed(QString::fromLocal8Bit(failure.message().c_str()));
-}
-
-/// Where a save goes.
-struct Target {
-    QString path; ///< behind the symbolic links, as far as they lead anywhere
-    bool exists = false;
-};
-
-/// Looks for the target, and says why an existing file must not get new contents, or nothing. The new file would take
-/// its place whatever it was.
-Outcome FindTarget(const QString& path, Target& target) {
-    namespace fs = std::filesystem;
-    const fs::path given = QFileInfo(path).filesystemFilePath();
-    target.path = path;
-    if (!IsNameOfAFile(QFileInfo(path).fileName().toStdString())) {
-        return Outcome::Failed(QStringLiteral("The system does not allow this name."));
-    }
-    std::error_code failure;
-    const fs::file_status status = fs::status(given, failure);
-    if (!fs::exists(status) && fs::status_known(status)) {
-        return Outcome::Done();
-    }
-    if (failure) {
-        return ReasonOf(failure);
-    }
-    if (fs::is_directory(status)) {
-        return Outcome::Failed(kDirectory);
-    }
-    if (!fs::is_regular_file(status)) { // a pipe or a device would be gone
-        return Outcome::Failed(kNotRegular);
-    }
-    // Left alone even by the administrator, whom the system would let through.
-    constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    if ((status.permissions() & kAnyWrite) == fs::perms::none) {
-        return Outcome::Failed(QStringLiteral("The file is write-protected."));
-    }
-    QFile file(path); // only the system knows the reason: a read-only disk, no permission, a running program
-    if (!file.open(QIODevice::Append | QIODevice::ExistingOnly)) {
-        return Outcome::Failed(file.errorString());
-    }
-    target.path = QFileInfo(fs::canonical(given, failure)).filePath();
-    target.exists = true;
-    return failure ? ReasonOf(failure) : Outcome::Done();
-}
-
-/// Gives the new file what says who may do what with the old one.
-Outcome TakeOverRights(const Target& target, const QSaveFile& file) {
-    if (!target.exists || KeepRights(QFile::encodeName(target.path).constData(), file.handle())) {
-        return Outcome::Done();
-    }
-    return Outcome::Failed(QLatin1String("Its rights cannot be kept: ") + qt_error_string());
-}
-
-/// Where the bytes for the file at `path` go. A temporary file beside it has a dot and six letters more, which a
-/// name near the limit of file systems has no room for: then a shorter name stands in for it, and is renamed.
-QString StandInFor(const QString& path) {
-    constexpr qsizetype kLongest = 255 - 7; // bytes
-    const QFileInfo info(path);
-    QString name = info.fileName();
-    if (QFile::encodeName(name).size() <= kLongest) {
-        return path;
-    }
-    while (QFile::encodeName(name).size() > kLongest - 7) {
-        name.chop(1);
-    }
-    const QString letters = QUuid::createUuid().toString(QUuid::WithoutBraces).left(6);
-    return info.dir().filePath(name + QLatin1Char('.') + letters);
-}
-
-/// Lets `standIn` take the place of the file at `path`.
-Outcome Rename(const QString& standIn, const QString& path) {
-    std::error_code failure;
-    std::filesystem::rename(QFileInfo(standIn).filesystemFilePath(), QFileInfo(path).filesystemFilePath(),
-                            failure);
-    if (failure) {
-        QFile::remove(standIn);
-        return ReasonOf(failure);
-    }
-    return Outcome::Done();
-}
-
-/// Writes all bytes. A disk that runs full takes a part without a word and says why it refuses only when it is
-/// asked for the rest.
-bool WriteAll(QIODevice& device, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const qint64 count =
-            device.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-        if (count <= 0) {
-            return false;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-/// The reason of a failed write. When the disk took a part of the buffer, only the rest is told why not.
-QString WriteErrorOf(QSaveFile& file) {
-    file.flush();
-    return file.error() == QFileDevice::NoError ? QStringLiteral("Only a part of it could be written.")
-                                                : file.errorString();
-}
-
 } // namespace
 
 QString FileTitleOf(const QString& sPath) {
@@ -202,12 +95,17 @@ QString FileTitleOf(const QString& sPath) {
 
 std::optional<QString> FindFile(const QString& path) {
     const QStringList found = PathsThatFit(path, Spelling::OfTheDisk, Fit::Stored);
-    return found.size() == 1 && QFileInfo::exists(found[0]) ? std::optional(found[0]) : std::nullopt;
+    return found.size() == 1 && QFileInfo::exists(found[0])
+               ? std::optional(QDir::toNativeSeparators(found[0]))
+               : std::nullopt;
 }
 
 QStringList FilesOfStoredPath(const QString& path, bool isCut) {
     QStringList found = PathsThatFit(path, Spelling::Lowered, isCut ? Fit::Cut : Fit::Stored);
     found.removeIf([](const QString& file) { return !QFileInfo::exists(file) || QFileInfo(file).isDir(); });
+    for (QString& file : found) {
+        file = QDir::toNativeSeparators(file);
+    }
     return found;
 }
 
@@ -219,36 +117,26 @@ NewFile PathForNewFile(const QString& chosen) {
         return {};
     }
     const QDir directory(info.path());
+    const auto pathOf = [&directory](const QString& entry) {
+        return QDir::toNativeSeparators(directory.filePath(entry));
+    };
     const QString lower = name.toLower();
     for (const QString& candidate : {spelled, name, lower}) {
-        if (IsTaken(directory.filePath(candidate))) {
-            return {directory.filePath(candidate), true};
+        if (IsTaken(pathOf(candidate))) {
+            return {pathOf(candidate), true};
         }
     }
     const QStringList matches = Matches(directory.path(), name, Fit::Case);
     if (matches.size() == 1) { // of several the question could not say which one it means
-        return {directory.filePath(matches.constFirst()), true};
+        return {pathOf(matches.constFirst()), true};
     }
-    return {directory.filePath(lower), false};
+    return {pathOf(lower), false};
 }
 
 bool IsMissing(const QString& path) {
     std::error_code failure;
     return std::filesystem::status(QFileInfo(path).filesystemFilePath(), failure).type() ==
            std::filesystem::file_type::not_found;
-}
-
-Outcome MakeOwnFolder(const QString& path) {
-    if (QFileInfo(path).isDir()) {
-        return Outcome::Done();
-    }
-    const QString above = QFileInfo(path).path();
-    if (const Outcome outcome = above == path ? Outcome::Done() : MakeOwnFolder(above); outcome.IsNotDone()) {
-        return outcome;
-    }
-    const bool made =
-        QDir().mkdir(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    return made || QFileInfo(path).isDir() ? Outcome::Done() : Outcome::Failed(qt_error_string());
 }
 
 std::optional<std::int64_t> FileLength(const QString& path) {
@@ -261,10 +149,10 @@ Outcome ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t lim
     QFile file(path);
     const QFileInfo info(path);
     if (info.isDir()) {
-        return Outcome::Failed(kDirectory);
+        return Outcome::Failed(kIsDirectory);
     }
     if (info.exists() && !info.isFile()) { // a pipe would be waited for, a device has no length
-        return Outcome::Failed(kNotRegular);
+        return Outcome::Failed(kIsNotRegular);
     }
     // Unbuffered: the bytes go from the system straight into their place.
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
@@ -293,61 +181,6 @@ Outcome ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t lim
     }
     target = std::move(block);
     return Outcome::Done();
-}
-
-Outcome WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write) {
-    Target target;
-    if (const Outcome outcome = FindTarget(path, target); outcome.IsNotDone()) {
-        return outcome;
-    }
-    const QString standIn = StandInFor(target.path);
-    QSaveFile file(standIn); // it follows a link that leads nowhere yet
-    if (!file.open(QIODevice::WriteOnly)) {
-        return Outcome::Failed(file.errorString());
-    }
-    if (const Outcome outcome = TakeOverRights(target, file); outcome.IsNotDone()) {
-        return outcome;
-    }
-    if (!write(file) || !file.flush()) {
-        return Outcome::Failed(WriteErrorOf(file));
-    }
-    if (const Outcome outcome = TakeOverRights(target, file);
-        outcome.IsNotDone()) { // what the write took away
-        return outcome;
-    }
-    if (!SyncFile(file.handle())) {
-        return Outcome::Failed(qt_error_string());
-    }
-    if (!file.commit()) {
-        return Outcome::Failed(file.errorString());
-    }
-    if (standIn != target.path) {
-        if (const Outcome outcome = Rename(standIn, target.path); outcome.IsNotDone()) {
-            return outcome;
-        }
-    }
-    const QByteArray directory = QFile::encodeName(QFileInfo(target.path).path());
-    return SyncDirectory(directory.constData()) ? Outcome::Done() : Outcome::Failed(qt_error_string());
-}
-
-Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
-    return WriteFileWith(path, [bytes](QIODevice& device) { return WriteAll(device, bytes); });
-}
-
-Outcome WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
-    MemoryBlock old;
-    Target target;
-    if (const Outcome outcome = FindTarget(path, target); outcome.IsNotDone()) {
-        return outcome;
-    }
-    if (target.exists) {
-        if (const Outcome outcome = ReadWholeFile(path, old); outcome.IsNotDone()) {
-            return outcome;
-        }
-    }
-    const auto tail = old.Bytes().subspan(std::min(record.size(), old.size()));
-    return WriteFileWith(
-        path, [&](QIODevice& device) { return WriteAll(device, record) && WriteAll(device, tail); });
 }
 
 } // namespace lumrake

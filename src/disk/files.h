@@ -7,13 +7,15 @@
 #include <QStringList>
 
 #include <cstdint>
-#include <functional>
 #include <optional>
-#include <span>
-
-class QIODevice;
 
 namespace lumrake {
+
+// Paths are taken with "/" and with what the system writes between directories, and given back with the latter.
+
+// Reasons why something is not read or written.
+inline const QString kIsDirectory = QStringLiteral("It is a directory.");
+inline const QString kIsNotRegular = QStringLiteral("It is not a regular file.");
 
 /// The last component of a path. "/" and "\" both end a directory; with neither in it the empty text.
 QString FileTitleOf(const QString& sPath);
@@ -41,9 +43,6 @@ NewFile PathForNewFile(const QString& chosen);
 /// True when the system says that nothing stands at `path`; false as well when it cannot say.
 bool IsMissing(const QString& path);
 
-/// Makes a folder that only the user may enter, and those above it that are missing. Done as well when it is there.
-Outcome MakeOwnFolder(const QString& path);
-
 /// Length in bytes of a regular file, or nothing when it cannot be had.
 std::optional<std::int64_t> FileLength(const QString& path);
 
@@ -51,20 +50,5 @@ std::optional<std::int64_t> FileLength(const QString& path);
 /// `target` is left alone on failure. What is no regular file (a directory, a pipe), and a file that ends
 /// before its length, is a failure.
 Outcome ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t limit = INT64_MAX);
-
-/// Makes the file hold exactly `bytes`: they go to a temporary file beside it, are brought to the disk, and
-/// the new file takes the place of the old one in one step, so that whatever fails leaves the old file as it
-/// was. Symbolic links are followed. All rights are kept (mode bits, group, access lists, other extended attributes),
-/// or nothing is written; the owner as far as the system lets the user. A file without any write permission and what
-/// is no regular file are refused. When only the new name in the directory cannot be brought to the disk, that is a
-/// failure as well, although the new file stands there.
-Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes);
-
-/// The same for contents that a function writes into the open device; it says false when it failed.
-Outcome WriteFileWith(const QString& path, const std::function<bool(QIODevice&)>& write);
-
-/// Writes `record` as the first bytes of the file and keeps what stands behind it. Atomic as WriteWholeFile.
-/// Nothing is written when the old tail cannot be read.
-Outcome WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record);
 
 } // namespace lumrake

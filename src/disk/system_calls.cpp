@@ -5,13 +5,17 @@
 #include <csignal>
 #include <cstdint>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #elif defined(_WIN32)
+#include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <io.h>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 #include <windows.h>
 #endif
@@ -28,6 +32,19 @@ namespace lumrake {
 namespace {
 
 #if defined(__unix__) || defined(__APPLE__)
+constexpr int kEndSignals[] = {SIGTERM, SIGHUP, SIGINT};
+int signalPipe = -1;
+
+/// Runs between any two instructions of the program: only calls that may be made there.
+void TellOfSignal(int) {
+    const int error = errno;
+    for (const int signal : kEndSignals) {
+        std::signal(signal, SIG_DFL);
+    }
+    [[maybe_unused]] const ssize_t written = write(signalPipe, "", 1);
+    errno = error;
+}
+
 bool Fails(int error) {
     errno = error;
     return false;
@@ -159,6 +176,49 @@ std::int64_t LengthOfFile(int handle) {
 #endif
 }
 
+bool IdentifyFile(const char* path, FileIdentity& identity) {
+#if defined(_WIN32)
+    const HANDLE handle = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    BY_HANDLE_FILE_INFORMATION found{};
+    const bool known = handle != INVALID_HANDLE_VALUE && GetFileInformationByHandle(handle, &found) != 0;
+    CloseHandle(handle);
+    const auto join = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
+    constexpr std::uint64_t kFrom1601To1970 = 116444736000000000; // in steps of 100 ns
+    const std::uint64_t steps =
+        join(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
+    identity = {found.dwVolumeSerialNumber, join(found.nFileIndexHigh, found.nFileIndexLow),
+                static_cast<std::int64_t>(steps - kFrom1601To1970) * 100,
+                static_cast<std::int64_t>(join(found.nFileSizeHigh, found.nFileSizeLow))};
+    return known;
+#else
+    struct stat found {};
+    if (stat(path, &found) != 0) {
+        return false;
+    }
+#if defined(__APPLE__)
+    const timespec time = found.st_mtimespec;
+#else
+    const timespec time = found.st_mtim;
+#endif
+    identity =
+        FileIdentity{found.st_dev, found.st_ino, std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec,
+                     std::int64_t{found.st_size}};
+    return true;
+#endif
+}
+
+bool ReserveSpace([[maybe_unused]] int handle, [[maybe_unused]] std::int64_t length) {
+#if defined(__linux__)
+    const std::int64_t end = LengthOfFile(handle);
+    const int error = end < 0 ? errno : end < length ? posix_fallocate(handle, end, length - end) : 0;
+    if (error != 0 && error != EINVAL && error != EOPNOTSUPP) { // these: the disk knows no such thing
+        return ftruncate(handle, end) == 0 && Fails(error);
+    }
+#endif
+    return true;
+}
+
 bool SyncFile(int handle) {
 #if defined(_WIN32)
     return _commit(handle) == 0;
@@ -222,6 +282,81 @@ bool KeepRights(const char* path, int handle) {
     }
     // The bit of a group that is not the user's is left out without a word.
     return (now.st_mode & kBits) == (old.st_mode & kBits) || Fails(EPERM);
+#endif
+}
+
+bool IsOwnFolder(const char* path) {
+#if defined(_WIN32)
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0 &&
+           (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
+#else
+    struct stat found {};
+    return lstat(path, &found) == 0 && S_ISDIR(found.st_mode) && found.st_uid == geteuid() &&
+           (found.st_mode & (S_IWGRP | S_IWOTH)) == 0;
+#endif
+}
+
+int TakeLock(const char* path) {
+#if defined(_WIN32)
+    const int handle = _open(path, _O_RDWR | _O_CREAT | _O_NOINHERIT | _O_BINARY, _S_IREAD | _S_IWRITE);
+    OVERLAPPED place{};
+    if (handle >= 0 &&
+        LockFileEx(reinterpret_cast<HANDLE>(_get_osfhandle(handle)),
+                   LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) == 0) {
+        _close(handle);
+        errno = EWOULDBLOCK;
+        return -1;
+    }
+    return handle;
+#else
+    const int handle = open(path, O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (handle < 0) {
+        return -1;
+    }
+    struct stat held {
+    }, named{};
+    const bool locked = flock(handle, LOCK_EX | LOCK_NB) == 0;
+    // Whoever had it may have taken the file away meanwhile: a lock of it would be seen by nobody.
+    if (locked && fstat(handle, &held) == 0 && lstat(path, &named) == 0 && held.st_ino == named.st_ino &&
+        held.st_dev == named.st_dev) {
+        return handle;
+    }
+    const int error = locked ? EWOULDBLOCK : errno;
+    close(handle);
+    errno = error;
+    return -1;
+#endif
+}
+
+void DropLock(const char* path, int handle) {
+#if defined(_WIN32)
+    _close(handle); // what is open cannot be taken away; who locks it now takes it away himself
+    _unlink(path);
+#else
+    unlink(path);
+    close(handle);
+#endif
+}
+
+int CatchEndSignals() {
+#if defined(_WIN32)
+    return -1;
+#else
+    int ends[2];
+    if (pipe(ends) != 0) {
+        return -1;
+    }
+    for (const int end : ends) {
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+    }
+    signalPipe = ends[1];
+    for (const int signal : kEndSignals) {
+        if (std::signal(signal, TellOfSignal) == SIG_IGN) {
+            std::signal(signal, SIG_IGN);
+        }
+    }
+    return ends[0];
 #endif
 }
 

@@ -8,7 +8,7 @@
 
 namespace lumrake {
 
-/// A square painted in one colour inside a thin line, to be clicked.
+/// A square painted in one colour inside a thin line, to be clicked, or chosen with Space where it has the focus.
 class ColourSwatch : public QWidget {
   public:
     explicit ColourSwatch(QWidget* parent);
@@ -18,9 +18,12 @@ class ColourSwatch : public QWidget {
     void SetBackColor(Colour colour);
     /// The left button was pressed and let go over the square.
     std::function<void()> Click;
+    /// An arrow key: by how many swatches to go on in rows of four.
+    std::function<void(int by)> Walk;
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 

@@ -12,6 +12,11 @@ namespace lumrake {
 void frmPrefs::ConnectPalette() {
     for (int i = 0; i < static_cast<int>(lblPalette.size()); ++i) {
         lblPalette[i]->Click = [this, i] { lblPalette_Click(i); };
+        lblPalette[i]->Walk = [this, i, last = static_cast<int>(lblPalette.size()) - 1](int by) {
+            if (i + by >= 0 && i + by <= last) {
+                lblPalette[i + by]->setFocus();
+            }
+        };
     }
     // Comes during a drag as well, so the swatch and the number follow the slider.
     Connect(this, scrCol, &QSlider::valueChanged, &frmPrefs::scrCol_Change);
@@ -47,6 +52,8 @@ void frmPrefs::SetSwatches(const PaletteColours& colours) {
 void frmPrefs::lblPalette_Click(int Index) {
     const ColourSwatch* swatch = lblPalette[Index];
     shpMarker->move(swatch->pos() - QPoint(1, 1)); // the frame lies just outside the swatch
+    lblPalette[iPaletteIndex]->setFocusPolicy(Qt::NoFocus);
+    lblPalette[Index]->setFocusPolicy(Qt::TabFocus); // one stop for all of them
     iPaletteIndex = static_cast<std::int16_t>(Index);
     bSettingSliders = -1;
     const ColourParts parts = PartsOf(swatch->BackColor());

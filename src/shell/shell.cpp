@@ -3,6 +3,8 @@
 #include "controls/message_box.h"
 #include "controls/watch.h"
 #include "disk/files.h"
+#include "disk/folders.h"
+#include "disk/save_file.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -85,6 +87,10 @@ void ShowFlipTick(bool bOn) {
 
 void PopupSnapshotMenu(const QPoint& screenPlace) {
     registered->PopupSnapshotMenu(screenPlace);
+}
+
+void ChooseTool(std::int16_t iTool) {
+    registered->ChooseTool(iTool);
 }
 
 void ShowRecentFiles() {

@@ -22,6 +22,18 @@ extern std::int16_t iSnapshotCount;  ///< open snapshot windows
 extern std::int16_t iAnimationCount; ///< open animation windows
 extern std::int16_t iCurrentTool; ///< one for all windows: 1 placing a block, 2 Draw, 3 Magnify, 4 Net, 5 Pan
 
+/// One open window in such a count, from its making to its end.
+class CountedIn {
+  public:
+    explicit CountedIn(std::int16_t& count) : count_(count) { ++count_; }
+    ~CountedIn() { --count_; }
+    CountedIn(const CountedIn&) = delete;
+    CountedIn& operator=(const CountedIn&) = delete;
+
+  private:
+    std::int16_t& count_;
+};
+
 /// Tools, as values of iCurrentTool.
 enum Tool : std::int16_t { kToolPlacing = 1, kToolDraw = 2, kToolMagnify = 3, kToolNet = 4, kToolPan = 5 };
 
@@ -50,6 +62,7 @@ class ShellNotices {
     virtual void ShowModeTick(std::int16_t) {}
     virtual void ShowFlipTick(bool) {}
     virtual void PopupSnapshotMenu(const QPoint&) {}
+    virtual void ChooseTool(std::int16_t) {}
     virtual void ShowRecentFiles() {}
     virtual void AdoptChild(QWidget*) {}
     virtual bool SaveBeforeClosing(QWidget*) { return false; }
@@ -80,6 +93,8 @@ void ShowModeTick(std::int16_t iMode);
 void ShowFlipTick(bool bOn);
 /// Opens the Snapshot menu as a pop-up at a place on the screen and waits for its end.
 void PopupSnapshotMenu(const QPoint& screenPlace);
+/// Presses the button of a tool (2 to 5) on the toolbar, where it is shown and enabled.
+void ChooseTool(std::int16_t iTool);
 /// Shows the recent list as it now is in the File menu.
 void ShowRecentFiles();
 /// Puts a new child into a frame of the main window's area, hidden. The frame then owns the child. Without a

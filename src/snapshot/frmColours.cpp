@@ -3,6 +3,7 @@
 #include "assistant/rules/help_numbers.h"
 #include "controls/control_table.h"
 #include "controls/screen_colour.h"
+#include "controls/spoken.h"
 #include "controls/tab_strip.h"
 #include "controls/watch.h"
 #include "display/attribute.h"
@@ -82,7 +83,7 @@ void frmColours::CreateControls() {
     chkBright = Find<QCheckBox>(*this, "chkBright");
     Bind(*this, "cmdColour", cmdColour);
     for (int Index = 0; Index < static_cast<int>(lblColour.size()); ++Index) {
-        lblColour[Index]->setAccessibleName(QLatin1String(kNames[Index]));
+        Speak(Index);
         Watch(lblColour[Index]).MouseDown = [this, Index](const MouseArgs& args) {
             lblColour_MouseDown(Index, args.Button);
         };
@@ -97,6 +98,22 @@ void frmColours::CreateControls() {
     }
     connect(chkBright, &QCheckBox::toggled, this, &frmColours::chkBright_Click);
     Connect(this, cmdColour, &QPushButton::clicked, &frmColours::cmdColour_Click);
+}
+
+void frmColours::Speak(int Index) {
+    const auto press = [this, Index](std::int16_t Button) {
+        return [this, Index, Button] { lblColour_MouseDown(Index, Button); };
+    };
+    Spoken words{.role = QAccessible::StaticText, .description = [this, Index] {
+                     const QString ink = Index == iInk ? QStringLiteral("Ink ") : QString();
+                     return ink + (Index == iPaper ? QStringLiteral("Paper") : QString());
+                 }};
+    if (Index != kSample) {
+        words.role = QAccessible::Button;
+        words.actions = {{"Take for the ink", press(1)}, {"Take for the paper", press(2)}};
+    }
+    SetSpoken(lblColour[Index], words);
+    lblColour[Index]->setAccessibleName(QLatin1String(kNames[Index]));
 }
 
 std::int16_t frmColours::GetColour(std::int16_t iColour) {

@@ -33,6 +33,8 @@ class frmColours : public QDialog {
     friend struct ColoursProbe; // lets tests read the fields and controls
 
     void CreateControls();
+    /// A screen reader hears which colours are taken, and takes them by presses of its own.
+    void Speak(int Index);
     void ShowColours(std::int16_t iBright);
     void ShowSample();
     void chkBright_Click();

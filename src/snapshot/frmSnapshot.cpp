@@ -41,10 +41,13 @@ Outcome Refusal(std::optional<std::int64_t> length) {
 
 } // namespace
 
-frmSnapshot::frmSnapshot() = default;
+frmSnapshot::frmSnapshot()
+    : kept(document.Blocks(), [this] {
+          const RecoveryHeader header{RecoveryHeader::kSnapshot, sSnapFile.toStdString(), byMemory.size()};
+          return KeptDocument::State{header, byMemory.Bytes()};
+      }) {}
 frmSnapshot::~frmSnapshot() {
     EndPlacing();
-    disconnect(qApp, nullptr, this, nullptr); // its controls lose the focus after the window is gone
 }
 
 bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {
@@ -57,7 +60,7 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     Outcome opened = Refusal(FileLength(sFile));
     if (opened.IsDone()) {
         MemoryBlock bytes;
-        opened = ReadWholeFile(sFile, bytes);
+        opened = knownFile.Read(sFile, bytes);
         document.Open(std::move(bytes));
     }
     if (opened.IsDone()) {
@@ -76,7 +79,7 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     Form_Load();
     SetMode(view.iMode, false);
     SetAttribute(iAttribute, false);
-    ++iSnapshotCount;
+    counted.emplace(iSnapshotCount);
 
     sbrSnapshot->SetText(1, sSnapFile.toLower());
     sbrSnapshot->SetText(2, QStringLiteral("%1 bytes").arg(view.lFileLength));
@@ -86,6 +89,17 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     ChildFrame(this)->show();
     txtValue[0]->selectAll(); // it gets the focus, but that comes with the main window, back from the dialog
     return true;
+}
+
+void frmSnapshot::BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged) {
+    kept.Adopt(sKeptIn);
+    if (bFileChanged) {
+        knownFile.Distrust();
+    }
+    for (const auto& [number, block] : recovery.blocks) {
+        document.LayOver(number, block.bytes);
+    }
+    ShowMem();
 }
 
 void frmSnapshot::DrawView() {
@@ -106,6 +120,7 @@ void frmSnapshot::ShowMem() {
     }
     DrawView();
     picImage->update();
+    ShowCell();
 }
 
 void frmSnapshot::ShowPixel(const PicturePixel& pixel) {
@@ -131,12 +146,13 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     if (sFilename.isEmpty()) {
         return Outcome::CalledOff();
     }
+    const auto hold = kept.Hold();
     // Between the stages only painting and timers run: nothing can be drawn that would not be saved.
     SetProgress(0);
     if (!ShowProgress(true) || !ShowStage(20)) {
         return Outcome::CalledOff(); // closed, and its question answered
     }
-    const Outcome written = WriteWholeFile(sFilename, byMemory.Bytes());
+    const Outcome written = knownFile.Write(sFilename, byMemory.Bytes());
     if (written.IsNotDone()) {
         ShowProgress(false);
         return written.During(sFilename.toLower() + QLatin1String(" could not be saved."));
@@ -156,6 +172,7 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     sbrSnapshot->SetText(1, sSnapFile.toLower());
     if (ShowStage(100)) {
         document.Saved();
+        kept.Forget();
         ShowProgress(false);
     }
     return written;
@@ -199,14 +216,15 @@ void frmSnapshot::Form_Unload(bool& Cancel) {
         return;
     }
     EndPlacing(); // the block that was being placed goes with its window
-    --iSnapshotCount;
+    kept.Forget();
+    counted.reset();
     if (iSnapshotCount == 0) {
         UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
     }
 }
 
 void frmSnapshot::closeEvent(QCloseEvent* event) {
-    if (bClosed || byMemory.size() == 0) {
+    if (!counted) {
         return; // nothing is open in it any more, or never was
     }
     if (bClosing) {
@@ -217,7 +235,6 @@ void frmSnapshot::closeEvent(QCloseEvent* event) {
     bool Cancel = false;
     Form_Unload(Cancel);
     bClosing = false;
-    bClosed = !Cancel;
     event->setAccepted(!Cancel);
 }
 

@@ -1,19 +1,26 @@
 #pragma once
 
 #include "base/memory_block.h"
+#include "base/wheel_steps.h"
 #include "controls/control_array.h"
 #include "controls/picture_box.h"
+#include "disk/known_file.h"
 #include "disk/outcome.h"
+#include "shell/kept_document.h"
 #include "shell/shell.h"
 #include "snapshot/rules/addressing.h"
+#include "snapshot/rules/cell.h"
 #include "snapshot/rules/document.h"
 #include "snapshot/rules/placing.h"
 
+#include <QBasicTimer>
+#include <QRect>
 #include <QString>
 #include <QWidget>
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 class QLabel;
 class QProgressBar;
@@ -30,7 +37,7 @@ class ValueBox;
 /// they are looked at, shows them as a picture and edits them. One instance per opened file.
 ///
 /// The sections below stand in the order of the files: frmSnapshot.cpp (the document), _layout, _navigation,
-/// _modes, _tools, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
+/// _modes, _tools, _keys, _spoken, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
 class frmSnapshot : public QWidget {
   public:
     frmSnapshot();
@@ -43,10 +50,17 @@ class frmSnapshot : public QWidget {
     /// told, no window is shown and the caller lets the instance go.
     bool Launch(const QString& sFullFileName, const QString& sFileTitle);
 
+    /// Lays the bytes that were kept in the file `sKeptIn` over those of the document, which is changed then. Called
+    /// right behind Launch. `bFileChanged`: the document's file has changed since they were kept.
+    void BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged);
+
     /// Writes all bytes to `sFilename` and makes it this window's file. Called off for an empty name. Unless
     /// it is done the document stays changed and keeps its name; the caller tells why. Pending events run, and may
     /// close the window.
     Outcome SaveSnap(const QString& sFilename, const QString& sTitle);
+
+    /// Fails when another program changed the document's own file since it was read or saved here.
+    Outcome FindFileUnchanged() const { return knownFile.FindUnchanged(sSnapFile); }
 
     /// Draws the view into the picture and repaints it; nothing else draws.
     void ShowMem();
@@ -90,6 +104,30 @@ class frmSnapshot : public QWidget {
     /// Attribute byte of the whole view; only its low byte counts. Changes no byte of the document.
     void SetAttribute(std::int16_t iNewAttribute, bool iRefresh);
 
+    // ---- the cell cursor: frmSnapshot_keys.cpp ----
+
+    /// The picture pixel at which the keys work: always one of the picture, but that it may stand one pixel past the
+    /// right and the lower edge while it drags a net.
+    PicturePixel Cell() const;
+    /// The byte and bit under it; nothing past the end of the file.
+    std::optional<PixelAddress> CellAddress() const;
+    bool IsCellSet() const { return document.ReadPixel(Cell()) != 0; }
+    /// Moves the cell, as a mouse that holds the buttons pressed at the cell, to this picture pixel or the nearest to
+    /// it, and pans the picture so that it is in sight.
+    void MoveCell(std::int32_t x, std::int32_t y);
+    /// Presses a mouse button, 1 left or 2 right, at the cell, on the block that hangs there if there is one, and lets
+    /// it go again. Does nothing when it is pressed already, or not.
+    void PressAtCell(std::int16_t Button);
+    void ReleaseAtCell(std::int16_t Button);
+    /// Lets go of a block that hangs on the mouse, in whichever window: the file is not touched and the tool of before
+    /// comes back. False when there is none.
+    static bool LetBlockGo();
+
+    // ---- by ear: frmSnapshot_spoken.cpp ----
+
+    /// What a screen reader hears of the picture may have changed: the cell, the tool, a block that hangs.
+    void TellPicture() const;
+
     // ---- net: frmSnapshot_net.cpp ----
 
     /// Brings the shape into line with iNetX, iNetY, iNetWidth, iNetHeight.
@@ -113,6 +151,9 @@ class frmSnapshot : public QWidget {
     void ExportSelectionToBMP();
 
   protected:
+    bool eventFilter(QObject* control, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -158,13 +199,16 @@ class frmSnapshot : public QWidget {
     void RestAddressBar();
     void scrAddr_Change(int newValue);
     void scrValue_Change(int Index, int newValue);
+    /// A click on an arrow of the spin button, as far as that is enabled.
+    void StepValue(int Index, bool bUp);
     void txtValue_Change(int Index);
     void cmdScroll_MouseDown(const MouseArgs& args);
     void cmdScroll_MouseMove(const MouseArgs& args);
     void cmdScroll_MouseUp(const MouseArgs& args);
 
     // ---- modes ----
-    void cmdColour_Click(int Index);
+    /// To the next of the eight colours, or to the one before.
+    void cmdColour_Click(int Index, bool bBack = false);
 
     // ---- tools ----
     void ConnectTools();
@@ -174,6 +218,39 @@ class frmSnapshot : public QWidget {
     void MagnifyAbout(const MouseArgs& args);
     void DragTool(const MouseArgs& args);
     void HoverTool(const MouseArgs& args);
+
+    // ---- keys ----
+    void ConnectKeys();
+    /// A mouse event at the corner of the cell.
+    MouseArgs AtCell(std::int16_t Button) const;
+    /// The keys hold the picture with the Pan tool: it moves under the cell.
+    bool CellPans() const;
+    void BringCellIntoSight();
+    /// The mouse takes the cell over.
+    void MouseComes(const MouseArgs& args);
+    /// The cell may have moved, or what is under it: shows it where it now is.
+    void ShowCell();
+    /// Paints the frame of the cell, seen on every colour, into a control whose corner this is in picContainer.
+    void PaintCell(QPainter& painter, const QRect& exposed, const QPoint& corner) const;
+    /// The byte under the cell, or under the mouse, whichever moved last; nothing where neither is on the picture.
+    std::optional<ByteUnder> PointedByte() const;
+    QRect ByteLinesPlace() const;
+    void PaintByteLines(QPainter& painter) const;
+    void ToggleGrid();
+    void PaintGrid(QPainter& painter, const QRect& exposed) const;
+    /// Pans by screen pixels, as far as there is picture.
+    void PanBy(int across, int down);
+    bool picImage_KeyDown(const QKeyEvent& key, bool bLong);
+    bool KeyDown(const QObject* control, QKeyEvent& key);
+    struct WheelRow;
+    static const WheelRow kWheel[];
+    void Turned(const QObject* control, const QWheelEvent& turn);
+    void FocusMoved(const QFocusEvent& event);
+
+    // ---- by ear ----
+    void ConnectSpeech();
+    QString CellWords() const; ///< "12, 34, set, byte 21397, bit 3"
+    QString ViewWords() const; ///< "Picture, Graphics, 1x, Draw"
 
     // ---- net ----
     void DragNet(const MouseArgs& args);
@@ -202,15 +279,23 @@ class frmSnapshot : public QWidget {
 
     // ---- fields ----
     SnapshotDocument document;
+    KeptDocument kept;
     ViewNumbers& view = document.view; ///< what is looked at, and how
     std::int16_t& iAttribute = document.iAttribute;
     const MemoryBlock& byMemory = document.Memory();
-    QString sSnapFile;  ///< true path; shown in lower case
+    QString sSnapFile; ///< true path; shown in lower case
+    KnownFile knownFile;
     QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
     Pan pan;
+    CellCursor cell;
+    std::optional<ByteUnder> shownByte; ///< in the lines below the columns, after a little while
+    QBasicTimer byteDelay;
+    WheelSteps wheel, sideWheel; ///< turned up and down, and sideways
+    inline static bool bGrid = false;
+    QRect cellFrame; ///< where it is painted, in picContainer; empty while it is not
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
-    bool bClosing = false;                                              ///< Form_Unload is under way
-    bool bClosed = false;               ///< it let the window go: nothing is asked any more
+    std::optional<CountedIn> counted;   ///< from Launch until Form_Unload lets the window go
+    bool bClosing = false;              ///< Form_Unload is under way
     std::int32_t lScrollGrabY = 0;      ///< pixel row inside cmdScroll at which a drag began
     std::int16_t iPanelButton = 0;      ///< mouse button last pressed on sbrSnapshot
     float sngMouseX = 0, sngMouseY = 0; ///< last mouse position over picImage

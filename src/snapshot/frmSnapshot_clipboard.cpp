@@ -54,7 +54,7 @@ void frmSnapshot::Paste() {
     }
     placing.Begin(this);
     HangBlock();
-    picImage_MouseMove({0, sngMouseX, sngMouseY});
+    picImage_MouseMove(cell.bByKeys ? AtCell(0) : MouseArgs{0, sngMouseX, sngMouseY});
     EnableNetCommands(false);
 }
 
@@ -79,6 +79,7 @@ void frmSnapshot::HangBlock() {
     imgClip->update();
     imgClip->show();
     SetShape(shpNet.Around(placing.block));
+    TellPicture();
 }
 
 void frmSnapshot::TakeBlockOff() {
@@ -92,6 +93,7 @@ void frmSnapshot::EndPlacing() {
     if (IsPlacing()) {
         TakeBlockOff();
         placing.End();
+        TellPicture();
     }
 }
 
@@ -103,7 +105,7 @@ void frmSnapshot::imgClip_MouseMove(const MouseArgs& args) {
     MouseArgs onPicture = args;
     onPicture.X += static_cast<float>(imgClip->x());
     onPicture.Y += static_cast<float>(imgClip->y());
-    picImage_MouseMove(onPicture);
+    picImage->MouseMove(onPicture);
 }
 
 void frmSnapshot::imgClip_MouseDown(const MouseArgs& args) {

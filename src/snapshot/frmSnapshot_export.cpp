@@ -3,6 +3,7 @@
 #include "controls/common_dialog.h"
 #include "controls/message_box.h"
 #include "disk/files.h"
+#include "disk/save_file.h"
 #include "shell/shell.h"
 #include "snapshot/bitmap_export.h"
 #include "snapshot/frmClip.h"

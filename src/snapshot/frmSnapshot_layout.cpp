@@ -1,10 +1,10 @@
 // Controls, their places, zoom, status bar, activation.
 #include "assistant/rules/help_numbers.h"
 #include "base/twips.h"
-#include "controls/accessible_role.h"
 #include "controls/colour_button.h"
 #include "controls/panel_bar.h"
 #include "controls/spin_bar.h"
+#include "controls/spoken.h"
 #include "controls/value_box.h"
 #include "controls/watch.h"
 #include "controls/whole_pixels.h"
@@ -14,7 +14,6 @@
 #include "snapshot/rules/navigation.h"
 #include "snapshot/rules/view_limits.h"
 
-#include <QApplication>
 #include <QCursor>
 #include <QLabel>
 #include <QMouseEvent>
@@ -96,11 +95,13 @@ void frmSnapshot::CreateControls() {
     PaintGround(picContainer, QColor(0, 128, 128));
     picImage = new PictureBox(picContainer);
     picImage->setFocusPolicy(Qt::StrongFocus);
+    ConnectSpeech();
     picImage->setAccessibleName(QStringLiteral("Picture"));
-    SetAccessibleRole(picContainer, QAccessible::Pane);
+    SetSpoken(picContainer, {.role = QAccessible::Pane});
     picContainer->setAccessibleName(QStringLiteral("Ground of the picture"));
     picContainer->setFocusPolicy(Qt::StrongFocus);
     imgClip = new ImageBox(picImage);
+    imgClip->setAccessibleName(QStringLiteral("Block"));
     imgClip->setGeometry(8, 8, 65, 65);
     imgClip->hide();
 
@@ -119,14 +120,7 @@ void frmSnapshot::CreateControls() {
     CreateStatusBar();
     ConnectNavigation();
     ConnectTools();
-    // The frame round the picture shows that the keys go to it or to its ground.
-    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget* before, const QWidget* now) {
-        for (const QWidget* one : {before, now}) {
-            if (one != nullptr && (one == picImage || one == picContainer)) {
-                update();
-            }
-        }
-    });
+    ConnectKeys();
 }
 
 void frmSnapshot::CreateValueBoxes() {
@@ -266,7 +260,11 @@ void frmSnapshot::resizeEvent(QResizeEvent*) {
     }
 }
 
-void frmSnapshot::paintEvent(QPaintEvent*) {
+void frmSnapshot::paintEvent(QPaintEvent* event) {
+    if (cmdOptions != nullptr && event->rect().intersects(ByteLinesPlace())) {
+        QPainter painter(this);
+        PaintByteLines(painter);
+    }
     if (picImage != nullptr && (picImage->hasFocus() || picContainer->hasFocus())) {
         QPainter painter(this);
         const QBrush brush(palette().color(QPalette::Highlight),
@@ -288,6 +286,7 @@ void frmSnapshot::SetZoom(std::int16_t NewZoom) {
 
 void frmSnapshot::SetPosition(std::int32_t iLeft, std::int32_t iTop) {
     picImage->move(iLeft, iTop);
+    ShowCell();
 }
 
 void frmSnapshot::sbrSnapshot_PanelClick(int Panel) {

@@ -54,8 +54,8 @@ void frmSnapshot::SetAttribute(std::int16_t iNewAttribute, bool iRefresh) {
     }
 }
 
-void frmSnapshot::cmdColour_Click(int Index) {
-    SetAttribute(NextAttribute(iAttribute, Index), true);
+void frmSnapshot::cmdColour_Click(int Index, bool bBack) {
+    SetAttribute(NextAttribute(iAttribute, Index, bBack), true);
     scrAddr->setFocus(); // the arrow keys go on scrolling
 }
 

@@ -16,8 +16,6 @@
 #include "snapshot/rules/navigation.h"
 #include "snapshot/rules/view_limits.h"
 
-#include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
 
@@ -28,33 +26,6 @@ namespace {
 std::int32_t NumberIn(const ValueBox& box) {
     return WholeNumberFromText<std::int32_t>(box.text().toStdString());
 }
-
-/// Hands the keys and the wheel of what lies over the bar, its thumb and its track, to the bar, which knows what
-/// they mean.
-class ToBar : public QObject {
-  public:
-    ToBar(QWidget* over, QWidget* bar) : QObject(over), bar_(bar) { over->installEventFilter(this); }
-
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Wheel) {
-            QCoreApplication::sendEvent(bar_, event);
-            return true;
-        }
-        if (event->type() != QEvent::KeyPress) {
-            return false;
-        }
-        switch (static_cast<QKeyEvent*>(event)->key()) {
-        case Qt::Key_Up:
-        case Qt::Key_Down:
-        case Qt::Key_PageUp:
-        case Qt::Key_PageDown: QCoreApplication::sendEvent(bar_, event); return true;
-        default: return false;
-        }
-    }
-
-  private:
-    QWidget* bar_;
-};
 
 } // namespace
 
@@ -69,8 +40,12 @@ void frmSnapshot::ConnectNavigation() {
     thumb.MouseDown = [this](const MouseArgs& args) { cmdScroll_MouseDown(args); };
     thumb.MouseMove = [this](const MouseArgs& args) { cmdScroll_MouseMove(args); };
     thumb.MouseUp = [this](const MouseArgs& args) { cmdScroll_MouseUp(args); };
-    new ToBar(cmdScroll, scrAddr);
-    new ToBar(txtScroll, scrAddr);
+    Watch(txtScroll).MouseDown = [this](const MouseArgs& args) {
+        if (args.Button == 1) { // a click beside the thumb is a page
+            const bool bAbove = args.Y < static_cast<float>(cmdScroll->y() - txtScroll->y());
+            scrAddr->triggerAction(bAbove ? SpinBar::SliderPageStepSub : SpinBar::SliderPageStepAdd);
+        }
+    };
 }
 
 void frmSnapshot::PlaceScrollThumb() {
@@ -97,6 +72,12 @@ void frmSnapshot::scrValue_Change(int Index, int newValue) {
     const std::int32_t n = SpinTo(NumberIn(*txtValue[at]), newValue > scrValue[at]->value(), limits);
     txtValue[at]->Write(QString::number(n));
     PlaceScrollThumb();
+}
+
+void frmSnapshot::StepValue(int Index, bool bUp) {
+    if (scrValue[Index]->isEnabled()) {
+        scrValue_Change(Index, scrValue[Index]->value() + (bUp ? 1 : -1));
+    }
 }
 
 void frmSnapshot::txtValue_Change(int Index) {

@@ -15,18 +15,28 @@ namespace lumrake {
 
 namespace {
 
-constexpr std::int16_t kLeft = 1, kRight = 2; // mouse buttons
-
 /// Property of picImage: the number, as text, of the tool whose cursor is loaded. Nothing reads as 0.
 const char* const kTag = "Tag";
 
 } // namespace
 
 void frmSnapshot::ConnectTools() {
-    picImage->MouseDown = [this](const MouseArgs& args) { picImage_MouseDown(args); };
-    picImage->MouseMove = [this](const MouseArgs& args) { picImage_MouseMove(args); };
+    picImage->MouseDown = [this](const MouseArgs& args) {
+        ReleaseAtCell(kLeftButton); // one hand at a time
+        ReleaseAtCell(kRightButton);
+        MouseComes(args);
+        picImage_MouseDown(args);
+    };
+    picImage->MouseMove = [this](const MouseArgs& args) {
+        MouseComes(args);
+        picImage_MouseMove(args);
+    };
     picImage->MouseUp = [this](const MouseArgs& args) { picImage_MouseUp(args); };
-    picImage->Overlay = [this](QPainter& painter, const QRect& exposed) { PaintNet(painter, exposed); };
+    picImage->Overlay = [this](QPainter& painter, const QRect& exposed) {
+        PaintGrid(painter, exposed);
+        PaintNet(painter, exposed);
+        PaintCell(painter, exposed, picImage->pos());
+    };
     imgClip->MouseDown = [this](const MouseArgs& args) { imgClip_MouseDown(args); };
     imgClip->MouseMove = [this](const MouseArgs& args) { imgClip_MouseMove(args); };
     SetHelp(picImage, kHelpPicture);
@@ -56,6 +66,7 @@ void frmSnapshot::picImage_MouseMove(const MouseArgs& args) {
     }
     sngMouseX = args.X;
     sngMouseY = args.Y;
+    ShowCell();
 }
 
 void frmSnapshot::picImage_MouseUp(const MouseArgs&) {
@@ -70,11 +81,11 @@ void frmSnapshot::picImage_MouseUp(const MouseArgs&) {
 void frmSnapshot::MagnifyAbout(const MouseArgs& args) {
     double iLeft = picImage->x(), iTop = picImage->y();
     std::int16_t iNew = view.iZoom;
-    if (args.Button == kLeft && view.iZoom < lmk::kMostZoom) {
+    if (args.Button == kLeftButton && view.iZoom < lmk::kMostZoom) {
         ++iNew;
         iLeft -= args.X;
         iTop -= args.Y;
-    } else if (args.Button == kRight && view.iZoom > 1) {
+    } else if (args.Button == kRightButton && view.iZoom > 1) {
         --iNew;
         iLeft += args.X / 2.0;
         iTop += args.Y / 2.0;

@@ -12,6 +12,7 @@ struct AnimationProbe {
     frmAnimation& form;
     AnimationRecord& Record() const { return form.record; }
     PlayState& State() const { return form.state; }
+    KnownFile& File() const { return form.knownFile; }
     bool Changed() const { return form.bChanged != 0; }
     bool Playing() const { return form.Timer1.isActive(); }
     QTimer& Timer() const { return form.Timer1; }

@@ -126,6 +126,8 @@ TEST_F(Player, EachCommandAndFieldReachesTheFramesAndTheFile) {
         {"@picImage click",        {{234, "\3\0"s}}, {15, 31}}, {"@picImage click click click click", {{234, "\5\0"s}}, {15, 31}},
         {"@picImage right right",  {{234, "\1\0"s}}, {15, 31}}, {"@picImage middle", {}, {15, 31}},
         {"@cmdControl(3) click click @cmdControl(2) click @picImage click", {{234, "\3\0"s}}, {47, 31, 15}}, // plays on
+        {"@picImage Right Right Left", {}, {31, 47, 31}},       {"@picImage Right Right Space Left Right", {}, {47, 31, 15}},
+        {"@picImage Space Space", {}, {15, 31}},
         {"@txtAnimSetup(0)", {}, {15, 31, 47, 31, 15, 31}},     {"@txtAnimSetup(0) two.sna", {{100, "two.sna "}}, {15, 31}},
         {"@cmdSetup(2) click click", {{100, two.leftJustified(100).toStdString()}}, {15, 31}}, // the second time cancelled
         {"@txtAnimSetup(1) Caf\u00e9", {{200, "Caf\xE9"}}, {15, 31}}, {"@cboAnimSetup(0) O", {{248, "\0\0"s}}, {15, 31, 47, 15}},
@@ -225,7 +227,6 @@ TEST_F(Player, ClosesAsTheUserAnswers) {
         {true, 1, {Yes}}, {false, 1, {Yes}},   {false, 1, {Cancel}}};
     for (const auto& [named, prompt, answer] : cases) {
         frmAnimation player;
-        iAnimationCount = 0;
         Settings.bPromptSave = prompt;
         ASSERT_TRUE(named ? Open(player) : OpenNew(player));
         player.SetZoom(2);

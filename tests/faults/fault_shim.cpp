@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <set>
 #include <string_view>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -62,11 +63,7 @@ bool Interrupts() {
 
 int Open(const char* symbol, const char* path, int flags, unsigned mode) {
     const bool below = IsBelow(path);
-    if (below && plan.onlyNamed && (flags & O_TMPFILE) == O_TMPFILE) {
-        errno = EOPNOTSUPP;
-        return -1;
-    }
-    if (below && Strikes((flags & O_TMPFILE) == O_DIRECTORY ? "directory" : "open")) {
+    if (below && Strikes((flags & O_DIRECTORY) != 0 ? "directory" : "open")) {
         return -1;
     }
     const int handle = Next<int(const char*, int, ...)>(symbol)(path, flags, mode);
@@ -168,12 +165,21 @@ int fsetxattr(int handle, const char* name, const void* value, size_t size, int 
     return Pass<int>(IsWatched(handle), "fsetxattr", handle, name, value, size, flags);
 }
 
-int rename(const char* from, const char* to) {
-    return Pass<int>(IsBelow(to), "rename", from, to);
+int mkdir(const char* path, mode_t mode) {
+    return Pass<int>(IsBelow(path), "mkdir", path, mode);
 }
 
-int linkat(int fromDirectory, const char* from, int toDirectory, const char* to, int flags) {
-    return Pass<int>(IsBelow(to), "linkat", fromDirectory, from, toDirectory, to, flags);
+int flock(int handle, int operation) {
+    return Pass<int>(IsWatched(handle), "flock", handle, operation);
+}
+
+int rename(const char* from, const char* to) {
+    if (IsBelow(to) && plan.mounted && access(to, F_OK) == 0 &&
+        std::string_view(to).find("/lumrake/") == std::string_view::npos) {
+        errno = EBUSY;
+        return -1;
+    }
+    return Pass<int>(IsBelow(to), "rename", from, to);
 }
 
 int close(int handle) {

@@ -13,7 +13,7 @@ struct FaultPlan {
     int error = 0;           ///< errno of the failing call
     bool shortWrite = false; ///< a failing write takes half its bytes first, as a disk does that runs full
     int interruptEvery = 0;  ///< every so many reads, writes and syncs one is refused with EINTR; 0 never
-    bool onlyNamed = false;  ///< refuses files without a name, as network shares do
+    bool mounted = false;    ///< no file takes the place of another, as if each were a mount of its own
 };
 
 void ArmFaults(const FaultPlan& plan);

@@ -1,10 +1,15 @@
 /// What stands on the disk, and what the user knows of it, after any call to the system has failed.
 #include "animation/anim_support.h"
+#include "disk/files.h"
+#include "disk/in_place.h"
+#include "disk/recovery_run.h"
 #include "disk/system_calls.h"
 #include "faults/fault_shim.h"
 #include "faults/file_stage.h"
+#include "shell/kept_document.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
+#include "shell/window/unfinished_saves.h"
 
 #include <QDir>
 
@@ -25,14 +30,13 @@ using Bytes = std::vector<std::uint8_t>;
 const QString kSnapshotFile = QStringLiteral("Test.SNA"), kAnimationFile = QStringLiteral("Walk.anm"),
               kSnapshotLost = QStringLiteral("cannot be found");
 
-/// Two documents with changes over an empty disk. Every question is answered with Yes, every file dialog with
+/// Two documents with changes over an empty disk. Every question is answered with `answer`, every file dialog with
 /// the next of `files`.
 struct Rig : FileStage {
     Rig() {
         SetMessageBoxAnswerer([this](const MessageBox& box) {
             boxes.push_back(box.title + QLatin1Char('|') + box.text);
-            return box.buttons == BoxButtons::Ok || box.text.contains(kSnapshotLost) ? BoxAnswer::Ok
-                                                                                     : BoxAnswer::Yes;
+            return box.buttons == BoxButtons::Ok || box.text.contains(kSnapshotLost) ? BoxAnswer::Ok : answer;
         });
         Settings.iDefaultWidth = 128;
         Settings.iDefaultLines = 64;
@@ -58,6 +62,9 @@ struct Rig : FileStage {
         SnapshotProbe{*snapshot}.SetChanged();
         animation->SetChanged(-1);
         MakeFile(target, old);
+        MemoryBlock ignored; // nobody else has changed them
+        EXPECT_TRUE(SnapshotProbe{*snapshot}.File().Read(Path(kSnapshotFile), ignored).IsDone());
+        EXPECT_TRUE(AnimationProbe{*animation}.File().Read(Path(kAnimationFile), ignored).IsDone());
         GiveRights(QFile::encodeName(Path(target)));
         boxes.clear();
         files.assign(3, Path(target));
@@ -71,6 +78,18 @@ struct Rig : FileStage {
                animation->GetFilename() == Path(kAnimationFile);
     }
 
+    /// The bytes of the safe copy that stands, or none.
+    static Bytes Copy() {
+        const QStringList copies = FilesOfRun(kSafeCopy);
+        MemoryBlock block;
+        if (copies.empty() || ReadWholeFile(copies[0], block).IsNotDone()) {
+            return {};
+        }
+        const auto save = ParseSafeCopy(block.Bytes());
+        return save && copies.size() == 1 ? Bytes(save->bytes.begin(), save->bytes.end()) : Bytes(1);
+    }
+
+    BoxAnswer answer = BoxAnswer::Yes;
     frmSnapshot* snapshot = nullptr;
     frmAnimation* animation = nullptr;
 };
@@ -105,13 +124,13 @@ struct Fault {
     int error;
     bool shortWrite = false;
     int interruptEvery = 0;
-    bool onlyNamed = false;
+    bool mounted = false;
 };
 const Fault kFaults[] = {{EIO, false, 2}, {ENOSPC, true}, {ENOSPC, true, 2, true}, {EACCES, false, 0, true}};
 
 FaultPlan PlanOf(const Rig& rig, const Fault& fault, int failAt) {
     const std::string directory = rig.Path(QString()).toStdString();
-    return {directory, failAt, fault.error, fault.shortWrite, fault.interruptEvery, fault.onlyNamed};
+    return {directory, failAt, fault.error, fault.shortWrite, fault.interruptEvery, fault.mounted};
 }
 
 QString Reason(int error) {
@@ -142,10 +161,12 @@ TEST_P(Writes, LeaveTheOldFileOrTheNewOneAndSaySo) {
             const std::string call = StruckCall();
             calls.insert(call);
             SCOPED_TRACE(::testing::Message() << std::strerror(fault.error) << " at call " << failAt << ", "
-                                              << call << (fault.onlyNamed ? " of named files" : ""));
+                                              << call << (fault.mounted ? ", in place" : ""));
 
             const Bytes found = rig.ReadFile(writer.target);
-            ASSERT_TRUE(found == old || found == fresh) << found.size() << " bytes that are neither";
+            const Bytes copied = rig.Copy();
+            ASSERT_TRUE(found == old || found == fresh || copied == fresh)
+                << found.size() << " bytes that are neither";
             EXPECT_EQ(RightsOf(file), rights);
             EXPECT_EQ(QDir(rig.Path(QString())).entryList(QDir::Files | QDir::Hidden), others);
             const bool told = !rig.boxes.empty() && !rig.boxes.back().contains(QLatin1String("overwrite?"));
@@ -154,16 +175,18 @@ TEST_P(Writes, LeaveTheOldFileOrTheNewOneAndSaySo) {
                 EXPECT_EQ(rig.Changed(), writer.keepsDocument);
                 continue;
             }
-            EXPECT_EQ(found == fresh, call == "directory") << "the new file is there, but for how long";
+            EXPECT_TRUE((found == fresh) == (call == "directory") || fault.mounted)
+                << "there, but for how long";
             EXPECT_TRUE(rig.boxes.back().startsWith(QLatin1String(writer.boxTitle) + QLatin1Char('|')));
             EXPECT_TRUE(rig.boxes.back().contains(Reason(fault.error))) << rig.boxes.back().toStdString();
             EXPECT_TRUE(rig.Changed() && rig.HasOwnNames());
             writer.write(rig); // the disk works again
             EXPECT_EQ(rig.ReadFile(writer.target), fresh);
+            EXPECT_TRUE(rig.Copy().empty());
         }
     }
-    for (const char* call : {"open", "write", "fsync", "linkat", "rename", "close", "stat", "statx", "fchmod",
-                             "fsetxattr", "directory"}) {
+    for (const char* call :
+         {"open", "write", "fsync", "rename", "close", "stat", "statx", "fchmod", "fsetxattr", "directory"}) {
         EXPECT_TRUE(calls.contains(call)) << call;
     }
 }
@@ -198,6 +221,98 @@ TEST(Faults, WhileReadingAreToldAndOpenNothing) {
             EXPECT_TRUE(rig.boxes[0].contains(Reason(EIO)) || rig.boxes[0].contains(kSnapshotLost));
             EXPECT_EQ(iSnapshotCount + iAnimationCount, windows);
         }
+    }
+}
+
+TEST(Faults, InTheMiddleOfASaveInPlaceAreMendedAtTheNextStart) {
+    Rig rig;
+    rig.Reset(kSnapshotFile, NoiseBytes(1000, 2));
+    const Bytes fresh = SnapshotProbe{*rig.snapshot}.Bytes();
+    do { // until a part of the file is written
+        rig.Reset(kSnapshotFile, NoiseBytes(1000, 2));
+        static int failAt = 0;
+        ArmFaults(PlanOf(rig, {ENOSPC, true, 0, true}, ++failAt));
+        SaveSnapshot(*rig.snapshot);
+        ASSERT_GE(DisarmFaults(), failAt);
+    } while (rig.Copy() != fresh);
+    EndRecoveryRun(); // killed
+    rig.answer = BoxAnswer::Cancel;
+    FinishSaves();
+    EXPECT_EQ(rig.Copy(), fresh) << "it stays for the next start";
+    const QString copy = FilesOfRun(kSafeCopy)[0];
+    rig.answer = BoxAnswer::Yes;
+    MemoryBlock whole;
+    ASSERT_TRUE(ReadWholeFile(copy, whole).IsDone());
+    for (std::size_t i = 0; i < whole.size(); i += std::size_t{i < fresh.size() ? 97U : 1U}) {
+        EXPECT_FALSE(ParseSafeCopy(whole.Bytes().first(i)));
+        whole.data()[i] ^= 1;
+        EXPECT_FALSE(ParseSafeCopy(whole.Bytes())) << i;
+        whole.data()[i] ^= 1;
+    }
+    FinishSaves();
+    EXPECT_EQ(rig.ReadFile(kSnapshotFile), fresh);
+    EXPECT_TRUE(FilesOfRun(kSafeCopy).empty());
+    EXPECT_TRUE(rig.boxes.back().startsWith(QLatin1String("Save|Lumrake did not finish saving ")));
+}
+
+/// The bytes that a start would bring back.
+Bytes Kept(const Bytes& file) {
+    EndRecoveryRun();
+    AdoptDeadRuns();
+    Bytes bytes = file;
+    for (const QString& sKeptIn : FilesOfRun(kKeptChanges)) {
+        MemoryBlock memory;
+        EXPECT_TRUE(ReadWholeFile(sKeptIn, memory).IsDone());
+        const auto recovery = ReadRecovery(memory.Bytes());
+        EXPECT_TRUE(recovery) << "half of something";
+        for (const auto& [number, block] : recovery->blocks) {
+            std::ranges::copy(block.bytes, bytes.begin() + number * std::ptrdiff_t{ChangedBlocks::kBytes});
+        }
+    }
+    return bytes;
+}
+
+TEST(Faults, OfKeepingWhatIsDrawnOpenNoBoxAndLoseNothingKept) {
+    std::set<std::string> calls;
+    for (const Fault& fault : kFaults) {
+        for (const int armedFor : {0, 1, 2}) { // the first that is kept, the next, a start that takes it over
+            for (int failAt = 1; failAt == 1 || StruckCall() != "none"; ++failAt) {
+                Rig rig;
+                const Bytes file = rig.ReadFile(kSnapshotFile);
+                const SnapshotProbe probe{*rig.snapshot};
+                iCurrentTool = kToolDraw;
+                std::vector<Bytes> states{file};
+                for (const int step : {0, 1, 2}) {
+                    for (int x = 0; step < 2 && x < 40; ++x) { // some of them change a bit
+                        probe.Press(1, static_cast<float>(8 * x), static_cast<float>(8 * step));
+                    }
+                    states.push_back(probe.Bytes());
+                    if (step == armedFor) {
+                        ArmFaults(PlanOf(rig, fault, failAt));
+                    }
+                    if (step < 2) {
+                        KeepAllDocuments();
+                    } else {
+                        EndRecoveryRun();
+                        AdoptDeadRuns();
+                    }
+                    if (step == armedFor) {
+                        DisarmFaults();
+                        break;
+                    }
+                }
+                calls.insert(StruckCall());
+                SCOPED_TRACE(::testing::Message() << std::strerror(fault.error) << " at call " << failAt
+                                                  << ", " << StruckCall() << ", step " << armedFor);
+                EXPECT_TRUE(rig.boxes.empty());
+                EXPECT_EQ(rig.ReadFile(kSnapshotFile), file);
+                const Bytes kept = Kept(file);
+                EXPECT_TRUE(kept == states.back() || (armedFor < 2 && kept == states[states.size() - 2]));
+            }
+        }
+    }
+    for (const char* call : {"open", "write", "fsync", "rename", "directory", "mkdir", "flock"}) {
+        EXPECT_TRUE(calls.contains(call)) << call;
     }
 }
 

@@ -2,6 +2,7 @@
 #include "faults/file_stage.h"
 #include "shell/window/file_commands.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
@@ -65,14 +66,28 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
         const char* reason; ///< null when the save goes well
         std::function<void(const FileStage&, const QString& file)> change;
     };
+    constexpr const char* kChanged = " has been changed by another program.  Save As can overwrite it.";
     const QString kOther = QStringLiteral("other.sna");
     const Case cases[] = {
         {"deleted", nullptr, [](const auto&, const QString& file) { QFile::remove(file); }},
         {"turned into a link", nullptr,
          [&](const auto& stage, const QString& file) {
              QFile::remove(file);
-             stage.MakeFile(kOther, NoiseBytes(9000, 2));
+             stage.MakeFile(kOther, NoiseBytes(500)); // the bytes that are known
              QFile::link(stage.Path(kOther), file);
+         }},
+        {"changed within the tick of a clock", kChanged,
+         [](const auto&, const QString& file) {
+             const QDateTime time = QFileInfo(file).lastModified();
+             QFile other(file);
+             EXPECT_TRUE(other.open(QIODevice::ReadWrite) && other.putChar('\1'));
+             other.flush();
+             EXPECT_TRUE(other.setFileTime(time, QFile::FileModificationTime));
+         }},
+        {"replaced by another", kChanged,
+         [&](const auto& stage, const QString& file) {
+             stage.MakeFile(kOther, NoiseBytes(9000, 2));
+             EXPECT_TRUE(QFile::remove(file) && QFile::rename(stage.Path(kOther), file));
          }},
         {"put where new files are given a list", nullptr,
          [](const auto& stage, const QString&) {
@@ -122,7 +137,38 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
             << stage.boxes[0].toStdString();
         EXPECT_EQ(QFileInfo(stage.Path(name)).isFile(), exists);
         EXPECT_TRUE(!exists || stage.ReadFile(name) == before);
+        if (one.reason == kChanged) {
+            stage.files = {stage.Path(name)};
+            stage.answers = {BoxAnswer::Yes};
+            EXPECT_TRUE(SaveSnapshotAs(*form) && SaveSnapshot(*form));
+            EXPECT_EQ(stage.ReadFile(name), MemoryOf(*form));
+        }
     }
+}
+
+TEST(FilesBehindTheProgram, AreTheLastWindowsUnlessAnotherProgramChangedThem) {
+    FileStage stage;
+    const QString name = QStringLiteral("a.sna");
+    frmSnapshot* const first = OpenChanged(stage, name);
+    const auto open = [&] {
+        auto* form = new frmSnapshot;
+        EXPECT_TRUE(form->Launch(stage.Path(name), name));
+        return form;
+    };
+    frmSnapshot* const second = open();
+    EXPECT_TRUE(SaveSnapshot(*first) && SaveSnapshot(*second) && SaveSnapshot(*first));
+    stage.MakeFile(name, NoiseBytes(600));
+    frmSnapshot* const third = open(); // it knows the change
+    EXPECT_TRUE(!SaveSnapshot(*first) && SaveSnapshot(*third) && !SaveSnapshot(*second));
+    stage.files = {stage.Path(name)};
+    stage.answers = {BoxAnswer::Yes};
+    EXPECT_TRUE(SaveSnapshotAs(*first) && SaveSnapshot(*third) && SaveSnapshot(*first));
+    // The box of a failed save follows where a window is closing.
+    SnapshotProbe{*second}.SetChanged();
+    stage.MakeFile(name, NoiseBytes(700));
+    stage.answers = {BoxAnswer::Yes, BoxAnswer::Cancel};
+    EXPECT_FALSE(ChildFrame(second)->close());
+    EXPECT_TRUE(stage.boxes.back().contains(QLatin1String("another program")));
 }
 
 TEST(FilesBehindTheProgram, AreWholeWhenATimerClosesTheirWindow) {

@@ -50,3 +50,21 @@ find_main
 wait_for "the end of the splash" popup_gone
 menu f x
 wait_for_end
+
+# Told to end by the system while a box is open: nothing is asked, and what was drawn waits for the next start.
+rm "$app/LMK.CFG"
+start_program
+open_snapshot "My Game.SNA"
+pixel 0 0 3
+menu f x
+wait_for_dialog Snapshot
+kill "$program"
+wait_for_end
+expect_size "$app/LMK.CFG" 526
+same_bytes "$files/My Game.SNA" "$stage/after"
+launch REHEARS
+answer_last Snapshot alt+n
+find_main
+menu f x
+wait_for_end
+expect "what is kept in the end" "" "$(ls "$stage/lumrake")"

@@ -5,7 +5,7 @@
 set -euo pipefail
 
 build=$1
-here=$(dirname "${BASH_SOURCE[0]}")
+here=$(realpath "$(dirname "${BASH_SOURCE[0]}")")
 stage=${stage:-$(mktemp -d "${TMPDIR:-/tmp}/lumrake-journey.XXXXXX")}
 app=$stage/app       # the program's directory, with its settings and help file
 files=$stage/files   # the user's files; the program starts here
@@ -58,7 +58,7 @@ open_stage() {
     export DISPLAY=:$number
     # The keyboard map must not follow the machine's language, nor the look its desktop.
     unset XDG_SESSION_TYPE WAYLAND_DISPLAY QT_QPA_PLATFORM XDG_CURRENT_DESKTOP
-    export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$stage HOME=$stage XDG_CONFIG_HOME=$stage NO_AT_BRIDGE=1
+    export LC_ALL=C.UTF-8 XDG_RUNTIME_DIR=$stage HOME=$stage XDG_CONFIG_HOME=$stage XDG_STATE_HOME=$stage NO_AT_BRIDGE=1
     openbox >/dev/null 2>&1 &
     wait_for "the window manager" window_manager_runs
 }
@@ -73,7 +73,7 @@ close_stage() {
 trap close_stage EXIT
 
 launch() {
-    (cd "$files" && exec "$app/lumrake" "$@" 2>"$stage/stderr") &
+    (cd "$files" && exec ${with:-} "$app/lumrake" "$@" 2>"$stage/stderr") &
     program=$!
 }
 # find_main: waits for the main window and gives it room for two children side by side.
@@ -87,6 +87,16 @@ find_main() {
 start_program() {
     launch REHEARS # no splash
     find_main
+}
+
+# walk_by_ear: spoken.py on a bus of its own, in place of the program; what it heard, it has waited for.
+walk_by_ear() {
+    (
+        unset NO_AT_BRIDGE
+        export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+        cd "$files"
+        exec dbus-run-session -- /usr/bin/python3 "$here/spoken.py" "$app/lumrake"
+    ) >"$stage/stderr" 2>&1 || fail "not all was heard"
 }
 
 window() { xdotool search --onlyvisible --name "$1" | tail -n 1; }

@@ -192,6 +192,13 @@ TEST_F(PrefsTest, TheSlidersFollowTheSelectedSwatch) {
     Select(9);
     EXPECT_EQ(Get<QLabel>("lblCol", 2).text(), u"255"_qs);
     EXPECT_EQ(Get("shpMarker").geometry(), Get("lblPalette", 9).geometry().adjusted(-1, -1, 1, 1));
+    Get("lblPalette", 9).setFocus(); // walked and chosen by keys
+    for (const Qt::Key key :
+         {Qt::Key_Right, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Left, Qt::Key_Space}) {
+        QTest::keyClick(form->focusWidget(), key);
+    }
+    EXPECT_EQ(Get("shpMarker").geometry(), Get("lblPalette", 1).geometry().adjusted(-1, -1, 1, 1));
+    Select(9);
     Menu(Qt::Key_R); // a grading does not touch the sliders, and the next move starts from them
     Page(3);
     Get("scrCol", 0).setFocus();

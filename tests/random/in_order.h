@@ -6,6 +6,7 @@
 #include "snapshot/snapshot_probe.h"
 
 #include <QPointer>
+#include <QScreen>
 
 #include <map>
 #include <random>
@@ -47,6 +48,9 @@ class Inspector {
             Expect(HeldForUse(record, record.lFileLength) == record, "a record out of its limits");
         }
         CheckCommands(pressed);
+        if (++calls_ % 4 == 0) { // what is out of date stays so for a while
+            CheckScreen();
+        }
         Expect(SnapshotProbe::Placing().IsSound(), "tool " + std::to_string(iCurrentTool));
         Expect(QGuiApplication::overrideCursor() == nullptr, "an hourglass is left");
         return faults_.str();
@@ -81,6 +85,8 @@ class Inspector {
                    in(view.iZoom, 1, 5) && view.iZoomFactor == 1 << (view.iZoom - 1) &&
                    in(view.iUpsideDown, 0, 1),
                "out of limits: " + probe.Texts() + " mode " + std::to_string(view.iMode));
+        const PicturePixel at = probe.form.Cell();
+        Expect(in(at.x, 0, view.PictureWidth()) && in(at.y, 0, view.iLines), "the cell lies outside");
         const std::int32_t numbers[] = {view.lOffset, view.iWidth, view.iLines, view.iColumns};
         for (std::size_t box = 0; box < 4; ++box) {
             const QString text = probe.Box(box).text();
@@ -102,6 +108,18 @@ class Inspector {
             Expect(picture.PixelAt(x, y) == (bit != 0),
                    "pixel " + std::to_string(x) + ',' + std::to_string(y) + " is shown wrong");
         }
+    }
+
+    /// Nothing on the screen is out of date: a fresh painting shows the same.
+    void CheckScreen() {
+        QWidget& main = *MainWindow();
+        QImage shown, fresh;
+        for (int rounds = 0; rounds < 3 && (rounds == 0 || shown != fresh); ++rounds) {
+            QCoreApplication::processEvents(); // a window that just came up is painted in its turn
+            shown = main.screen()->grabWindow(main.winId()).toImage();
+            fresh = main.grab().toImage().convertToFormat(shown.format());
+        }
+        Expect(shown == fresh, "something was not repainted");
     }
 
     /// Bytes change in documents alone that know of it, and only those of a pixel in the view as it was before the
@@ -177,6 +195,7 @@ class Inspector {
     }
 
     std::map<frmSnapshot*, Shadow> shadows_;
+    int calls_ = 0;
     std::minstd_rand random_; ///< for the samples of the pictures
     std::ostringstream faults_;
 };

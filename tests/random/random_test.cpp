@@ -61,7 +61,6 @@ class RandomUser : public MainStage {
         return list[static_cast<std::size_t>(Pick(int(std::size(list))))];
     }
     void Begin() {
-        iSnapshotCount = iAnimationCount = 0;
         MakeFile(QStringLiteral("One.sna"), NoiseBytes(1));
         MakeFile(QStringLiteral("game one.SNA"), NoiseBytes(49179));
         MakeFile(QStringLiteral("\u00dcber & unter.z80"), NoiseBytes(700));
@@ -170,6 +169,23 @@ class RandomUser : public MainStage {
         Send(*grabber_, type, button, held_, at);
     }
 
+    /// The keys of the picture, held too, and the wheel over anything.
+    void KeyOrTurn(const SnapshotProbe& probe) {
+        QWidget* const over[] = {&probe.Picture(), &probe.Track(), &probe.Box(0), &probe.Spin(2)};
+        const Qt::KeyboardModifiers with[] = {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
+                                              Qt::ShiftModifier};
+        const int keys[] = {Qt::Key_Space, Qt::Key_Space, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Return,
+                            Qt::Key_G,     Qt::Key_D,     Qt::Key_Z,     Qt::Key_S,         Qt::Key_P};
+        const int arrow = Qt::Key_Home + Pick(8), key = Once(2) ? arrow : OneOf(keys);
+        QKeyEvent stroke(Once(3) ? QEvent::KeyRelease : QEvent::KeyPress, key, OneOf(with));
+        QWheelEvent turn({4, 4}, probe.form.mapToGlobal(QPointF(Pick(200), Pick(200))), {},
+                         {Pick(481) - 240, Pick(481) - 240}, held_, OneOf(with) | OneOf(with),
+                         Qt::NoScrollPhase, false);
+        Once(8) ? probe.Picture().setFocus(Qt::TabFocusReason) : void();
+        Once(4) ? QCoreApplication::sendEvent(OneOf(over), &turn)
+                : QCoreApplication::sendEvent(&probe.Picture(), &stroke);
+    }
+
     void Tick() {
         for (frmAnimation* animation : Forms<frmAnimation>()) {
             QTimer& timer = AnimationProbe{*animation}.Timer();
@@ -196,7 +212,7 @@ class RandomUser : public MainStage {
         if (windows == 0 || (n < 3 && windows < 5)) {
             Click(n % 3 == 0 ? Menu::menu_animation : Menu::menu_open, n % 3 == 0 ? 2 : 0);
         } else if (n < 60 && active != nullptr) {
-            n < 48 ? Draw({*active}) : UseOneOf(*active);
+            n < 36 ? Draw({*active}) : n < 48 ? KeyOrTurn({*active}) : UseOneOf(*active);
         } else if (n < 70) {
             Key();
         } else if (n < 78) {

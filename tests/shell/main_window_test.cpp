@@ -13,8 +13,10 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMimeData>
 #include <QScreen>
 #include <QSlider>
 #include <QToolButton>
@@ -146,6 +148,51 @@ TEST_F(FileCommands, GoToTheActiveOfTwoWindows) {
     EXPECT_EQ(caption + MainProbe::CoordsText(main), u"LMK for Windows0,00,0"_qs);
 }
 
+TEST_F(FileCommands, MaximisedWindowsFollowEachOtherAndTheListTellsThemApart) {
+    QDir(Path({})).mkdir(u"in"_qs);
+    const auto shown = [&] { // is it maximised, and how does the list go on behind the caption
+        QString text = ChildFrame(main.ActiveForm())->isMaximized() ? u"max"_qs : u"free"_qs;
+        for (const QAction* entry : WindowList()) {
+            text +=
+                entry->text().mid(3).replace(QFileInfo(a).path(), u"~"_qs).replace(u"a && b.sna"_qs, u"|"_qs);
+        }
+        return text;
+    };
+    Open(a);
+    ChildFrame(main.ActiveForm())->showMaximized();
+    Open(a);
+    EXPECT_EQ(shown(), u"max|:1|:2"_qs);
+    Open(Snapshot(u"in/A & b.SNA"_qs));
+    EXPECT_EQ(shown(), u"max| (~):1| (~):2| (~/in)"_qs);
+    WindowList()[0]->trigger();
+    ChildFrame(main.ActiveForm())->close();
+    EXPECT_EQ(shown(), u"max| (~)| (~/in)"_qs);
+    (new frmAnimation)->Launch(MakeFile(u"walk.anm"_qs, EncodeAnimation(SampleRecord(a))));
+    EXPECT_EQ(shown(), u"free| (~)| (~/in)Walk"_qs) << "it has one size";
+    WindowList()[0]->trigger();
+    EXPECT_EQ(shown(), u"free| (~)| (~/in)Walk"_qs);
+}
+
+TEST_F(FileCommands, WhatIsDroppedIsOpenedByItsEnding) {
+    Open(a);
+    QMimeData dropped;
+    dropped.setText(a);
+    dropped.setUrls({QUrl::fromLocalFile(a),
+                     QUrl::fromLocalFile(MakeFile(u"W.ANM"_qs, EncodeAnimation(SampleRecord(a)))),
+                     QUrl::fromLocalFile(Path(u"."_qs)), QUrl(u"http://a.b/c"_qs),
+                     QUrl::fromLocalFile(Path(u"c.anm"_qs)), QUrl::fromLocalFile(Snapshot(u"d"_qs))});
+    QDragEnterEvent enter({}, Qt::CopyAction | Qt::MoveAction, &dropped, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&SnapshotProbe{*main.ActiveSnapshot()}.Box(0), &enter);
+    QDropEvent drop({}, Qt::CopyAction | Qt::MoveAction, &dropped, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&main, &drop);
+    EXPECT_TRUE(enter.isAccepted() && enter.dropAction() == Qt::CopyAction);
+    EXPECT_TRUE(QTest::qWaitFor([] { return iSnapshotCount == 3; }, 60000));
+    EXPECT_EQ(boxes.size(), 3u) << "the folder, what is on no disk, what is not there";
+    EXPECT_EQ(iAnimationCount, 1);
+    EXPECT_EQ(RecentCaption(1), "&1. " + Path(u"d"_qs).toLower().toStdString());
+    EXPECT_EQ(RecentCaption(3), RecentCaption(2).replace(1, 1, "3")) << "a twice, and no folder";
+}
+
 TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {
     Open(a);
     const SnapshotProbe probe{*main.ActiveSnapshot()};
@@ -160,6 +207,8 @@ TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {
     EXPECT_EQ(menu->windowHandle(), nullptr) << "it has never been open";
     QTest::mouseRelease(main.windowHandle(), Qt::RightButton, {}, at(40, 70));
     QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, at(40, 70));
+    QTest::keyClick(KeysGoTo(), Qt::Key_Minus, Qt::AltModifier);
+    EXPECT_NE(menu->windowHandle(), nullptr);
 }
 
 /// What the commands are given to (see Program); the captions of the menu entry; the ways to it: letters, its key, the
@@ -224,6 +273,11 @@ const Command kCommands[] = {
     {'0', "",                                 "",         "F6, Right, Left",  "",        " | Open snapshot"},
     {'S', "",                                 "",         "F6, Right, Esc",   "",        " | Offset"},
     {'S', "",                                 "",         "F6, F6",           "",        " | Offset"},
+    {'D', "",                                 "",         "D",                "",        "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw | Picture"},
+    {'D', "",                                 "",         "Z",                "",        "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom | Picture"},
+    {'D', "",                                 "",         "P, S",             "",        "bar eee ddd eeee ee eed | net off | Picture"},
+    {'D', "",                                 "",         "Ctrl+F3, Z",       "",        "Drawing off | bar eee eed ee eed | tool 4 | Picture"}, // a hidden button
+    {'P', "",                                 "",         "Esc",              "",        "cursor 2 16 16 | net off | tool 2 Draw | Offset"},
 };
 // clang-format on
 

@@ -106,7 +106,17 @@ TEST_F(Editor, NetAndPixelsLeaveNothingBehind) {
         return area.screen()->grabWindow(area.winId(), at.x(), at.y(), box.width(), box.height()).toImage();
     };
     const auto at = [](int i) { return static_cast<float>(20 + i * 37 % 150); };
+    testing::WaitForActive(area);
     const QImage plain = shown();
+    window.Picture().setFocus(Qt::TabFocusReason);
+    for (int i = 0; i < 40; ++i) { // the cell, beyond the edges too
+        window.form.MoveCell(i * 37 % 256, i * 53 % 192);
+        const QImage parts = shown();
+        window.Picture().update();
+        ASSERT_EQ(shown(), parts) << "cell at move " << i;
+    }
+    window.Bar().setFocus();
+    EXPECT_EQ(shown(), plain);
     for (const std::int16_t tool : {kToolNet, kToolDraw}) {
         iCurrentTool = tool;
         window.Press(1, 50, 50);

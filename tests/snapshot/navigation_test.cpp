@@ -1,3 +1,4 @@
+#include "snapshot/rules/cell.h"
 #include "snapshot/rules/navigation.h"
 #include "snapshot/rules/view_limits.h"
 
@@ -33,6 +34,16 @@ TEST(ScrolledOffset, MovesByLinesAndPages) {
         const ViewNumbers view{49179, offset, width, lines};
         EXPECT_EQ(ScrolledOffset(view, 50, value, small, large), result);
     }
+}
+
+TEST(ByteUnder, IsToldInThreeLines) {
+    const std::uint8_t bytes[] = {0, 165};
+    const ViewNumbers view{2, 1, 8, 2, 1};
+    EXPECT_EQ(LinesOf(ByteAt(bytes, view, {4, 0})),
+              (std::array<std::string, 3>{"1 bit 3", "0x1", "value 165"}));
+    EXPECT_EQ(LinesOf({2147483647, 0, -1}),
+              (std::array<std::string, 3>{"2147483647 bit 0", "0x7FFFFFFF", "past the end"}));
+    EXPECT_EQ(ByteAt(bytes, view, {0, 1}).iValue, -1);
 }
 
 } // namespace

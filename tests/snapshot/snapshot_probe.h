@@ -30,6 +30,7 @@ struct SnapshotProbe {
         SetChanged(false);
         return changed;
     }
+    KnownFile& File() const { return form.knownFile; }
     std::int16_t Changed() const { return form.document.Changed(); }
     PictureBox& Picture() const { return *form.picImage; }
     auto& Net() const { return form.shpNet; }

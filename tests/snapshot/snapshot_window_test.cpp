@@ -60,14 +60,14 @@ TEST_F(SnapshotWindow, AsksOnClosingAndCountsTheWindowOut) {
     for (const auto& [changed, prompt, answer] : cases) {
         const bool closes = answer != std::deque{Cancel};
         const SnapshotProbe probe = Open(100);
-        iSnapshotCount = 2; // another one is open
+        const int before = iSnapshotCount;
         probe.Data()[0] ^= 255;
         probe.SetChanged(changed != 0);
         Settings.bPromptSave = prompt;
         answers = answer;
         EXPECT_EQ(ChildFrame(&probe.form)->close(), closes);
         EXPECT_TRUE(answers.empty());
-        EXPECT_EQ(iSnapshotCount, closes ? 1 : 2);
+        EXPECT_EQ(iSnapshotCount, closes ? before - 1 : before);
         EXPECT_EQ(ReadFile(u"Test.SNA"_qs) != testing::NoiseBytes(100), answer == std::deque{Yes});
         EXPECT_TRUE(closes || probe.Changed() == -1);
     }
@@ -171,13 +171,11 @@ TEST_F(SnapshotWindow, TheAddressBarStepsAndRests) {
     const SnapshotProbe probe = Open(49179, 256, 192);
     SpinBar &bar = probe.Bar(), &spin = probe.Spin(0);
     QPushButton& thumb = probe.Thumb(); // hands its keys on
-    // where, a key or the angle of a wheel, and the offset then; a wheel turned back begins anew
+    // where, a key or the angle of a wheel, and the offset then
     // clang-format off
     const std::tuple<QWidget*, int, int> steps[] = {
         {&bar, Qt::Key_PageDown, 1536}, {&bar, Qt::Key_Down, 1600}, {&thumb, Qt::Key_Up, 1536}, {&bar, Qt::Key_Up, 1472},
         {&thumb, Qt::Key_PageDown, 3008}, {&bar, Qt::Key_PageUp, 1472}, {&bar, Qt::Key_End, 1472}, {&bar, -240, 1600},
-        {&bar, -60, 1600}, {&bar, -60, 1664}, {&bar, -60, 1664}, {&bar, 60, 1664}, {&bar, 60, 1600}, {&spin, 120, 1600},
-        {&probe.Track(), -120, 1664}, {&thumb, 120, 1600},
     };
     // clang-format on
     for (const auto& [to, what, offset] : steps) {

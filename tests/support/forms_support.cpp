@@ -1,6 +1,7 @@
 #include "support/forms_support.h"
 
 #include "animation/frmAnimation.h"
+#include "disk/recovery_run.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
 #include "snapshot/frmSnapshot.h"
@@ -15,9 +16,9 @@ namespace lumrake::testing {
 
 Stage::Stage() : before_(SetShellNotices(this)) {
     SetProgramDirectory(directory_.path());
+    qputenv("XDG_STATE_HOME", QFile::encodeName(directory_.path()));
     SetDefaultSettings(Settings, "2.00", {});
     iCurrentTool = kToolDraw;
-    iSnapshotCount = iAnimationCount = 0;
     SetMessageBoxAnswerer([this](const MessageBox& box) {
         boxes.push_back(box.title + QLatin1Char('|') + box.text);
         if (answers.empty()) {
@@ -42,6 +43,7 @@ Stage::~Stage() {
     SetMessageBoxAnswerer({});
     SetFileDialogAnswerer({});
     SetProgramDirectory(QString());
+    EndRecoveryRun();
 }
 
 bool Stage::SaveBeforeClosing(QWidget* child) {

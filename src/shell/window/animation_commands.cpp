@@ -5,66 +5,66 @@
 #include "base/numbers.h"
 #include "controls/common_dialog.h"
 #include "shell/shell.h"
+#include "shell/window/child_windows.h"
 #include "snapshot/frmSnapshot.h"
-
-#include <QPointer>
 
 namespace lumrake {
 
 namespace {
 
 const QString kTitle = QStringLiteral("Animation"); ///< of messages
+const QString kSaveAsTitle = QStringLiteral("Save animation file as...");
 const QString kFilter = QStringLiteral("Animation files (*.ANM)|*.ANM|All files (*.*)|*.*");
 
-/// A window that opens belongs to its frame in the main window; one that does not is let go at once.
-void OpenWindow(const QString& sFile, const QString& sSnapFile = {}) {
-    auto* child = new frmAnimation;
-    if (!child->Launch(sFile, sSnapFile)) {
-        delete child;
-    }
-}
-
-/// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
-std::optional<QString> AskName(const QPointer<frmAnimation>& animation) {
-    const std::optional<QString> sName =
-        AskNewFileName(QStringLiteral("Save animation file as..."), kFilter, animation->GetFilename());
-    return animation.isNull() ? std::nullopt : sName;
+/// Saves the animation to its own file, unless another program changed that.
+Outcome SaveUnchanged(frmAnimation& animation) {
+    const Outcome unchanged = animation.FindFileUnchanged();
+    return unchanged.IsDone() ? animation.SaveAnimation(animation.GetFilename()) : unchanged;
 }
 
 } // namespace
 
 void NewAnimation() {
-    OpenWindow(QString());
+    OpenWindow<frmAnimation>(QString());
 }
 
 void OpenAnimationDialog() {
     const QString sFile = AskOpenFileName(QStringLiteral("Open animation file..."), kFilter);
     if (!sFile.isEmpty()) {
-        OpenWindow(sFile);
+        OpenAnimationFile(sFile);
     }
+}
+
+void OpenAnimationFile(const QString& sFile) {
+    OpenWindow<frmAnimation>(sFile);
 }
 
 bool SaveAnimationCommand(frmAnimation& animation) {
     const QString sFile = animation.GetFilename();
-    return sFile.isEmpty() ? SaveAnimationAs(animation) : TellFailure(animation.SaveAnimation(sFile), kTitle);
+    return sFile.isEmpty() ? SaveAnimationAs(animation) : TellFailure(SaveUnchanged(animation), kTitle);
 }
 
 bool SaveAnimationAs(frmAnimation& animation) {
-    const std::optional<QString> sNewName = AskName(&animation);
+    const std::optional<QString> sNewName = AskName(animation, kSaveAsTitle, kFilter);
     return sNewName && TellFailure(animation.SaveAnimation(*sNewName), kTitle);
 }
 
 bool SaveAnimationBeforeClosing(frmAnimation& animation) {
     std::optional<QString> sName = animation.GetFilename();
-    if (sName->isEmpty()) {
-        sName = AskName(&animation);
+    bool bAsked = sName->isEmpty();
+    const auto askName = [&] {
+        bAsked = true;
+        return AskName(animation, kSaveAsTitle, kFilter);
+    };
+    if (bAsked) {
+        sName = askName();
     }
     if (!sName || sName->isEmpty()) { // a new one is given up with its dialog
         return true;
     }
-    return SaveUntilGivenUp(
-        *sName, kTitle, [&animation] { return AskName(&animation); },
-        [&animation](const QString& sFile) { return animation.SaveAnimation(sFile); });
+    return SaveUntilGivenUp(*sName, kTitle, askName, [&](const QString& sFile) {
+        return bAsked ? animation.SaveAnimation(sFile) : SaveUnchanged(animation);
+    });
 }
 
 void AnimateSnapshot(const frmSnapshot& snapshot) {
@@ -81,7 +81,7 @@ void AnimateSnapshot(const frmSnapshot& snapshot) {
     GlobalAnim.lStep = HeldTo<std::int32_t>(
         static_cast<double>(FrameBytes(GlobalAnim.iMode, GlobalAnim.iWidth, GlobalAnim.iLines)));
     GlobalAnim.sTitle.Set("New Animation");
-    OpenWindow(QString(), snapshot.GetFilename()); // whole, where the record has to cut it
+    OpenWindow<frmAnimation>(QString(), snapshot.GetFilename()); // whole, where the record has to cut it
 }
 
 } // namespace lumrake

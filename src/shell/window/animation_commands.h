@@ -1,5 +1,7 @@
 #pragma once
 
+class QString;
+
 namespace lumrake {
 
 class frmAnimation;
@@ -12,6 +14,8 @@ class frmSnapshot;
 void NewAnimation();
 /// Asks for an .ANM file and opens it in a new window.
 void OpenAnimationDialog();
+/// Opens an .ANM file, named by its true path, in a new window.
+void OpenAnimationFile(const QString& sFile);
 /// Saves to the animation's own file, or asks for a name when it has none. True when the record is on the
 /// disk.
 bool SaveAnimationCommand(frmAnimation& animation);

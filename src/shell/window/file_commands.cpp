@@ -1,14 +1,14 @@
 #include "shell/window/file_commands.h"
 
 #include "controls/common_dialog.h"
-#include "controls/message_box.h"
 #include "disk/files.h"
 #include "disk/texts.h"
 #include "shell/shell.h"
+#include "shell/window/animation_commands.h"
+#include "shell/window/child_windows.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <QFileInfo>
-#include <QPointer>
 
 #include <algorithm>
 
@@ -21,6 +21,7 @@ const QString kOpenFilter = QStringLiteral(
     "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|Raw files (*.RAW)|*.RAW|"
     "All files (*.*)|*.*");
 const QString kSaveTitle = QStringLiteral("Save"); ///< of messages
+const QString kSaveAsTitle = QStringLiteral("Save snapshot file as...");
 const QString kSaveFilter = QStringLiteral(
     "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|All files (*.*)|*.*");
 
@@ -37,19 +38,11 @@ bool IsCut(std::size_t slot) {
     return std::any_of(bytes.end() - 4, bytes.end(), [](char byte) { return byte != ' '; });
 }
 
-/// A window that opens belongs to its frame in the main window; one that does not open is let go at once.
-void OpenWindow(const QString& sFullName, const QString& sTitle) {
-    auto* child = new frmSnapshot;
-    if (!child->Launch(sFullName, sTitle)) {
-        delete child;
-    }
-}
-
-/// The answer of AskNewFileName; nothing as well when the window was closed while the dialog stood.
-std::optional<QString> AskName(const QPointer<frmSnapshot>& document) {
-    const std::optional<QString> sName =
-        AskNewFileName(QStringLiteral("Save snapshot file as..."), kSaveFilter, document->GetFilename());
-    return document.isNull() ? std::nullopt : sName;
+/// Saves the document to its own file, unless another program changed that.
+Outcome SaveUnchanged(frmSnapshot& document) {
+    const Outcome unchanged = document.FindFileUnchanged();
+    const QString sFile = document.GetFilename();
+    return unchanged.IsDone() ? document.SaveSnap(sFile, FileTitleOf(sFile)) : unchanged;
 }
 
 } // namespace
@@ -57,13 +50,13 @@ std::optional<QString> AskName(const QPointer<frmSnapshot>& document) {
 void OpenSnapshotFile(const QString& sFile) {
     if (!sFile.isEmpty()) {
         const QString sFullName = QFileInfo(sFile).absoluteFilePath(); // a bare name has no title
-        OpenWindow(sFullName, FileTitleOf(sFullName));
+        OpenWindow<frmSnapshot>(sFullName, FileTitleOf(sFullName));
         return;
     }
     const QString sChosen = AskOpenFileName(kOpenTitle, kOpenFilter);
     if (!sChosen.isEmpty()) {
         AddRecentFile(sChosen);
-        OpenWindow(sChosen, comDialog.FileTitle);
+        OpenWindow<frmSnapshot>(sChosen, comDialog.FileTitle);
     }
 }
 
@@ -74,13 +67,28 @@ void OpenRecentFile(std::size_t slot) {
     if (possible.isEmpty() || IsMissing(possible[0])) { // one of another case is not meant
         TellFileNotFound();
     } else if (meant.size() == 1 && possible.size() == 1) {
-        OpenWindow(meant[0], FileTitleOf(meant[0]));
+        OpenWindow<frmSnapshot>(meant[0], FileTitleOf(meant[0]));
     } else {
         const QString sNear = possible.contains(sStored) ? sStored : possible[0];
         const QString sChosen = AskOpenFileName(kOpenTitle, kOpenFilter, QFileInfo(sNear).path());
         if (!sChosen.isEmpty()) {
-            OpenWindow(sChosen, comDialog.FileTitle);
+            OpenWindow<frmSnapshot>(sChosen, comDialog.FileTitle);
         }
+    }
+}
+
+void OpenDroppedFiles(const QList<QUrl>& dropped) {
+    for (const QUrl& url : dropped) {
+        const QString sFile =
+            url.isLocalFile() ? url.toLocalFile() : url.toDisplayString(); // which is not found
+        if (sFile.endsWith(QLatin1String(".ANM"), Qt::CaseInsensitive)) {
+            OpenAnimationFile(sFile);
+            continue;
+        }
+        if (QFileInfo(sFile).isFile()) {
+            AddRecentFile(sFile);
+        }
+        OpenSnapshotFile(sFile);
     }
 }
 
@@ -110,12 +118,11 @@ void ResetRecentFiles() {
 }
 
 bool SaveSnapshot(frmSnapshot& document) {
-    const QString sFile = document.GetFilename();
-    return TellFailure(document.SaveSnap(sFile, FileTitleOf(sFile)), kSaveTitle);
+    return TellFailure(SaveUnchanged(document), kSaveTitle);
 }
 
 bool SaveSnapshotAs(frmSnapshot& document) {
-    const std::optional<QString> sNewName = AskName(&document);
+    const std::optional<QString> sNewName = AskName(document, kSaveAsTitle, kSaveFilter);
     if (!sNewName || !TellFailure(document.SaveSnap(*sNewName, FileTitleOf(*sNewName)), kSaveTitle)) {
         return false;
     }
@@ -127,11 +134,14 @@ bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
     bool bAsked = false;
     const auto askName = [&] {
         bAsked = true;
-        return AskName(&document);
+        return AskName(document, kSaveAsTitle, kSaveFilter);
     };
     const auto save = [&](const QString& sFile) {
+        if (!bAsked) {
+            return SaveUnchanged(document);
+        }
         const Outcome outcome = document.SaveSnap(sFile, FileTitleOf(sFile));
-        if (outcome.IsDone() && bAsked) {
+        if (outcome.IsDone()) {
             AddRecentFile(sFile);
         }
         return outcome;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QUrl>
 
 #include <array>
 
@@ -19,6 +21,10 @@ void OpenSnapshotFile(const QString& sFile);
 /// true path. A later run has the path in lower case only; where several files fit, the Open dialog asks in their
 /// directory.
 void OpenRecentFile(std::size_t slot);
+
+/// Opens what was dropped on the window, one after the other: a file whose name ends in .ANM as an animation, whatever
+/// else it is as a snapshot, which enters the recent list if it is a file. What cannot be opened is told.
+void OpenDroppedFiles(const QList<QUrl>& dropped);
 
 /// Puts a file at the head of the recent list; the oldest of four falls out. The list is not searched for it.
 /// The settings record keeps the path in lower case, cut at 100 bytes; the true path is kept for this run.

@@ -7,14 +7,19 @@
 #include "controls/panel_bar.h"
 #include "controls/screen.h"
 #include "controls/toolbar.h"
+#include "shell/window/file_commands.h"
 #include "shell/window/shut_down.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDateTime>
+#include <QDropEvent>
 #include <QLocale>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -50,12 +55,18 @@ frmMain::frmMain() {
     rows->addWidget(sbrMain);
     setCentralWidget(client);
 
+    setAcceptDrops(true);
     tbrMain->MouseMove = [this](double X) { tbrMain_MouseMove(X); };
     CreateCommands();
     CreateCoordsPanel();
     // The tools have no menu entry, so this is how they are chosen without a mouse.
     connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, tbrMain, &Toolbar::TakeKeys);
     CreateClient();
+    connect(new QShortcut(Qt::ALT | Qt::Key_Minus, this), &QShortcut::activated, this, [this] {
+        if (QWidget* active = ActiveForm()) {
+            static_cast<QMdiSubWindow*>(ChildFrame(active))->showSystemMenu();
+        }
+    });
     sbrMain->AddPanel({.Key = {},
                        .Text = kNoDocument,
                        .ToolTipText = {},
@@ -138,6 +149,20 @@ void frmMain::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     MDIForm_Unload();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls() && QApplication::activeModalWidget() == nullptr) {
+        event->setDropAction(Qt::CopyAction); // a file is opened, and stays where it is
+        event->accept();
+    }
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    // The program that the files come from waits for the end of this event, and a question may stand for long.
+    QTimer::singleShot(0, this, [dropped = event->mimeData()->urls()] { OpenDroppedFiles(dropped); });
 }
 
 void frmMain::SetStatusText(const QString& sText) {

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QPoint>
 #include <QPointer>
+#include <QStringList>
 
 #include <cstdint>
 #include <vector>
@@ -77,6 +78,9 @@ class frmMain : public QMainWindow, public ShellNotices {
 
     // ---- the window: frmMain.cpp ----
 
+    /// Unloads the window without a question, whatever is open.
+    void Unload() { MDIForm_Unload(); }
+
     /// Place and size on the screen in twips, with the frame as far as it is known.
     WindowTwips PlaceInTwips() const;
     void SetStatusText(const QString& sText) override;
@@ -103,6 +107,7 @@ class frmMain : public QMainWindow, public ShellNotices {
     /// Shows and hides the groups of buttons and the co-ordinates panel by bToolbarVisible.
     void ArrangeToolbars();
     void ShowCoords(std::int16_t iIndex, double x, double y) override;
+    void ChooseTool(std::int16_t iTool) override;
 
     // ---- children: frmMain_children.cpp ----
 
@@ -119,6 +124,8 @@ class frmMain : public QMainWindow, public ShellNotices {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
   private:
     friend struct MainProbe; // lets tests read the controls
@@ -151,6 +158,9 @@ class frmMain : public QMainWindow, public ShellNotices {
     void CreateCommands();
     void PutOnToolbar(const Command& row, QAction& action);
     void ShowEnabled();
+    /// What the list of windows calls the documents: by their captions, those of the same caption by their folders as
+    /// well, those of the same folder, as a rule of one file, by numbers.
+    QStringList WindowNames() const;
     void FillWindowList();
 
     // ---- toolbar ----

@@ -6,6 +6,7 @@
 #include "animation/frmAnimation.h"
 #include "assistant/rules/help_numbers.h"
 #include "controls/message_box.h"
+#include "controls/spoken.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
@@ -36,13 +37,21 @@ class DocumentFrame : public QMdiSubWindow {
         mouseMoveEvent(&move);
         QMdiSubWindow::mousePressEvent(event);
     }
+    /// The area maximises whatever comes in front of a maximised document. What has one size keeps it.
+    void changeEvent(QEvent* event) override {
+        if (isMaximized() && minimumSize() == maximumSize()) {
+            overrideWindowState(windowState() & ~Qt::WindowMaximized);
+        } else {
+            QMdiSubWindow::changeEvent(event);
+        }
+    }
 };
 
 } // namespace
 
 void frmMain::CreateClient() {
+    SetSpoken(mdiClient, {.role = QAccessible::LayeredPane}); // the toolkit's own tells of no assistant
     mdiClient->setActivationOrder(QMdiArea::ActivationHistoryOrder);
-    mdiClient->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
     mdiClient->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiClient->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiClient->viewport()->setMouseTracking(true);

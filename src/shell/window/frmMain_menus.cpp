@@ -1,6 +1,7 @@
 // The commands: what gives them in the menus and on the toolbar, what they need, and what the menus show: ticks, the
 // recent list, the list of windows.
 
+#include "animation/frmAnimation.h"
 #include "assistant/rules/help_numbers.h"
 #include "controls/pictures.h"
 #include "controls/toolbar.h"
@@ -9,8 +10,10 @@
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
 #include "snapshot/frmClip.h"
+#include "snapshot/frmSnapshot.h"
 
 #include <QActionGroup>
+#include <QFileInfo>
 #include <QHelpEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -53,6 +56,16 @@ class CommandMenu : public QMenu {
         return QMenu::event(event);
     }
 };
+
+/// Where a child's file lies; nothing for an animation that was never saved.
+QString FolderOf(const QWidget* child) {
+    const auto* snapshot = dynamic_cast<const frmSnapshot*>(child);
+    const auto* animation = dynamic_cast<const frmAnimation*>(child);
+    const QString sFile = snapshot != nullptr    ? snapshot->GetFilename()
+                          : animation != nullptr ? animation->GetFilename()
+                                                 : QString();
+    return sFile.isEmpty() ? sFile : QStringLiteral(" (%1)").arg(QFileInfo(sFile).path());
+}
 
 /// A "&" of a path or title would be taken for an access key.
 QString Displayed(QString text) {
@@ -284,6 +297,24 @@ void frmMain::PopupSnapshotMenu(const QPoint& screenPlace) {
     Entry(Menu::menu_snapshot_top)->menu()->exec(screenPlace);
 }
 
+QStringList frmMain::WindowNames() const {
+    QStringList captions, whole, names;
+    for (const QPointer<QMdiSubWindow>& frame : OpenFrames()) {
+        captions << CaptionOf(frame->widget());
+        whole << captions.back() + FolderOf(frame->widget());
+    }
+    for (qsizetype i = 0; i < captions.size(); ++i) {
+        const bool bOneFolder = captions.count(captions[i]) == whole.count(whole[i]);
+        names << (bOneFolder ? captions[i] : whole[i]);
+    }
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        if (whole.count(whole[i]) > 1) {
+            names[i] += QStringLiteral(":%1").arg(whole.first(i + 1).count(whole[i]));
+        }
+    }
+    return names;
+}
+
 void frmMain::FillWindowList() {
     QMenu* menu = Entry(Menu::menu_window)->menu();
     for (QAction* entry : windowList_) {
@@ -291,6 +322,7 @@ void frmMain::FillWindowList() {
     }
     windowList_.clear();
     int number = 0;
+    const QStringList names = WindowNames();
     for (const QPointer<QMdiSubWindow>& frame : OpenFrames()) {
         if (++number == 1) {
             windowList_.push_back(menu->addSeparator());
@@ -298,7 +330,7 @@ void frmMain::FillWindowList() {
         // Access keys reach as far as the digits do.
         const QString caption =
             QStringLiteral("%1%2 ").arg(QLatin1String(number < 10 ? "&" : "")).arg(number);
-        QAction* entry = menu->addAction(caption + Displayed(CaptionOf(frame->widget())));
+        QAction* entry = menu->addAction(caption + Displayed(names[number - 1]));
         entry->setCheckable(true);
         entry->setChecked(ActiveForm() == frame->widget());
         connect(entry, &QAction::triggered, this, [this, frame] {

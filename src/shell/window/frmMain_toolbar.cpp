@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "base/twips.h"
 #include "controls/drawing_box.h"
+#include "controls/spoken.h"
 #include "controls/toolbar.h"
 #include "controls/watch.h"
 #include "disk/texts.h"
@@ -26,6 +27,7 @@ constexpr int kCoordsWidth = 2535, kCoordsHeight = 375;
 constexpr int kCoordsFromRight = 2715; ///< its left edge, counted back from the window's outer right edge
 constexpr int kIconLeft[] = {120, 1320}, kIconTop = 75;
 constexpr int kLabelLeft[] = {480, 1650}, kLabelTop = 120, kLabelWidth = 855, kLabelHeight = 255;
+constexpr const char* kLabelNames[] = {"Mouse position ", "Size of the selection "}; ///< for screen readers
 // clang-format on
 
 } // namespace
@@ -36,17 +38,17 @@ void frmMain::CreateCoordsPanel() {
     panel->setGeometry(0, (tbrMain->height() - PixelsFromTwips(kCoordsHeight)) / 2,
                        PixelsFromTwips(kCoordsWidth), PixelsFromTwips(kCoordsHeight));
     picCoords = panel;
-    const char* const names[] = {"Mouse position", "Size of the selection"};
     const char* const pictures[] = {"coords/position.svg", "coords/size.svg"};
     constexpr QSize kIconSize(16, 16);
     for (std::size_t i = 0; i < std::size(pictures); ++i) {
         (new DrawingBox(Latin(pictures[i]), kIconSize, picCoords))
             ->move(PixelsFromTwips(kIconLeft[i]), PixelsFromTwips(kIconTop));
-        lblCoords[i] = new QLabel(QStringLiteral("0,0"), picCoords);
-        lblCoords[i]->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-        lblCoords[i]->setGeometry(PixelsFromTwips(kLabelLeft[i]), PixelsFromTwips(kLabelTop) - 1,
-                                  PixelsFromTwips(kLabelWidth), PixelsFromTwips(kLabelHeight));
-        lblCoords[i]->setAccessibleName(Latin(names[i]));
+        auto* label = lblCoords[i] = new QLabel(QStringLiteral("0,0"), picCoords);
+        label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        label->setGeometry(PixelsFromTwips(kLabelLeft[i]), PixelsFromTwips(kLabelTop) - 1,
+                           PixelsFromTwips(kLabelWidth), PixelsFromTwips(kLabelHeight));
+        SetSpoken(label, {.role = QAccessible::StaticText,
+                          .name = [label, name = kLabelNames[i]] { return Latin(name) + label->text(); }});
     }
     QList<QWidget*> controls = picCoords->findChildren<QWidget*>();
     controls.push_back(picCoords);
@@ -81,13 +83,23 @@ void frmMain::ShowCoords(std::int16_t iIndex, double x, double y) {
     }
 }
 
+void frmMain::ChooseTool(std::int16_t iTool) {
+    if (QAction* button = Entry(Menu::tbrMain, iTool); tbrMain->actions().contains(button)) {
+        button->trigger();
+    }
+}
+
 void frmMain::tbrMain_ButtonClick(int Tool) {
     iCurrentTool = static_cast<std::int16_t>(Tool);
+    frmSnapshot* snapshot = ActiveSnapshot();
     if (Tool != kToolNet) { // the others end a selection
         EnableNetCommands(false);
-        if (frmSnapshot* snapshot = ActiveSnapshot()) {
+        if (snapshot != nullptr) {
             snapshot->ClearNet();
         }
+    }
+    if (snapshot != nullptr) {
+        snapshot->TellPicture();
     }
 }
 

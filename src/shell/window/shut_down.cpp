@@ -1,5 +1,6 @@
 #include "shell/window/shut_down.h"
 
+#include "disk/recovery_run.h"
 #include "shell/shell.h"
 
 #include <cstdlib>
@@ -18,6 +19,7 @@ std::function<void()>& ProcessEnd() {
 
 void ShutDown() {
     SaveSettings();
+    EndRecoveryRun();
     if (ProcessEnd()) {
         ProcessEnd()();
         return;

@@ -9,6 +9,9 @@
 #include "shell/shell.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
+#include "shell/window/outside_end.h"
+#include "shell/window/recoveries.h"
+#include "shell/window/unfinished_saves.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -53,6 +56,8 @@ void Main(const QString& sCommandLine) {
         splash.reset();
     }
     mainWindow->show();
+    FinishSaves();
+    OfferRecoveries();
 }
 
 void Initialise() {
@@ -80,14 +85,15 @@ int RunProgram(int argc, char** argv) {
         words << QString::fromLocal8Bit(argv[word]);
     }
     HoldWriteSignals(); // a full quota or a closed terminal does not take the documents away
-    // No point of a stroke may be lost.
-    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     int toolkitCount = std::min(argc, 1);
     QApplication application(toolkitCount, argv);
+    // No point of a stroke may be lost; the platform of X11 sets it while the application is made.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     // The splash and the box of a new version close before the main window shows.
     QApplication::setQuitOnLastWindowClosed(false);
     PinLook();
     QApplication::setWindowIcon(LoadIcon(QStringLiteral("about/logo.svg"), QSize(64, 64)));
+    WatchForOutsideEnd(MainWindow);
     Main(words.join(QLatin1Char(' ')));
     return QApplication::exec();
 }

@@ -7,7 +7,22 @@ namespace lumrake {
 
 void SnapshotDocument::Open(MemoryBlock bytes) {
     byMemory = std::move(bytes);
+    blocks.Open(byMemory.size());
     bChanged = 0;
+}
+
+void SnapshotDocument::Saved() {
+    blocks.Saved();
+    bChanged = 0;
+}
+
+void SnapshotDocument::LayOver(std::size_t number, std::span<const std::uint8_t> bytes) {
+    const auto block = ChangedBlocks::Of(byMemory.Bytes(), number);
+    SetChanged();
+    if (!block.empty()) {
+        blocks.Touch(Bytes(), number * ChangedBlocks::kBytes);
+        std::copy_n(bytes.begin(), std::min(bytes.size(), block.size()), block.begin());
+    }
 }
 
 bool SnapshotDocument::WritePixel(const std::optional<PicturePixel>& pixel, std::int16_t iValue) {

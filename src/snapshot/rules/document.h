@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/changed_blocks.h"
 #include "base/memory_block.h"
 #include "snapshot/rules/addressing.h"
 #include "snapshot/rules/block.h"
@@ -28,7 +29,11 @@ class SnapshotDocument {
     /// -1 when the bytes may differ from those of the file, else 0.
     std::int16_t Changed() const { return bChanged; }
     /// The file has the bytes as they now are.
-    void Saved() { bChanged = 0; }
+    void Saved();
+    /// Which of the bytes differ, for whoever keeps them.
+    ChangedBlocks& Blocks() { return blocks; }
+    /// Lays bytes that were kept over those of a block, as far as the document reaches.
+    void LayOver(std::size_t number, std::span<const std::uint8_t> bytes);
 
     /// Sets (iValue 1) or clears (any other value) the bit of a picture pixel. A place outside the picture, which is
     /// nothing, and one past the end of the memory fall away, but the document counts as changed all the same. True
@@ -48,11 +53,13 @@ class SnapshotDocument {
     void SetChanged() { bChanged = -1; }
     /// The one place where a byte of the document is written: those of its bits that are in `mask`.
     void Put(std::size_t place, int mask, int bits) {
+        blocks.Touch(Bytes(), place);
         std::uint8_t& byte = byMemory.data()[place];
         byte = static_cast<std::uint8_t>((byte & ~mask) | bits);
     }
 
     MemoryBlock byMemory;
+    ChangedBlocks blocks;
     std::int16_t bChanged = 0;
 };
 

@@ -54,9 +54,10 @@ void FitToMode(ViewNumbers& view, std::int16_t iNewMode) {
     view.iLines = mode.fixedLines != 0 ? mode.fixedLines : lmk::LinesInMode(iNewMode, view.iLines);
 }
 
-std::int16_t NextAttribute(std::int16_t iAttribute, int iIndex) {
-    const int ink = lmk::Ink(iAttribute + (iIndex == 0 ? 1 : 0));
-    const int paper = lmk::Paper(iAttribute + (iIndex == 0 ? 0 : 8));
+std::int16_t NextAttribute(std::int16_t iAttribute, int iIndex, bool bBack) {
+    const int step = bBack ? 7 : 1; // of eight
+    const int ink = lmk::Ink(iAttribute + (iIndex == 0 ? step : 0));
+    const int paper = lmk::Paper(iAttribute + (iIndex == 0 ? 0 : 8 * step));
     return lmk::MakeAttribute(ink, paper, lmk::IsBright(iAttribute));
 }
 

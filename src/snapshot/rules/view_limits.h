@@ -45,7 +45,7 @@ ViewNumbers DefaultView(const SettingsRecord& settings, std::int32_t lFileLength
 void FitToMode(ViewNumbers& view, std::int16_t iNewMode);
 
 /// The attribute after a click on a colour button: the ink (iIndex 0) or the paper (1) goes on by one of its
-/// eight values, 7 to 0. The bright bit stays, bit 7 falls away.
-std::int16_t NextAttribute(std::int16_t iAttribute, int iIndex);
+/// eight values, 7 to 0, or back. The bright bit stays, bit 7 falls away.
+std::int16_t NextAttribute(std::int16_t iAttribute, int iIndex, bool bBack = false);
 
 } // namespace lumrake

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "disk/outcome.h"
+
+#include <QString>
+
+namespace lumrake {
+
+/// Makes a folder that only the user may enter, and those above it that are missing. Done as well when it is there.
+Outcome MakeOwnFolder(const QString& path);
+
+} // namespace lumrake

@@ -1,0 +1,172 @@
+#include "disk/recovery_run.h"
+
+#include "disk/folders.h"
+#include "disk/system_calls.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+#include <filesystem>
+
+namespace lumrake {
+
+namespace {
+
+const QString kBeingWritten = QStringLiteral(".new");
+
+struct Run {
+    QString folder; ///< of an open run, as its name
+    QString name;
+    int lock = -1; ///< handle; -1 until a file is needed
+    int files = 0; ///< named so far
+};
+Run run;
+
+QString Folder() {
+#if defined(Q_OS_WIN)
+    const QString state = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+#else
+    QString state = QFile::decodeName(qgetenv("XDG_STATE_HOME"));
+    if (!QDir::isAbsolutePath(state)) { // as its rules say, and when there is none
+        state = QDir::home().filePath(QStringLiteral(".local/state"));
+    }
+#endif
+    return state + QLatin1String("/lumrake");
+}
+
+QByteArray LockFile(const QDir& folder, const QString& name) {
+    return QFile::encodeName(folder.filePath(name + QLatin1String(".lock")));
+}
+
+Outcome OpenRun() {
+    if (run.lock >= 0) {
+        return Outcome::Done();
+    }
+    const QString path = Folder();
+    if (const Outcome made = MakeOwnFolder(path); made.IsNotDone()) {
+        return made;
+    }
+    if (!IsOwnFolder(QFile::encodeName(path).constData())) {
+        return Outcome::Failed(path + QLatin1String(" is not this user's own folder."));
+    }
+    run.folder = path;
+    // A program that starts just now may take the new lock for a dead run's, and the file away with it.
+    for (int tries = 0; run.lock < 0 && tries < 10; ++tries) {
+        const quint64 number = QRandomGenerator::system()->generate64();
+        run.name = QStringLiteral("%1").arg(number, 16, 16, QLatin1Char('0'));
+        run.lock = TakeLock(LockFile(run.folder, run.name).constData());
+    }
+    return run.lock >= 0 ? Outcome::Done() : Outcome::Failed(qt_error_string());
+}
+
+Outcome WriteSynced(const QString& path, QIODevice::OpenMode mode, std::span<const std::uint8_t> bytes) {
+    QFile file(path);
+    if (!file.open(mode | QIODevice::Unbuffered, QFile::ReadOwner | QFile::WriteOwner)) {
+        return Outcome::Failed(file.errorString());
+    }
+    const auto size = static_cast<qint64>(bytes.size());
+    const qint64 written = file.write(reinterpret_cast<const char*>(bytes.data()), size);
+    if (written != size) {
+        return Outcome::Failed(written < 0 ? file.errorString()
+                                           : QStringLiteral("Only a part of it could be written."));
+    }
+    return SyncFile(file.handle()) ? Outcome::Done() : Outcome::Failed(qt_error_string());
+}
+
+Outcome Rename(const QString& from, const QString& to) {
+    std::error_code failure;
+    std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(),
+                            failure);
+    return failure ? Outcome::Failed(QString::fromLocal8Bit(failure.message().c_str())) : Outcome::Done();
+}
+
+/// Gives this run the files of a dead one, whose lock is held meanwhile.
+void AdoptFiles(const QDir& folder, const QString& name) {
+    for (const QString& file : folder.entryList({name + QLatin1String("-*")}, QDir::Files | QDir::Hidden)) {
+        QString path;
+        if (file.endsWith(kBeingWritten)) {
+            QFile::remove(folder.filePath(file));
+        } else if (NameFileOfRun(QFileInfo(file).suffix(), path).IsNotDone() ||
+                   Rename(folder.filePath(file), path).IsNotDone()) {
+            return; // they stay for the next start
+        }
+    }
+}
+
+} // namespace
+
+Outcome NameFileOfRun(const QString& kind, QString& path) {
+    const Outcome opened = OpenRun();
+    if (opened.IsDone()) {
+        path = QDir(run.folder).filePath(QStringLiteral("%1-%2.%3").arg(run.name).arg(++run.files).arg(kind));
+    }
+    return opened;
+}
+
+Outcome WriteFileOfRun(const QString& path, std::span<const std::uint8_t> bytes) {
+    const QString fresh = path + kBeingWritten;
+    Outcome outcome = WriteSynced(fresh, QIODevice::WriteOnly, bytes);
+    if (outcome.IsDone()) {
+        outcome = Rename(fresh, path);
+    }
+    if (outcome.IsNotDone()) {
+        QFile::remove(fresh);
+        return outcome;
+    }
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
+    return SyncDirectory(folder.constData()) ? Outcome::Done() : Outcome::Failed(qt_error_string());
+}
+
+Outcome AppendToFileOfRun(const QString& path, std::span<const std::uint8_t> bytes) {
+    return WriteSynced(path, QIODevice::Append | QIODevice::ExistingOnly, bytes);
+}
+
+void RemoveFileOfRun(const QString& path) {
+    QFile::remove(path);
+}
+
+void AdoptDeadRuns() {
+    const QDir folder(Folder());
+    if (!IsOwnFolder(QFile::encodeName(folder.path()).constData())) {
+        return;
+    }
+    static const QRegularExpression ours(QStringLiteral("^([0-9a-f]{16})(-\\d+\\.\\w+(\\.new)?|\\.lock)$"));
+    QStringList names;
+    for (const QString& file : folder.entryList(QDir::Files | QDir::Hidden)) {
+        names << ours.match(file).captured(1);
+    }
+    names.removeDuplicates();
+    names.removeAll(QString());
+    for (const QString& name : names) {
+        const QByteArray lock = LockFile(folder, name);
+        const int handle = name == run.name ? -1 : TakeLock(lock.constData());
+        if (handle >= 0) {
+            AdoptFiles(folder, name);
+            DropLock(lock.constData(), handle);
+        }
+    }
+}
+
+QStringList FilesOfRun(const QString& kind) {
+    QStringList files;
+    if (run.lock >= 0) {
+        const QDir folder(run.folder);
+        for (const QString& name : folder.entryList({run.name + QLatin1String("-*.") + kind}, QDir::Files)) {
+            files << folder.filePath(name);
+        }
+    }
+    return files;
+}
+
+void EndRecoveryRun() {
+    if (run.lock >= 0) {
+        DropLock(LockFile(run.folder, run.name).constData(), run.lock);
+        run = Run();
+    }
+}
+
+} // namespace lumrake
