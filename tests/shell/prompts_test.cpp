@@ -65,7 +65,7 @@ void Describe(const QWidget& control, const QString& indent, QString& lines) {
         return;
     }
     for (const QObject* child : control.children()) {
-        if (child->isWidgetType() && !child->objectName().startsWith(u"qt_")) {
+        if (child->isWidgetType() && !child->objectName().startsWith(u"qt")) { // not a tip that just shows
             Describe(static_cast<const QWidget&>(*child), indent + u"  "_qs, lines);
         }
     }
