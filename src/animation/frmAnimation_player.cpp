@@ -18,6 +18,7 @@
 #include "disk/texts.h"
 #include "display/lmk.h"
 #include "shell/shell.h"
+#include "snapshot/frmSnapshot.h"
 
 #include <QKeyEvent>
 #include <QMdiSubWindow>
@@ -281,7 +282,9 @@ void frmAnimation::keyPressEvent(QKeyEvent* event) {
             }
         }
     }
-    QWidget::keyPressEvent(event);
+    if (event->key() != Qt::Key_Escape || !frmSnapshot::LetBlockGo()) {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 } // namespace lumrake

@@ -447,6 +447,15 @@ TEST(Wires, LeadFromMenuKeyAndButtonToTheSame) {
     }
 }
 
+TEST(Wires, EscLetsABlockGoFromAnAnimationToo) {
+    Program program('P');
+    ASSERT_EQ(iCurrentTool, kToolPlacing);
+    const auto record = EncodeAnimation(SampleRecord(program.Path(u"test.sna"_qs)));
+    ASSERT_TRUE((new frmAnimation)->Launch(program.MakeFile(u"walk.anm"_qs, record)));
+    program.PressKeys("Esc");
+    EXPECT_EQ(iCurrentTool, kToolDraw);
+}
+
 TEST(Wires, OptionsOpensTheSnapshotMenu) {
     const Program program('S');
     QTimer::singleShot(0, [] { Program::KeyMenu("F"); });
