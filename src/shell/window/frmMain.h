@@ -78,6 +78,8 @@ class frmMain : public QMainWindow, public ShellNotices {
 
     // ---- the window: frmMain.cpp ----
 
+    /// Closes the children one after the other, each with its question; false as soon as one of them stays.
+    bool CloseChildren();
     /// Unloads the window without a question, whatever is open.
     void Unload() { MDIForm_Unload(); }
 
@@ -178,8 +180,6 @@ class frmMain : public QMainWindow, public ShellNotices {
     /// Where the next child goes: the first place of a short cascade that no open one stands at.
     QPoint FreePlace() const;
     void ChildActivated(QMdiSubWindow* frame);
-    /// Closes the children one after the other; false as soon as one of them stays.
-    bool CloseChildren();
 
     // ---- what the commands do: one handler for each name, with the index ----
     void menu_open_Click(int Index);
