@@ -58,10 +58,9 @@ class Random {
     }
     void Fill(BitPicture& picture, int width, int height) {
         picture.Resize(width, height);
-        for (int y = 0; y < height; ++y) {
-            for (int x = 0; x < width; ++x) {
-                picture.SetPixel(x, y, (*this)(0, 1) == 1);
-            }
+        for (int i = 0; i < width * height; ++i) {
+            const int x = i % width, bit = (*this)(0, 1) << (7 - x % 8);
+            picture.Row(i / width)[x / 8] = static_cast<std::uint8_t>(picture.Row(i / width)[x / 8] | bit);
         }
     }
 
