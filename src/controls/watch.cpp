@@ -4,7 +4,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <algorithm>
 #include <utility>
 
 namespace lumrake {

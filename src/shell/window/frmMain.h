@@ -16,7 +16,6 @@ class QAction;
 class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
-class QMenu;
 class QTimer;
 
 namespace lumrake {
@@ -121,7 +120,6 @@ class frmMain : public QMainWindow, public ShellNotices {
 
   protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -169,7 +167,6 @@ class frmMain : public QMainWindow, public ShellNotices {
     int LeastToolbarWidth() const;
     void PlaceCoordsPanel();
     void tbrMain_ButtonClick(int Tool);
-    void tbrMain_MouseMove(double X);
 
     // ---- children ----
     void CreateClient();
