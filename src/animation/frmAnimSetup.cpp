@@ -75,14 +75,6 @@ constexpr ControlRow kRows[] = {
 };
 // clang-format on
 
-std::int32_t HelpOfTabs(QPoint place) {
-    if (place.y() < 3 || place.y() > 18) {
-        return kHelpNone;
-    }
-    const int x = place.x();
-    return x >= 1 && x <= 51 ? kHelpSettingsTab : x >= 56 && x <= 94 ? kHelpNotesTab : kHelpNone;
-}
-
 } // namespace
 
 frmAnimSetup::frmAnimSetup(AnimationRecord& settings) : QDialog(DialogOwner()), settings_(settings) {
@@ -97,10 +89,11 @@ frmAnimSetup::frmAnimSetup(AnimationRecord& settings) : QDialog(DialogOwner()), 
 
 void frmAnimSetup::CreateControls() {
     SetHelp(this, kHelpNone);
-    SSTab1 = new TabStrip({{QStringLiteral("Settings"), 1, 51}, {QStringLiteral("Notes"), 56, 39}}, this);
+    SSTab1 = new TabStrip({{QStringLiteral("Settings"), 1, 51, kHelpSettingsTab, 51},
+                           {QStringLiteral("Notes"), 56, 39, kHelpNotesTab, 39}},
+                          this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
     SSTab1->setGeometry(8, 8, kDialogWidth - 16, 231);
-    SSTab1->HelpAt = HelpOfTabs;
     lumrake::CreateControls(*this, SSTab1, kRows);
     Bind(*this, kTexts, txtAnimSetup);
     txtNotes = Find<LimitedText>(*this, kTexts, 8);
@@ -177,7 +170,7 @@ void frmAnimSetup::GetAnimSettings(bool& bResult, const QString& sOwnFile, const
         txtAnimSetup[kSnapFileField]->ShowWhole(sSnapFile);
     }
     exec();
-    ShowCaption();
+    Shell().ShowCaption();
     bResult = bOkay;
 }
 
@@ -259,7 +252,7 @@ void frmAnimSetup::txtAnimSetup_LostFocus(int Index) {
 
 void frmAnimSetup::Control_GotFocus(const ControlRow& row) {
     if (*row.status != '\0') {
-        SetStatusText(Latin(row.status));
+        Shell().SetStatusText(Latin(row.status));
     }
     if (row.make == kText) {
         LimitedEdit* text = txtAnimSetup[row.index];

@@ -9,6 +9,7 @@
 #include "shell/shell.h"
 
 #include <QCloseEvent>
+#include <QPointer>
 
 #include <algorithm>
 #include <limits>
@@ -64,7 +65,7 @@ bool frmAnimation::Open() {
     }
     counted.emplace(iAnimationCount);
     state = PlayState();
-    AdoptChild(this);
+    Shell().AdoptChild(this);
     SetPositions();
     Form_Activate(); // with its caption
     ShowCurrentFrame();
@@ -85,12 +86,9 @@ void frmAnimation::SetChanged(std::int16_t NewStatus) {
 }
 
 bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
-    bool bOkay = false;
-    frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay, QString(), sSnapFile);
-    if (!bOkay) {
+    if (!AskForSettings(sSnapFile)) {
         return false;
     }
-    GlobalToAnim();
     record.iZoom = 1;
     record.sAnimFile = {};
     record.lFileLength = 0; // all bytes that the snapshot has
@@ -100,10 +98,11 @@ bool frmAnimation::TakeNewSettings(const QString& sSnapFile) {
 
 bool frmAnimation::ReadRecord(const QString& sFile) {
     MemoryBlock bytes;
-    Outcome read = knownFile.Read(sFile, bytes, kAnimationBytes);
-    if (read.IsDone() && bytes.size() < kAnimationBytes) {
-        read = Outcome::Failed(QStringLiteral("It is too short for an animation."));
-    }
+    const Outcome read = knownFile.Read(sFile, bytes, kAnimationBytes).Then([&bytes] {
+        return bytes.size() == kAnimationBytes
+                   ? Outcome::Done()
+                   : Outcome::Failed(QStringLiteral("It is too short for an animation."));
+    });
     if (!TellFailure(
             read.During(QStringLiteral("The animation %1 could not be opened.").arg(sFile.toLower())),
             kTitle)) {
@@ -127,12 +126,18 @@ bool frmAnimation::AskForSnapshot() {
         return false;
     }
     AnimToGlobal();
+    return AskForSettings(ProposedSnapshot(SnapshotPath(), sFilePath));
+}
+
+bool frmAnimation::AskForSettings(const QString& sSnapFile) {
+    const QPointer<frmAnimation> alive(this);
     bool bOkay = false;
-    frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay, sFilePath, ProposedSnapshot(SnapshotPath(), sFilePath));
-    if (bOkay) {
-        GlobalToAnim();
+    frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay, sFilePath, sSnapFile);
+    if (!bOkay || !alive) {
+        return false;
     }
-    return bOkay;
+    GlobalToAnim();
+    return true;
 }
 
 bool frmAnimation::LoadSnapshot(const QString& sFile) {
@@ -176,13 +181,13 @@ void frmAnimation::Form_Unload(bool& Cancel) {
             sFilePath.isEmpty() ? QStringLiteral("Save new animation?")
                                 : QStringLiteral("Save changes to %1?").arg(TrimBlanks(sFilePath.toLower()));
         const BoxAnswer answer = MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, kTitle);
-        Cancel = answer == BoxAnswer::Yes ? !SaveBeforeClosing(this) : answer != BoxAnswer::No;
+        Cancel = answer == BoxAnswer::Yes ? !Shell().SaveBeforeClosing(this) : answer != BoxAnswer::No;
     }
     if (!Cancel) {
         kept.Forget();
         counted.reset();
         if (iAnimationCount == 0) {
-            UpdateToolbars(QStringLiteral("ANIMATION"), false);
+            Shell().UpdateToolbars(QStringLiteral("ANIMATION"), false);
         }
     }
 }

@@ -89,6 +89,9 @@ class frmAnimation : public QWidget {
     bool TakeNewSettings(const QString& sSnapFile);
     bool ReadRecord(const QString& sFile);
     bool AskForSnapshot();
+    /// Runs the setup dialog over GlobalAnim and takes what the user confirmed into the record. False when he gave it
+    /// up, or the window was closed meanwhile: no member may be touched then.
+    bool AskForSettings(const QString& sSnapFile = {});
     bool LoadSnapshot(const QString& sFile);
     QString SnapshotPath() const;
 

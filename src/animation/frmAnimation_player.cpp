@@ -24,33 +24,23 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 
-#include <string_view>
 #include <utility>
 
 namespace lumrake {
 
 namespace {
 
-struct PlayerRow {
-    const char* tag;
-    const char* name; ///< for screen readers; the faces are drawings
-    const char* icon;
-    const char* caption;
-    std::int32_t help;
-    int width;
-    bool whileStopped; ///< enabled while the window is stopped; the others are enabled while it plays
-};
-
 constexpr int kControlHeight = 21;
 
 // clang-format off
-constexpr PlayerRow kControls[] = {
-    {"BACK",    "Back",    "animation/back.svg",    "",       kHelpBack,    24, true},
-    {"STOP",    "Stop",    "animation/stop.svg",    "",       kHelpStop,    24, false},
-    {"PLAY",    "Play",    "animation/play.svg",    "",       kHelpPlay,    24, true},
-    {"FORWARD", "Forward", "animation/forward.svg", "",       kHelpForward, 24, true},
-    {"SETUP",   "Setup",   "",                      "&Setup", kHelpSetup,   49, true},
+constexpr ControlRow kControls[] = { // their places are those of LayoutOf
+    {New<QPushButton>, "cmdControl", 0, "", 0, 0, 24, kControlHeight, "animation/back.svg",    "", "BACK",    kHelpBack,    kOnMove, 0, "Back"},
+    {New<QPushButton>, "cmdControl", 1, "", 0, 0, 24, kControlHeight, "animation/stop.svg",    "", "STOP",    kHelpStop,    kOnMove, 0, "Stop"},
+    {New<QPushButton>, "cmdControl", 2, "", 0, 0, 24, kControlHeight, "animation/play.svg",    "", "PLAY",    kHelpPlay,    kOnMove, 0, "Play"},
+    {New<QPushButton>, "cmdControl", 3, "", 0, 0, 24, kControlHeight, "animation/forward.svg", "", "FORWARD", kHelpForward, kOnMove, 0, "Forward"},
+    {New<QPushButton>, "cmdControl", 4, "", 0, 0, 49, kControlHeight, "&Setup",                "", "SETUP",   kHelpSetup,   kOnMove},
 };
+
 /// A key on the picture and the control that it stands for while that can be clicked.
 constexpr std::pair<int, int> kPictureKeys[] = {
     {Qt::Key_Left, 0}, {Qt::Key_Space, 1}, {Qt::Key_Space, 2}, {Qt::Key_Right, 3},
@@ -84,18 +74,8 @@ void frmAnimation::CreateControls() {
     picImage->setFocusPolicy(Qt::StrongFocus);
     picImage->MouseDown = [this](const MouseArgs& args) { picImage_MouseDown(args); };
     SetHelp(picImage, kHelpFrame);
-    for (std::size_t i = 0; i < cmdControl.size(); ++i) {
-        const PlayerRow& row = kControls[i];
-        cmdControl[i] = new QPushButton(Latin(row.caption), this);
-        cmdControl[i]->setObjectName(QStringLiteral("cmdControl(%1)").arg(i));
-        cmdControl[i]->setAccessibleName(Latin(row.name));
-        cmdControl[i]->resize(row.width, kControlHeight);
-        if (*row.icon != '\0') {
-            cmdControl[i]->setIcon(LoadIcon(Latin(row.icon), QSize(16, 16)));
-            cmdControl[i]->setIconSize(QSize(16, 16));
-        }
-        SetHelp(cmdControl[i], row.help);
-    }
+    lumrake::CreateControls(*this, nullptr, kControls);
+    Bind(*this, "cmdControl", cmdControl);
     Connect(this, cmdControl, &QPushButton::clicked, &frmAnimation::cmdControl_Click);
     Timer1.setTimerType(Qt::PreciseTimer);
     QObject::connect(&Timer1, &QTimer::timeout, this, &frmAnimation::Timer1_Timer);
@@ -103,8 +83,8 @@ void frmAnimation::CreateControls() {
 }
 
 void frmAnimation::EnableControls(bool bPlaying) {
-    for (std::size_t i = 0; i < cmdControl.size(); ++i) {
-        cmdControl[i]->setEnabled(kControls[i].whileStopped != bPlaying);
+    for (QPushButton* button : cmdControl) {
+        button->setEnabled((TagOf(button) == QLatin1String("STOP")) == bPlaying);
     }
 }
 
@@ -179,19 +159,12 @@ void frmAnimation::SetPositions() {
 }
 
 void frmAnimation::cmdControl_Click(int Index) {
-    const std::string_view tag = kControls[Index].tag;
+    // In the order of the controls.
+    static constexpr void (frmAnimation::*kProcedures[])() = {&frmAnimation::PreviousFrame,
+                                                              &frmAnimation::StopPlay, &frmAnimation::Play,
+                                                              &frmAnimation::NextFrame, &frmAnimation::Setup};
     const QPointer<frmAnimation> alive(this); // the setup dialog may outlive the window
-    if (tag == "BACK") {
-        PreviousFrame();
-    } else if (tag == "STOP") {
-        StopPlay();
-    } else if (tag == "PLAY") {
-        Play();
-    } else if (tag == "FORWARD") {
-        NextFrame();
-    } else if (tag == "SETUP") {
-        Setup();
-    }
+    (this->*kProcedures[Index])();
     if (alive) {
         picImage->setFocus();
     }
@@ -200,15 +173,11 @@ void frmAnimation::cmdControl_Click(int Index) {
 /// The bytes and their length stay those of the launch: another snapshot counts when the animation is opened
 /// next.
 void frmAnimation::Setup() {
-    const QPointer<frmAnimation> alive(this);
     AnimToGlobal();
-    bool bOkay = false;
-    frmAnimSetup(GlobalAnim).GetAnimSettings(bOkay, sFilePath);
-    if (!bOkay || !alive) {
+    if (!AskForSettings()) {
         return;
     }
     state = PlayState();
-    GlobalToAnim();
     record = HeldForUse(record, record.lFileLength);
     ShowAgain(false);
     if (bAnimChanged != 0) {
@@ -247,10 +216,10 @@ void frmAnimation::SetZoom(std::int16_t NewZoom) {
 }
 
 void frmAnimation::Form_Activate() {
-    SetStatusText(CaptionOf(this));
-    UpdateToolbars(QStringLiteral("ANIMATION"), true);
-    UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
-    EnableNetCommands(false); // no net lies in an animation
+    Shell().SetStatusText(CaptionOf(this));
+    Shell().UpdateToolbars(QStringLiteral("ANIMATION"), true);
+    Shell().UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
+    Shell().EnableNetCommands(false); // no net lies in an animation
 }
 
 /// Alt+S is the key of Setup and of the main window's Snapshot menu, and the toolkit presses neither of two.

@@ -6,21 +6,18 @@
 namespace lumrake {
 
 namespace {
-std::function<double()>& ReplacedClock() {
-    static std::function<double()> clock;
-    return clock;
-}
+std::function<double()> replacedClock;
 } // namespace
 
 double ClockSeconds() {
-    if (ReplacedClock()) {
-        return ReplacedClock()();
+    if (replacedClock) {
+        return replacedClock();
     }
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
 }
 
 void SetClock(std::function<double()> clock) {
-    ReplacedClock() = std::move(clock);
+    replacedClock = std::move(clock);
 }
 
 } // namespace lumrake

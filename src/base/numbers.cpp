@@ -1,38 +1,11 @@
 #include "base/numbers.h"
 
-#include <algorithm>
 #include <charconv>
+#include <locale>
+#include <sstream>
 #include <system_error>
 
 namespace lumrake {
-
-namespace {
-
-/// Which way a decimal number without a sign left the range of a double: true when it is too small for it. The
-/// digits alone can make it so, and an exponent does not say it when there are hundreds of digits before it.
-bool IsTiny(std::string_view number) {
-    const std::size_t mark = number.find_first_of("eE");
-    const std::string_view digits = number.substr(0, mark);
-    const std::size_t point = std::min(digits.find('.'), digits.size());
-    const std::size_t first = digits.find_first_of("123456789");
-    // Places from the point to the first digit that counts: 3 for 123, 0 for 0.123, -1 for 0.0123.
-    const auto places =
-        static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first) + (first > point ? 1 : 0);
-    std::int64_t exponent = 0;
-    if (mark != std::string_view::npos) {
-        std::string_view text = number.substr(mark + 1);
-        const bool negative = text.starts_with('-');
-        text.remove_prefix(negative || text.starts_with('+') ? 1 : 0);
-        const auto result = std::from_chars(text.data(), text.data() + text.size(), exponent);
-        if (result.ec == std::errc::result_out_of_range) {
-            return negative;
-        }
-        exponent = negative ? -exponent : exponent;
-    }
-    return places + exponent < 0;
-}
-
-} // namespace
 
 double NumberFromText(std::string_view text) {
     const auto start = text.find_first_not_of(' ');
@@ -54,8 +27,11 @@ double NumberFromText(std::string_view text) {
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range) {
-        const std::string_view number(text.data(), static_cast<std::size_t>(end - text.data()));
-        value = IsTiny(number) ? 0 : std::numeric_limits<double>::infinity();
+        // Too small or too large for a double, which from_chars does not tell apart.
+        std::istringstream number(std::string(text.data(), end));
+        number.imbue(std::locale::classic());
+        number >> value;
+        value = value > 1 ? std::numeric_limits<double>::infinity() : 0;
     }
     return negative ? -value : value;
 }

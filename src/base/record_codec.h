@@ -2,9 +2,11 @@
 
 #include "base/fixed_string.h"
 
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <tuple>
 
 namespace lumrake {
 
@@ -16,14 +18,18 @@ class RecordReader {
     /// `bytes` must be as long as the record.
     explicit RecordReader(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
 
-    void operator()(std::uint8_t& field) { field = Take(1)[0]; }
-    void operator()(std::int16_t& field) { field = static_cast<std::int16_t>(Number(2)); }
-    void operator()(std::int32_t& field) { field = static_cast<std::int32_t>(Number(4)); }
-    template <std::size_t Width> void operator()(FixedString<Width>& field) {
-        std::memcpy(field.Bytes().data(), Take(Width).data(), Width);
-    }
+    template <class... Fields> void operator()(Fields&... fields) { (Visit(fields), ...); }
 
   private:
+    void Visit(std::uint8_t& field) { field = Take(1)[0]; }
+    void Visit(std::int16_t& field) { field = static_cast<std::int16_t>(Number(2)); }
+    void Visit(std::int32_t& field) { field = static_cast<std::int32_t>(Number(4)); }
+    template <std::size_t Width> void Visit(FixedString<Width>& field) {
+        std::memcpy(field.Bytes().data(), Take(Width).data(), Width);
+    }
+    template <class Field, std::size_t Count> void Visit(std::array<Field, Count>& fields) {
+        std::apply(*this, fields);
+    }
     std::span<const std::uint8_t> Take(std::size_t count) {
         const auto taken = rest_.first(count);
         rest_ = rest_.subspan(count);
@@ -46,14 +52,18 @@ class RecordWriter {
   public:
     explicit RecordWriter(std::span<std::uint8_t> bytes) : rest_(bytes) {}
 
-    void operator()(const std::uint8_t& field) { Take(1)[0] = field; }
-    void operator()(const std::int16_t& field) { Number(static_cast<std::uint16_t>(field), 2); }
-    void operator()(const std::int32_t& field) { Number(static_cast<std::uint32_t>(field), 4); }
-    template <std::size_t Width> void operator()(const FixedString<Width>& field) {
-        std::memcpy(Take(Width).data(), field.Bytes().data(), Width);
-    }
+    template <class... Fields> void operator()(const Fields&... fields) { (Visit(fields), ...); }
 
   private:
+    void Visit(std::uint8_t field) { Take(1)[0] = field; }
+    void Visit(std::int16_t field) { Number(static_cast<std::uint16_t>(field), 2); }
+    void Visit(std::int32_t field) { Number(static_cast<std::uint32_t>(field), 4); }
+    template <std::size_t Width> void Visit(const FixedString<Width>& field) {
+        std::memcpy(Take(Width).data(), field.Bytes().data(), Width);
+    }
+    template <class Field, std::size_t Count> void Visit(const std::array<Field, Count>& fields) {
+        std::apply(*this, fields);
+    }
     std::span<std::uint8_t> Take(std::size_t count) {
         const auto taken = rest_.first(count);
         rest_ = rest_.subspan(count);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 
 namespace lumrake {
@@ -33,55 +34,41 @@ std::optional<char> ByteOfCharacter(char32_t character) {
     return static_cast<char>(0x80 + (place - kUpperControls.begin()));
 }
 
+/// A character in UTF-8, by its number of bytes, from one on: the bits that tell so at the head of the first byte, and
+/// the least character that needs so many.
+constexpr struct {
+    std::uint8_t head, mask;
+    char32_t least;
+} kUtf8Forms[] = {{0x00, 0x80, 0}, {0xC0, 0xE0, 0x80}, {0xE0, 0xF0, 0x800}, {0xF0, 0xF8, 0x10000}};
+
 void AppendUtf8(std::string& text, char32_t character) {
-    const auto put = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
-    if (character < 0x80) {
-        put(character);
-    } else if (character < 0x800) {
-        put(0xC0 | (character >> 6));
-        put(0x80 | (character & 0x3F));
-    } else if (character < 0x10000) {
-        put(0xE0 | (character >> 12));
-        put(0x80 | ((character >> 6) & 0x3F));
-        put(0x80 | (character & 0x3F));
-    } else {
-        put(0xF0 | (character >> 18));
-        put(0x80 | ((character >> 12) & 0x3F));
-        put(0x80 | ((character >> 6) & 0x3F));
-        put(0x80 | (character & 0x3F));
+    int following = 3;
+    while (character < kUtf8Forms[following].least) {
+        --following;
+    }
+    text.push_back(static_cast<char>(kUtf8Forms[following].head | character >> 6 * following));
+    while (following-- > 0) {
+        text.push_back(static_cast<char>(0x80 | (character >> 6 * following & 0x3F)));
     }
 }
 
 /// Takes one character off the front of `bytes`; nothing when they do not begin with valid UTF-8 (overlong
 /// forms, surrogates and numbers past U+10FFFF count as invalid).
 std::optional<char32_t> TakeUtf8(std::string_view& bytes) {
-    const auto lead = static_cast<std::uint8_t>(bytes.front());
-    std::size_t length = 1;
-    char32_t character = lead;
-    if (lead >= 0xF0 && lead <= 0xF4) {
-        length = 4;
-        character = lead & 0x07U;
-    } else if (lead >= 0xE0 && lead < 0xF0) {
-        length = 3;
-        character = lead & 0x0FU;
-    } else if (lead >= 0xC2 && lead < 0xE0) {
-        length = 2;
-        character = lead & 0x1FU;
-    } else if (lead >= 0x80) {
+    const auto byteAt = [&bytes](std::size_t place) { return static_cast<std::uint8_t>(bytes[place]); };
+    const auto* const form =
+        std::ranges::find_if(kUtf8Forms, [&](const auto& one) { return (byteAt(0) & one.mask) == one.head; });
+    if (form == std::end(kUtf8Forms)) {
         return std::nullopt;
     }
-    if (bytes.size() < length) {
-        return std::nullopt;
+    const auto length = static_cast<std::size_t>(form - kUtf8Forms) + 1;
+    auto character = static_cast<char32_t>(byteAt(0) & ~form->mask);
+    std::size_t taken = 1;
+    for (; taken < std::min(length, bytes.size()) && (byteAt(taken) & 0xC0) == 0x80; ++taken) {
+        character = (character << 6) | (byteAt(taken) & 0x3FU);
     }
-    for (std::size_t i = 1; i < length; ++i) {
-        const auto byte = static_cast<std::uint8_t>(bytes[i]);
-        if ((byte & 0xC0U) != 0x80U) {
-            return std::nullopt;
-        }
-        character = (character << 6) | (byte & 0x3FU);
-    }
-    const bool overlong = (length == 3 && character < 0x800) || (length == 4 && character < 0x10000);
-    if (overlong || (character >= 0xD800 && character <= 0xDFFF) || character > 0x10FFFF) {
+    if (taken < length || character < form->least || character > 0x10FFFF ||
+        (character >= 0xD800 && character <= 0xDFFF)) {
         return std::nullopt;
     }
     bytes.remove_prefix(length);

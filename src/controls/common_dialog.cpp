@@ -28,10 +28,7 @@ namespace {
 
 constexpr int kPlacesWidth = 96, kFilesWidth = 394; ///< pixels of the two lists of the real dialog
 
-FileDialogAnswerer& Answerer() {
-    static FileDialogAnswerer answerer;
-    return answerer;
-}
+FileDialogAnswerer answerer;
 
 /// "A (*.X,*.Y)|*.X;*.Y" as the toolkit's "A (*.X,*.Y) (*.X *.Y)". The dialog is told to hide the last
 /// brackets, so that the description is shown as it stands. The pattern "*.*" must match names without a dot.
@@ -135,7 +132,7 @@ QString AskRealDialog(CommonDialog::Kind kind, const CommonDialog& request) {
 } // namespace
 
 void CommonDialog::Action(Kind kind) {
-    const QString chosen = Answerer() ? Answerer()(kind, *this) : AskRealDialog(kind, *this);
+    const QString chosen = answerer ? answerer(kind, *this) : AskRealDialog(kind, *this);
     FileName = kind == Kind::Open ? FindFile(chosen).value_or(chosen) : chosen;
     FileTitle = QFileInfo(FileName).fileName();
 }
@@ -189,8 +186,8 @@ bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
     return false;
 }
 
-void SetFileDialogAnswerer(FileDialogAnswerer answerer) {
-    Answerer() = std::move(answerer);
+void SetFileDialogAnswerer(FileDialogAnswerer newAnswerer) {
+    answerer = std::move(newAnswerer);
 }
 
 } // namespace lumrake

@@ -11,7 +11,6 @@
 #include <QLabel>
 
 #include <cctype>
-#include <string_view>
 
 namespace lumrake {
 
@@ -27,13 +26,15 @@ QWidget* PlaceOf(QWidget& form, const TabStrip* pages, const char* inside) {
 
 void SetFace(QWidget& control, const ControlRow& row) {
     const QString face = Latin(row.caption);
+    const bool isDrawing = face.endsWith(QLatin1String(".svg"));
     if (auto* frame = qobject_cast<QGroupBox*>(&control)) {
         frame->setTitle(face);
     } else if (auto* label = qobject_cast<QLabel*>(&control)) {
-        label->setText(face);
+        isDrawing ? label->setPixmap(LoadPicture(face, label->size(), label->devicePixelRatioF()))
+                  : label->setText(face);
     } else if (auto* button = qobject_cast<QAbstractButton*>(&control); button == nullptr) {
         control.setAccessibleName(face);
-    } else if (std::string_view(row.caption).ends_with(".svg")) {
+    } else if (isDrawing) {
         constexpr QSize kIcon(16, 16);
         button->setIcon(LoadIcon(face, kIcon));
         button->setIconSize(kIcon);

@@ -22,8 +22,8 @@ struct ControlRow {
     /// A control of a row before, a page of the tab strip by its number, or "" for the form.
     const char* inside;
     int x, y, w, h; ///< logical pixels of what it lies in
-    /// Its face. A name ending in .svg is a drawing of 16 by 16 pixels. A control without a face of its own lends it to
-    /// screen readers.
+    /// Its face. A name ending in .svg is a drawing, on a button of 16 by 16 pixels. A control without a face of its own
+    /// lends it to screen readers.
     const char* caption;
     const char* toolTip; ///< a button with a drawing lends it, or else its status, to screen readers
     const char* tag;     ///< what the form's procedures know it by

@@ -15,10 +15,7 @@ namespace lumrake {
 
 namespace {
 
-MessageBoxAnswerer& Answerer() {
-    static MessageBoxAnswerer answerer;
-    return answerer;
-}
+MessageBoxAnswerer answerer;
 
 /// Makes a box wide enough for its title, which the desktop draws: in letters taken to be bold and a little
 /// larger than the box's own, between its buttons and an icon.
@@ -37,12 +34,10 @@ BoxAnswer ShowRealBox(const MessageBox& message) {
     box.setWindowTitle(message.title);
     box.setTextFormat(Qt::PlainText);
     box.setText(message.text);
-    switch (message.icon) {
-    case BoxIcon::None: box.setIcon(QMessageBox::NoIcon); break;
-    case BoxIcon::Information: box.setIcon(QMessageBox::Information); break;
-    case BoxIcon::Exclamation: box.setIcon(QMessageBox::Warning); break;
-    case BoxIcon::Question: box.setIcon(QMessageBox::Question); break;
-    }
+    constexpr QMessageBox::Icon kIcons[] = {QMessageBox::NoIcon, QMessageBox::Information,
+                                            QMessageBox::Warning,
+                                            QMessageBox::Question}; // in the order of BoxIcon
+    box.setIcon(kIcons[static_cast<int>(message.icon)]);
     BoxAnswer closed = BoxAnswer::Ok;
     // Desktops arrange the buttons in orders of their own; Enter means the same on all of them.
     switch (message.buttons) {
@@ -50,16 +45,15 @@ BoxAnswer ShowRealBox(const MessageBox& message) {
     case BoxButtons::YesNo:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setEscapeButton(QMessageBox::No);
-        box.setDefaultButton(QMessageBox::Yes);
         closed = BoxAnswer::No;
         break;
     case BoxButtons::YesNoCancel:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         box.setEscapeButton(QMessageBox::Cancel);
-        box.setDefaultButton(QMessageBox::Yes);
         closed = BoxAnswer::Cancel;
         break;
     }
+    box.setDefaultButton(QMessageBox::Yes); // where it is one of them
     WidenToTitle(box);
     // The hourglass of work under way would hide the pointer that the answer needs.
     const bool busy = QGuiApplication::overrideCursor() != nullptr;
@@ -82,11 +76,11 @@ BoxAnswer ShowRealBox(const MessageBox& message) {
 
 BoxAnswer MsgBox(const QString& text, BoxButtons buttons, BoxIcon icon, const QString& title) {
     const MessageBox message{text, title, icon, buttons};
-    return Answerer() ? Answerer()(message) : ShowRealBox(message);
+    return answerer ? answerer(message) : ShowRealBox(message);
 }
 
-void SetMessageBoxAnswerer(MessageBoxAnswerer answerer) {
-    Answerer() = std::move(answerer);
+void SetMessageBoxAnswerer(MessageBoxAnswerer newAnswerer) {
+    answerer = std::move(newAnswerer);
 }
 
 } // namespace lumrake

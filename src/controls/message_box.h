@@ -4,8 +4,6 @@
 
 #include <functional>
 
-class QWidget;
-
 namespace lumrake {
 
 enum class BoxIcon { None, Information, Exclamation, Question };

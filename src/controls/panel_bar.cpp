@@ -21,7 +21,6 @@ constexpr int kTextMargin = 4;
 } // namespace
 
 PanelBar::PanelBar(QWidget* parent) : QWidget(parent) {
-    setMouseTracking(true);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     SetSpoken(this, {.role = QAccessible::StatusBar});
     setAccessibleName(QStringLiteral("Status bar"));
@@ -108,12 +107,8 @@ void PanelBar::resizeEvent(QResizeEvent*) {
 }
 
 void PanelBar::mousePressEvent(QMouseEvent* event) {
-    if (!IsKnownButton(*event)) {
-        return;
-    }
-    pressed_ = PanelAtX(static_cast<int>(event->position().x()));
-    if (MouseDown) {
-        MouseDown(static_cast<int>(event->button()));
+    if (IsKnownButton(*event)) {
+        pressed_ = PanelAtX(static_cast<int>(event->position().x()));
     }
 }
 
@@ -126,12 +121,6 @@ void PanelBar::mouseReleaseEvent(QMouseEvent* event) {
         PanelClick(released);
     }
     pressed_ = 0;
-}
-
-void PanelBar::mouseMoveEvent(QMouseEvent* event) {
-    if (MouseMove) {
-        MouseMove(static_cast<int>(event->position().x()));
-    }
 }
 
 bool PanelBar::event(QEvent* event) {

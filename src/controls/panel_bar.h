@@ -39,12 +39,8 @@ class PanelBar : public QWidget {
     /// The panel whose left edge is below x and whose right edge is above it; 0 when there is none.
     int PanelAtX(int x) const { return HitInRow(x, widths_); }
 
-    /// Called with the mouse button (1 left, 2 right, 4 middle) of a press.
-    std::function<void(int button)> MouseDown;
     /// Called with the panel under a press that is released over it.
     std::function<void(int index)> PanelClick;
-    /// Called with the mouse's x on every move, in logical pixels of the bar.
-    std::function<void(int x)> MouseMove;
     std::function<void()> PanelsMoved; ///< after the edges changed
 
     QSize sizeHint() const override;
@@ -55,7 +51,6 @@ class PanelBar : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
     bool event(QEvent* event) override;
 
   private:

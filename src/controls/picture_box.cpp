@@ -65,8 +65,6 @@ void BitPictureView::SetBackground(const QColor& colour) {
     update();
 }
 
-void BitPictureView::PaintOver(QPainter&, const QRect&) {}
-
 void BitPictureView::UpdateArea(const QRegion& area) {
     if (HasWholeRatio()) {
         update(area);
@@ -86,19 +84,22 @@ bool BitPictureView::HasWholeRatio() const {
 
 void BitPictureView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    const auto paint = [&](const QRect& exposed) {
+        PaintPicture(painter, exposed);
+        if (Overlay) {
+            Overlay(painter, exposed);
+        }
+    };
     const QRect inner = rect().adjusted(border_, border_, -border_, -border_);
     if (HasWholeRatio()) {
         for (const QRect& exposed : event->region()) {
             painter.setClipRect(exposed & inner);
-            PaintPicture(painter, exposed & inner);
-            PaintOver(painter, exposed & inner);
+            paint(exposed & inner);
         }
     } else {
         // The edges of what is exposed lie inside device pixels, and clips and fills round them differently.
         // So both paintings reach over them, and the toolkit's own clip alone cuts them off.
-        const QRect around = event->rect().adjusted(-1, -1, 1, 1) & inner;
-        PaintPicture(painter, around);
-        PaintOver(painter, around);
+        paint(event->rect().adjusted(-1, -1, 1, 1) & inner);
     }
     if (border_ > 0) {
         painter.setClipping(false);
@@ -266,12 +267,6 @@ void BitPictureView::mouseReleaseEvent(QMouseEvent* event) {
     }
     pressed_.setFlag(event->button()); // also when the press was not told
     TellReleases(*event, event->buttons() & ~event->button());
-}
-
-void PictureBox::PaintOver(QPainter& painter, const QRect& exposed) {
-    if (Overlay) {
-        Overlay(painter, exposed);
-    }
 }
 
 } // namespace lumrake

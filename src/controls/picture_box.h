@@ -47,6 +47,8 @@ class BitPictureView : public QWidget {
     /// X and Y count from the picture's corner, inside the border. Every press that was told is followed by its
     /// release: one that went to a menu or dialog opened meanwhile is told before the next event.
     MouseHandler MouseDown, MouseMove, MouseUp;
+    /// Draws over the picture, in the box's own pixels: the selection net, for one.
+    std::function<void(QPainter&, const QRect& exposed)> Overlay;
     /// A press was told and its release was not.
     bool IsPressed() const { return pressed_ != Qt::NoButton; }
 
@@ -54,8 +56,6 @@ class BitPictureView : public QWidget {
     /// The picture to show and its factor in logical pixels; null shows the background alone.
     virtual const lmk::BitPicture* ShownPicture() const = 0;
     virtual int ShownFactor() const = 0;
-    /// Called after the picture was painted, for what lies over it.
-    virtual void PaintOver(QPainter& painter, const QRect& exposed);
 
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -86,13 +86,10 @@ class PictureBox : public BitPictureView {
 
     lmk::DeviceContext& hDC() { return context_; }
     const lmk::DeviceContext& hDC() const { return context_; }
-    /// Draws over the picture in its own pixels: the selection net, for one.
-    std::function<void(QPainter&, const QRect& exposed)> Overlay;
 
   protected:
     const lmk::BitPicture* ShownPicture() const override { return &context_.Picture(); }
     int ShownFactor() const override { return context_.Factor(); }
-    void PaintOver(QPainter& painter, const QRect& exposed) override;
 
   private:
     lmk::DeviceContext context_;

@@ -9,11 +9,14 @@
 #include <QStyleOptionTabWidgetFrame>
 #include <QStylePainter>
 #include <QTabBar>
+#include <algorithm>
+#include <numeric>
 
 namespace lumrake {
 
 namespace {
-constexpr int kFrame = 2; ///< between the strip's edge and its pages
+constexpr int kFrame = 2;                     ///< between the strip's edge and its pages
+constexpr int kHelpTop = 3, kHelpBottom = 18; ///< rows of the strip in which the tabs have their prompts
 } // namespace
 
 /// Tabs of given widths. The style's own painting would leave room beside the captions that these widths do
@@ -34,13 +37,7 @@ class FixedTabBar : public QTabBar {
         }
     }
 
-    int FullWidth() const {
-        int width = 0;
-        for (const int tab : widths_) {
-            width += tab;
-        }
-        return width;
-    }
+    int FullWidth() const { return std::accumulate(widths_.begin(), widths_.end(), 0); }
 
   protected:
     QSize tabSizeHint(int index) const override {
@@ -92,8 +89,15 @@ TabStrip::TabStrip(const std::vector<Tab>& tabs, QWidget* parent)
         bar_->setFocusPolicy(Qt::NoFocus); // there is nothing to choose
     }
     bar_->setGeometry(tabs.empty() ? 0 : tabs.front().Left, 0, bar_->FullWidth(), kTabHeight);
-    SetHelpAt(this, [this](QPoint place) { return HelpAt ? HelpAt(place) : 0; });
-    SetHelpAt(bar_, [this](QPoint place) { return HelpAt ? HelpAt(place + bar_->pos()) : 0; });
+    const auto helpAt = [tabs](QPoint place) {
+        const auto tab = std::ranges::find_if(tabs, [place](const Tab& one) {
+            return place.x() >= one.Left && place.x() < one.Left + one.HelpWidth;
+        });
+        const bool isMiddle = place.y() >= kHelpTop && place.y() <= kHelpBottom;
+        return isMiddle && tab != tabs.end() ? tab->help : 0;
+    };
+    SetHelpAt(this, helpAt);
+    SetHelpAt(bar_, [this, helpAt](QPoint place) { return helpAt(place + bar_->pos()); });
     QObject::connect(bar_, &QTabBar::currentChanged, this, [this](int index) {
         // Left to itself the focus of a page that goes away would wander through whatever comes next.
         const QWidget* leaving = pages_->currentWidget();

@@ -18,6 +18,8 @@ struct Tab {
     QString Caption;
     int Left = 0;
     int Width = 0;
+    std::int32_t help = 0; ///< what the mouse hears over it, from Left on and in the middle rows,
+    int HelpWidth = 0;     ///< so far to the right; 0 elsewhere and over bare places of a page
 };
 
 /// Pages behind a row of tabs at fixed places, so that what stands for a tab under the mouse can be worked
@@ -39,9 +41,6 @@ class TabStrip : public QWidget {
 
     /// A page came to the front, or the user pressed the tab of the one that already is.
     std::function<void(int index)> Click;
-    /// The help number of a place over the tabs or over a bare place of a page; pixels from the strip's corner. None
-    /// at first.
-    std::function<std::int32_t(QPoint)> HelpAt;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

@@ -2,13 +2,13 @@
 
 #include "base/row_hit.h"
 #include "controls/spoken.h"
+#include "controls/watch.h"
 
 #include <QActionEvent>
 #include <QApplication>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLayout>
-#include <QMouseEvent>
 #include <QToolButton>
 #include <QWidgetAction>
 
@@ -27,7 +27,7 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
     setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
     toggleViewAction()->setVisible(false); // the bar itself always stays
-    setMouseTracking(true);
+    SetHelpAt(this, [this](QPoint place) { return HelpAtX(place.x()); });
     layout()->setContentsMargins(0, 0, 0, 0);
     layout()->setSpacing(0);
     setIconSize(kPictureSize);
@@ -83,8 +83,8 @@ void Toolbar::actionEvent(QActionEvent* event) {
     if (control == nullptr) {
         return;
     }
-    // A disabled button would keep its mouse moves to itself.
-    control->setMouseTracking(true);
+    SetHelpAt(control, [this, control](QPoint place) { return HelpAtX(control->x() + place.x()); });
+    Watch(control).speaksOn = kDisabledAsWell;
     control->installEventFilter(this);
     if (auto* button = qobject_cast<QToolButton*>(control)) {
         control->setFixedSize(kButtonSize);
@@ -96,7 +96,7 @@ void Toolbar::actionEvent(QActionEvent* event) {
     }
 }
 
-int Toolbar::HelpAtX(double x) const {
+std::int32_t Toolbar::HelpAtX(int x) const {
     std::vector<int> widths;
     for (QAction* action : actions()) {
         widths.push_back(widgetForAction(action)->width());
@@ -146,9 +146,6 @@ void Toolbar::StepKeys(int step) {
 }
 
 bool Toolbar::eventFilter(QObject* control, QEvent* event) {
-    if (event->type() == QEvent::MouseMove && MouseMove) {
-        MouseMove(static_cast<QWidget*>(control)->x() + static_cast<QMouseEvent*>(event)->position().x());
-    }
     if (event->type() == QEvent::KeyPress) {
         switch (static_cast<QKeyEvent*>(event)->key()) {
         case Qt::Key_Left: StepKeys(-1); return true;
@@ -158,12 +155,6 @@ bool Toolbar::eventFilter(QObject* control, QEvent* event) {
         }
     }
     return QToolBar::eventFilter(control, event);
-}
-
-void Toolbar::mouseMoveEvent(QMouseEvent* event) {
-    if (childAt(event->position().toPoint()) == nullptr && MouseMove) {
-        MouseMove(event->position().x()); // moves over a button were told already
-    }
 }
 
 } // namespace lumrake

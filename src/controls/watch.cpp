@@ -4,7 +4,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <algorithm>
 #include <utility>
 
 namespace lumrake {
@@ -16,7 +15,7 @@ void (*receiver)(std::int32_t) = nullptr;
 /// The move that was spoken on last. The toolkit hands a move that a control has no use for to what lies under it.
 struct SpokenMove {
     QPointer<const QWidget> by;
-    ulong timestamp = 0;
+    quint64 timestamp = 0;
     QPointF place;
 } spoken;
 

@@ -139,6 +139,13 @@ bool IsMissing(const QString& path) {
            std::filesystem::file_type::not_found;
 }
 
+std::error_code RenameFile(const QString& from, const QString& to) {
+    std::error_code failure;
+    std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(),
+                            failure);
+    return failure;
+}
+
 std::optional<std::int64_t> FileLength(const QString& path) {
     std::error_code failure;
     const auto length = std::filesystem::file_size(QFileInfo(path).filesystemFilePath(), failure);

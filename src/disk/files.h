@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <system_error>
 
 namespace lumrake {
 
@@ -42,6 +43,9 @@ NewFile PathForNewFile(const QString& chosen);
 
 /// True when the system says that nothing stands at `path`; false as well when it cannot say.
 bool IsMissing(const QString& path);
+
+/// Lets a file take a name, and the place of what stands there; what the system said if it could not.
+std::error_code RenameFile(const QString& from, const QString& to);
 
 /// Length in bytes of a regular file, or nothing when it cannot be had.
 std::optional<std::int64_t> FileLength(const QString& path);

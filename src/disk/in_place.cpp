@@ -3,6 +3,7 @@
 #include "base/check_sum.h"
 #include "base/memory_block.h"
 #include "disk/files.h"
+#include "disk/folders.h"
 #include "disk/recovery_run.h"
 #include "disk/system_calls.h"
 
@@ -32,9 +33,8 @@ QByteArray Number(std::uint64_t value) {
 
 /// Writes what is still missing of a file and brings it to the disk.
 Outcome Finish(QFile& file, const QByteArray& rest) {
-    const Outcome written =
-        WriteInto(file, [&rest](QIODevice& device) { return device.write(rest) == rest.size(); });
-    return written.IsNotDone() || SyncFile(file.handle()) ? written : Outcome::Failed(qt_error_string());
+    return WriteInto(file, [&rest](QIODevice& device) { return device.write(rest) == rest.size(); })
+        .Then([&file] { return Outcome::OfSystem(SyncFile(file.handle())); });
 }
 
 /// Makes the copy; `bytes` are what it holds in front of its sum, the first `length` of them the file's.
@@ -43,38 +43,32 @@ Outcome WriteCopy(const QString& path, const Writer& write, QFile& copy, MemoryB
     if (!copy.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner)) {
         return Outcome::Failed(copy.errorString());
     }
-    Outcome outcome = WriteInto(copy, write);
-    length = LengthOfFile(
-        copy.handle()); // the toolkit may be at 0 when it could not learn what kind of file it is
-    if (outcome.IsDone() && length < 0) {
-        outcome = Outcome::Failed(qt_error_string());
-    }
-    if (outcome.IsDone()) {
-        outcome = Finish(copy, QFile::encodeName(path) + Number(static_cast<std::uint64_t>(length)));
-    }
-    if (outcome.IsDone()) {
-        outcome = ReadWholeFile(copy.fileName(), bytes);
-    }
-    if (outcome.IsDone()) {
-        outcome = Finish(copy, Number(CheckSum(bytes.Bytes())) + kMagic);
-    }
-    const QByteArray folder = QFile::encodeName(QFileInfo(copy.fileName()).path());
-    return outcome.IsNotDone() || SyncDirectory(folder.constData()) ? outcome
-                                                                    : Outcome::Failed(qt_error_string());
+    const auto measure = [&] {
+        // The toolkit may be at 0 when it could not learn what kind of file it is.
+        length = LengthOfFile(copy.handle());
+        return Outcome::OfSystem(length >= 0);
+    };
+    return WriteInto(copy, write)
+        .Then(measure)
+        .Then([&] {
+            return Finish(copy, QFile::encodeName(path) + Number(static_cast<std::uint64_t>(length)));
+        })
+        .Then([&] { return ReadWholeFile(copy.fileName(), bytes); })
+        .Then([&] { return Finish(copy, Number(CheckSum(bytes.Bytes())) + kMagic); })
+        .Then([&] { return SyncFolderOf(copy.fileName()); });
 }
 
 /// Writes over the file from its beginning and cuts what is left of it.
 Outcome WriteOver(QFile& file, std::span<const std::uint8_t> bytes) {
-    Outcome outcome = WriteInto(file, [bytes](QIODevice& device) { return WriteAll(device, bytes); });
-    if (outcome.IsDone() && !file.resize(static_cast<qint64>(bytes.size()))) {
-        outcome = Outcome::Failed(file.errorString());
-    }
-    if (outcome.IsDone()) {
-        outcome = Finish(file, {});
-    }
-    file.close(); // a share may refuse the bytes as late as this
-    return outcome.IsDone() && file.error() != QFileDevice::NoError ? Outcome::Failed(file.errorString())
-                                                                    : outcome;
+    const Outcome written = WriteInto(file, [bytes](QIODevice& device) { return WriteAll(device, bytes); })
+                                .Then([&] {
+                                    return file.resize(static_cast<qint64>(bytes.size()))
+                                               ? Outcome::Done()
+                                               : Outcome::Failed(file.errorString());
+                                })
+                                .Then([&file] { return Finish(file, {}); });
+    const Outcome closed = CloseFile(file);
+    return written.Then([&closed] { return closed; });
 }
 
 } // namespace
@@ -92,14 +86,11 @@ Outcome WriteInPlace(const QString& path, const Writer& write) {
     std::int64_t length = 0;
     MemoryBlock bytes;
     QFile copy(name);
-    Outcome outcome = WriteCopy(path, write, copy, bytes, length);
+    Outcome outcome =
+        WriteCopy(path, write, copy, bytes, length)
+            .During(QLatin1String("A copy to save in place cannot be kept as ") + name + QLatin1Char('.'))
+            .Then([&] { return Outcome::OfSystem(ReserveSpace(file.handle(), length)); });
     copy.close();
-    if (outcome.IsNotDone()) {
-        outcome = outcome.During(QLatin1String("A copy to save in place cannot be kept as ") + name +
-                                 QLatin1Char('.'));
-    } else if (!ReserveSpace(file.handle(), length)) {
-        outcome = Outcome::Failed(qt_error_string());
-    }
     if (outcome.IsNotDone()) {
         RemoveFileOfRun(name);
         return outcome;

@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <algorithm>
 #include <chrono>
 #include <utility>
 #include <vector>
@@ -59,10 +58,8 @@ std::shared_ptr<KnownFile::Stamp> KnownFile::Shared(const Stamp& stamp) {
 
 Outcome KnownFile::Read(const QString& path, MemoryBlock& target, std::int64_t limit) {
     Stamp stamp;
-    Outcome outcome = Look(path, stamp); // before it is read: a change meanwhile is one
-    if (outcome.IsDone()) {
-        outcome = ReadWholeFile(path, target, limit);
-    }
+    // Looked at before it is read: a change meanwhile is one.
+    Outcome outcome = Look(path, stamp).Then([&] { return ReadWholeFile(path, target, limit); });
     if (outcome.IsDone()) {
         stamp.Sum(target.Bytes());
         stamp_ = Shared(stamp);

@@ -1,7 +1,9 @@
 #include "disk/recovery_run.h"
 
+#include "disk/files.h"
 #include "disk/folders.h"
 #include "disk/system_calls.h"
+#include "disk/write_into.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,8 +11,6 @@
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QStandardPaths>
-
-#include <filesystem>
 
 namespace lumrake {
 
@@ -60,7 +60,7 @@ Outcome OpenRun() {
         run.name = QStringLiteral("%1").arg(number, 16, 16, QLatin1Char('0'));
         run.lock = TakeLock(LockFile(run.folder, run.name).constData());
     }
-    return run.lock >= 0 ? Outcome::Done() : Outcome::Failed(qt_error_string());
+    return Outcome::OfSystem(run.lock >= 0);
 }
 
 Outcome WriteSynced(const QString& path, QIODevice::OpenMode mode, std::span<const std::uint8_t> bytes) {
@@ -68,20 +68,9 @@ Outcome WriteSynced(const QString& path, QIODevice::OpenMode mode, std::span<con
     if (!file.open(mode | QIODevice::Unbuffered, QFile::ReadOwner | QFile::WriteOwner)) {
         return Outcome::Failed(file.errorString());
     }
-    const auto size = static_cast<qint64>(bytes.size());
-    const qint64 written = file.write(reinterpret_cast<const char*>(bytes.data()), size);
-    if (written != size) {
-        return Outcome::Failed(written < 0 ? file.errorString()
-                                           : QStringLiteral("Only a part of it could be written."));
-    }
-    return SyncFile(file.handle()) ? Outcome::Done() : Outcome::Failed(qt_error_string());
-}
-
-Outcome Rename(const QString& from, const QString& to) {
-    std::error_code failure;
-    std::filesystem::rename(QFileInfo(from).filesystemFilePath(), QFileInfo(to).filesystemFilePath(),
-                            failure);
-    return failure ? Outcome::Failed(QString::fromLocal8Bit(failure.message().c_str())) : Outcome::Done();
+    return WriteInto(file, [bytes](QIODevice& device) { return WriteAll(device, bytes); }).Then([&file] {
+        return Outcome::OfSystem(SyncFile(file.handle()));
+    });
 }
 
 /// Gives this run the files of a dead one, whose lock is held meanwhile.
@@ -91,7 +80,7 @@ void AdoptFiles(const QDir& folder, const QString& name) {
         if (file.endsWith(kBeingWritten)) {
             QFile::remove(folder.filePath(file));
         } else if (NameFileOfRun(QFileInfo(file).suffix(), path).IsNotDone() ||
-                   Rename(folder.filePath(file), path).IsNotDone()) {
+                   RenameFile(folder.filePath(file), path)) {
             return; // they stay for the next start
         }
     }
@@ -109,16 +98,13 @@ Outcome NameFileOfRun(const QString& kind, QString& path) {
 
 Outcome WriteFileOfRun(const QString& path, std::span<const std::uint8_t> bytes) {
     const QString fresh = path + kBeingWritten;
-    Outcome outcome = WriteSynced(fresh, QIODevice::WriteOnly, bytes);
-    if (outcome.IsDone()) {
-        outcome = Rename(fresh, path);
-    }
+    const Outcome outcome = WriteSynced(fresh, QIODevice::WriteOnly, bytes).Then([&] {
+        return Outcome::OfSystem(RenameFile(fresh, path));
+    });
     if (outcome.IsNotDone()) {
         QFile::remove(fresh);
-        return outcome;
     }
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).path());
-    return SyncDirectory(folder.constData()) ? Outcome::Done() : Outcome::Failed(qt_error_string());
+    return outcome.Then([&path] { return SyncFolderOf(path); });
 }
 
 Outcome AppendToFileOfRun(const QString& path, std::span<const std::uint8_t> bytes) {

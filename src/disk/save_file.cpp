@@ -2,6 +2,7 @@
 
 #include "base/memory_block.h"
 #include "disk/files.h"
+#include "disk/folders.h"
 #include "disk/in_place.h"
 #include "disk/system_calls.h"
 #include "disk/temporary_file.h"
@@ -15,10 +16,6 @@
 namespace lumrake {
 
 namespace {
-
-Outcome ReasonOf(const std::error_code& failure) {
-    return Outcome::Failed(QString::fromLocal8Bit(failure.message().c_str()));
-}
 
 /// Where a save goes.
 struct Target {
@@ -45,7 +42,7 @@ Outcome FindTarget(const QString& path, Target& target) {
         return Outcome::Done();
     }
     if (failure) {
-        return ReasonOf(failure);
+        return Outcome::OfSystem(failure);
     }
     if (fs::is_directory(status)) {
         return Outcome::Failed(kIsDirectory);
@@ -64,7 +61,7 @@ Outcome FindTarget(const QString& path, Target& target) {
     }
     target.path = QFileInfo(fs::canonical(given, failure)).filePath();
     target.exists = true;
-    return failure ? ReasonOf(failure) : Outcome::Done();
+    return Outcome::OfSystem(failure);
 }
 
 /// Gives the new file what says who may do what with the old one.
@@ -83,43 +80,26 @@ bool IsRefused(const std::error_code& failure) {
 
 /// Lets a new file take the place of the target. On failure `refused` says that the folder is the trouble.
 Outcome ReplaceFile(const Target& target, const Writer& write, bool& refused) {
-    namespace fs = std::filesystem;
-    const QString folder = QFileInfo(target.path).path();
     TemporaryFile temporary(target.path);
     QFile file(temporary.Path());
     constexpr QIODevice::OpenMode kNew = QIODevice::WriteOnly | QIODevice::NewOnly;
     // Until it has the rights of the old one, nobody else may open it.
     if (!(target.exists ? file.open(kNew, QFile::ReadOwner | QFile::WriteOwner) : file.open(kNew))) {
-        refused = !QFileInfo(folder).isWritable();
+        refused = !QFileInfo(QFileInfo(target.path).path()).isWritable();
         return Outcome::Failed(file.errorString());
     }
     temporary.SetMade();
-    if (const Outcome outcome = TakeOverRights(target, file); outcome.IsNotDone()) {
-        return outcome;
-    }
-    if (const Outcome outcome = WriteInto(file, write); outcome.IsNotDone()) {
-        return outcome;
-    }
-    if (const Outcome outcome = TakeOverRights(target, file);
-        outcome.IsNotDone()) { // what the write took away
-        return outcome;
-    }
-    if (!SyncFile(file.handle())) {
-        return Outcome::Failed(qt_error_string());
-    }
-    file.close(); // a share may refuse the bytes as late as this
-    if (file.error() != QFileDevice::NoError) {
-        return Outcome::Failed(file.errorString());
-    }
-    std::error_code failure;
-    fs::rename(QFileInfo(temporary.Path()).filesystemFilePath(), QFileInfo(target.path).filesystemFilePath(),
-               failure);
-    if (failure) {
-        refused = IsRefused(failure);
-        return ReasonOf(failure);
-    }
-    return SyncDirectory(QFile::encodeName(folder).constData()) ? Outcome::Done()
-                                                                : Outcome::Failed(qt_error_string());
+    return TakeOverRights(target, file)
+        .Then([&] { return WriteInto(file, write); })
+        .Then([&] { return TakeOverRights(target, file); }) // what the write took away
+        .Then([&] { return Outcome::OfSystem(SyncFile(file.handle())); })
+        .Then([&] { return CloseFile(file); })
+        .Then([&] {
+            const std::error_code failure = RenameFile(temporary.Path(), target.path);
+            refused = IsRefused(failure);
+            return Outcome::OfSystem(failure);
+        })
+        .Then([&] { return SyncFolderOf(target.path); });
 }
 
 } // namespace
@@ -149,17 +129,13 @@ Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes)
 Outcome WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
     MemoryBlock old;
     Target target;
-    if (const Outcome outcome = FindTarget(path, target); outcome.IsNotDone()) {
-        return outcome;
-    }
-    if (target.exists) {
-        if (const Outcome outcome = ReadWholeFile(path, old); outcome.IsNotDone()) {
-            return outcome;
-        }
-    }
-    const auto tail = old.Bytes().subspan(std::min(record.size(), old.size()));
-    return WriteFileWith(
-        path, [&](QIODevice& device) { return WriteAll(device, record) && WriteAll(device, tail); });
+    return FindTarget(path, target)
+        .Then([&] { return target.exists ? ReadWholeFile(path, old) : Outcome::Done(); })
+        .Then([&] {
+            const auto tail = old.Bytes().subspan(std::min(record.size(), old.size()));
+            return WriteFileWith(
+                path, [&](QIODevice& device) { return WriteAll(device, record) && WriteAll(device, tail); });
+        });
 }
 
 } // namespace lumrake

@@ -181,7 +181,10 @@ bool IdentifyFile(const char* path, FileIdentity& identity) {
     const HANDLE handle = CreateFileA(path, 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
     BY_HANDLE_FILE_INFORMATION found{};
-    const bool known = handle != INVALID_HANDLE_VALUE && GetFileInformationByHandle(handle, &found) != 0;
+    if (handle == INVALID_HANDLE_VALUE) {
+        return false;
+    }
+    const bool known = GetFileInformationByHandle(handle, &found) != 0;
     CloseHandle(handle);
     const auto join = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
     constexpr std::uint64_t kFrom1601To1970 = 116444736000000000; // in steps of 100 ns

@@ -38,4 +38,10 @@ inline Outcome WriteInto(QFile& file, const Writer& write) {
                                : file.errorString());
 }
 
+/// A share may refuse the bytes as late as this.
+inline Outcome CloseFile(QFile& file) {
+    file.close();
+    return file.error() == QFileDevice::NoError ? Outcome::Done() : Outcome::Failed(file.errorString());
+}
+
 } // namespace lumrake

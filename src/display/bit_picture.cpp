@@ -143,15 +143,6 @@ void BitPicture::Resize(int width, int height) {
     bits_.assign((size + sizeof(CacheLine) - 1) / sizeof(CacheLine), CacheLine{});
 }
 
-void BitPicture::SetPixel(int x, int y, bool on) {
-    if (!Holds(x, y)) {
-        return;
-    }
-    std::uint8_t& byte = Row(y)[x >> 3];
-    const int mask = 0x80 >> (x & 7);
-    byte = static_cast<std::uint8_t>(on ? byte | mask : byte & ~mask);
-}
-
 void BitPicture::CopyArea(const BitPicture& source, const Rect& area) {
     if (&source == this) {
         // Resize clears the original. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)

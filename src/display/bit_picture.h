@@ -33,9 +33,6 @@ class BitPicture {
 
     /// True for a set bit; false outside the picture.
     bool PixelAt(int x, int y) const { return Holds(x, y) && ((Row(y)[x >> 3] >> (7 - (x & 7))) & 1) != 0; }
-    /// Sets or clears a bit; does nothing outside the picture.
-    void SetPixel(int x, int y, bool on);
-
     /// Colours of set and clear bits, 0xffRRGGBB.
     std::uint32_t foreColour = 0xff000000, backColour = 0xff000000;
 

@@ -390,7 +390,7 @@ std::int32_t zxShowMem(DeviceContext* hdc, const std::uint8_t* memory, std::int3
     }
     View view{};
     view.offset = offset;
-    view.mode = (options & 15) <= kByteMasks ? options & 15 : kGraphics;
+    view.mode = KnownMode(static_cast<std::int16_t>(options & 15));
     view.columnBytes = std::clamp(width, 8, 8 * kMaxColumnBytes) / 8;
     view.lines = std::clamp(lines, 1, kMaxLines);
     view.columns = std::clamp(columns, 1, kMaxColumns);

@@ -25,18 +25,19 @@ struct ModeRow {
     bool manyColumns;                    ///< else there is one
     int bytesPerByte;                    ///< of memory for eight pixels
     bool playable;                       ///< in an animation
+    std::int16_t help;                   ///< number of its prompt in LMKHELP.DAT
 };
 
 // clang-format off
 /// In the order of their numbers.
-inline constexpr std::array<ModeRow, 5> kModes = {{
-    // menu             caption      tool tip                        width         lines         unit columns bytes playable
-    {"&Graphics mode", "Graphics",  "Set default mode to graphics",  0,            0,            1,   true,   1,    true},
-    {"&Screen mode",   "Screen",    "Set default mode to screen",    kScreenWidth, kScreenLines, 1,   false,  1,    false},
-    {"&Text mode",     "Text",      "Set default mode to text",      0,            0,            8,   false,  1,    false},
-    {"&Line masks",    "Line mask", "Set default mode to interlace", 0,            0,            1,   true,   2,    true},
-    {"&Byte masks",    "Byte mask", "Set default mode to interlace", 0,            0,            1,   true,   2,    true},
-}};
+inline constexpr auto kModes = std::to_array<ModeRow>({
+    // menu             caption      tool tip                        width         lines         unit columns bytes playable help
+    {"&Graphics mode", "Graphics",  "Set default mode to graphics",  0,            0,            1,   true,   1,    true,    80},
+    {"&Screen mode",   "Screen",    "Set default mode to screen",    kScreenWidth, kScreenLines, 1,   false,  1,    false,   81},
+    {"&Text mode",     "Text",      "Set default mode to text",      0,            0,            8,   false,  1,    false,   82},
+    {"&Line masks",    "Line mask", "Set default mode to interlace", 0,            0,            1,   true,   2,    true,    83},
+    {"&Byte masks",    "Byte mask", "Set default mode to interlace", 0,            0,            1,   true,   2,    true,    84},
+});
 // clang-format on
 
 /// A mode from a record: a number that is no mode counts as Graphics.

@@ -7,8 +7,6 @@
 
 #include <QDialog>
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 
 class QCheckBox;

@@ -1,7 +1,5 @@
 #include "assistant/rules/help_numbers.h"
-#include "base/twips.h"
 #include "controls/control_table.h"
-#include "controls/pictures.h"
 #include "controls/tab_strip.h"
 #include "controls/watch.h"
 #include "disk/texts.h"
@@ -45,28 +43,15 @@ class PaletteSlider : public QSlider {
 
 constexpr QSize kFormSize(346, 300);
 constexpr QRect kStrip(8, 8, 330, 252);
-constexpr int kPictureSize = 32;
 constexpr unsigned kMove = kOnMove, kFocus = kOnFocus, kBoth = kOnMove | kOnFocus;
 
 // clang-format off
 const std::vector<Tab> kTabs = {
-    {QStringLiteral("General"),      2, 51},
-    {QStringLiteral("Defaults"),    53, 52},
-    {QStringLiteral("Navigation"), 105, 66},
-    {QStringLiteral("Palette"),    171, 45},
+    {QStringLiteral("General"),      2, 51, kHelpGeneralTab,    51},
+    {QStringLiteral("Defaults"),    53, 52, kHelpDefaultsTab,   52},
+    {QStringLiteral("Navigation"), 105, 66, kHelpNavigationTab, 66},
+    {QStringLiteral("Palette"),    171, 45, kHelpPaletteTab,    46},
 };
-
-/// The tabs as the prompts see them, in twips of the strip; a shared bound belongs to the later row.
-constexpr struct { std::int32_t left, right, help; } kTabPrompts[] = {
-    {  30,  795, kHelpGeneralTab},
-    { 795, 1575, kHelpDefaultsTab},
-    {1575, 2565, kHelpNavigationTab},
-    {2565, 3240, kHelpPaletteTab},
-};
-constexpr std::int32_t kTabTop = 45, kTabBottom = 270;
-
-constexpr const char* kPictures[4] = {"dialogs/prefs_general.svg",    "dialogs/prefs_defaults.svg",
-                                      "dialogs/prefs_navigation.svg", "dialogs/prefs_palette.svg"};
 
 constexpr auto kDefaults = "frmPrefs(1)", kPaletteFrame = "frmPrefs(4)";
 
@@ -77,10 +62,10 @@ constexpr ControlRow kControls[] = {
     {New<QGroupBox>, "frmPrefs", 2,    "2",    10, 50, 148, 169, "Small change", "", "", kHelpNone, kMove},
     {New<QGroupBox>, "frmPrefs", 3,    "2",   168, 50, 148, 169, "Large change", "", "", kHelpNone, kMove},
     {New<QGroupBox>, "frmPrefs", 4,    "3",    10, 50, 306, 169, "Settings",     "", "", kHelpNone, kMove},
-    {New<QLabel>,    "imgPrefs", 0,    "0",    10, 10,  32,  32, "", "", "", kHelpNone, kMove},
-    {New<QLabel>,    "imgPrefs", 1,    "1",    10, 10,  32,  32, "", "", "", kHelpNone, kMove},
-    {New<QLabel>,    "imgPrefs", 2,    "2",    10, 10,  32,  32, "", "", "", kHelpNone, kMove},
-    {New<QLabel>,    "imgPrefs", 3,    "3",    10, 10,  32,  32, "", "", "", kHelpNone, kMove},
+    {New<QLabel>,    "imgPrefs", 0,    "0",    10, 10,  32,  32, "dialogs/prefs_general.svg", "", "", kHelpNone, kMove},
+    {New<QLabel>,    "imgPrefs", 1,    "1",    10, 10,  32,  32, "dialogs/prefs_defaults.svg", "", "", kHelpNone, kMove},
+    {New<QLabel>,    "imgPrefs", 2,    "2",    10, 10,  32,  32, "dialogs/prefs_navigation.svg", "", "", kHelpNone, kMove},
+    {New<QLabel>,    "imgPrefs", 3,    "3",    10, 10,  32,  32, "dialogs/prefs_palette.svg", "", "", kHelpNone, kMove},
 
     {New<QLabel>, "lblPrefs", 0,    "0", 52, 10, 264, 32, "Alter general application settings to make LMK more to your liking.",     "", "", kHelpNone, kMove},
     {New<QLabel>, "lblPrefs", 1,    "1", 52, 10, 264, 32, "Specify the default properties for a newly opened snapshot",              "", "", kHelpNone, kMove},
@@ -140,9 +125,10 @@ constexpr const char* kMenu[] = {"Set to &default", "Copy &normal to bright", "C
 std::vector<ControlRow> ModeRows() {
     std::vector<ControlRow> rows;
     rows.reserve(lmk::kModes.size());
+    const int step = 135 / static_cast<int>(lmk::kModes.size()); // pixels: the frame has room for all
     for (int i = 0; const lmk::ModeRow& mode : lmk::kModes) {
-        rows.push_back({New<QRadioButton>, "optMode", i, kDefaults, 196, 26 + 27 * i, 100, 21, mode.Caption,
-                        mode.ToolTipText, "", kHelpFirstMode + i, kBoth});
+        rows.push_back({New<QRadioButton>, "optMode", i, kDefaults, 196, 26 + step * i, 100, 21, mode.Caption,
+                        mode.ToolTipText, "", mode.help, kBoth});
         ++i;
     }
     return rows;
@@ -159,18 +145,6 @@ std::vector<ControlRow> SwatchRows() {
     return rows;
 }
 
-/// x and y in logical pixels of the strip.
-std::int32_t HelpOfTabs(QPoint place) {
-    const std::int32_t left = TwipsFromPixels(place.x()), top = TwipsFromPixels(place.y());
-    std::int32_t help = kHelpNone;
-    for (const auto& tab : kTabPrompts) {
-        if (top >= kTabTop && top <= kTabBottom && left >= tab.left && left <= tab.right) {
-            help = tab.help;
-        }
-    }
-    return help;
-}
-
 } // namespace
 
 void frmPrefs::CreateControls() {
@@ -180,7 +154,6 @@ void frmPrefs::CreateControls() {
     SSTab1 = new TabStrip(kTabs, this);
     SSTab1->setObjectName(QStringLiteral("SSTab1"));
     SSTab1->setGeometry(kStrip);
-    SSTab1->HelpAt = HelpOfTabs;
 
     lumrake::CreateControls(*this, SSTab1, kControls);
     lumrake::CreateControls(*this, SSTab1, ModeRows());
@@ -198,10 +171,6 @@ void frmPrefs::CreateControls() {
     shpMarker = Find<SwatchMarker>(*this, "shpMarker");
     shpMarker->raise(); // its line is whole where it shares a device pixel with the swatch
 
-    for (int i = 0; i < static_cast<int>(std::size(kPictures)); ++i) {
-        Find<QLabel>(*this, "imgPrefs", i)
-            ->setPixmap(LoadPicture(Latin(kPictures[i]), {kPictureSize, kPictureSize}, devicePixelRatioF()));
-    }
     for (int i = 0; auto* label = Find<QLabel>(*this, "lblPrefs", i); ++i) {
         label->setWordWrap(true);
     }
@@ -241,7 +210,7 @@ void frmPrefs::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         // The first focus comes with the window and would not be told otherwise.
         chkGeneral[0]->setFocus();
-        ShowPrompt(kHelpPromptSave);
+        Shell().ShowPrompt(kHelpPromptSave);
     }
 }
 

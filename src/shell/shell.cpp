@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QPoint>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -29,80 +28,24 @@ namespace {
 ShellNotices nobody; // lets every notice fall away
 ShellNotices* registered = &nobody;
 
-QString& ReplacedDirectory() {
-    static QString directory;
-    return directory;
-}
-
-/// Where the settings lie, or nothing for the program's directory.
-QString& DirectoryOfTheUser() {
-    static QString directory;
-    return directory;
-}
+QString replacedDirectory;  // by a test; empty: none
+QString directoryOfTheUser; // where the settings lie; empty: in the program's directory
 
 } // namespace
 
-ShellNotices* SetShellNotices(ShellNotices* notices) {
-    SetHelpReceiver(ShowPrompt);
-    return std::exchange(registered, notices != nullptr ? notices : &nobody);
-}
-
-void SetStatusText(const QString& sText) {
-    registered->SetStatusText(sText);
-}
-
-void ShowCaption() {
-    registered->ShowCaption();
-}
-
-void ShowCoords(std::int16_t iIndex, double x, double y) {
-    registered->ShowCoords(iIndex, x, y);
-}
-
-void EnableFunction(std::int16_t iGroup, bool bEnable) {
-    registered->EnableFunction(iGroup, bEnable);
-}
-
-void EnableNetCommands(bool bEnable) {
+void ShellNotices::EnableNetCommands(bool bEnable) {
     for (const FunctionGroup iGroup : {kGroupCut, kGroupCopy, kGroupDelete, kGroupExportSelection}) {
         EnableFunction(iGroup, bEnable);
     }
 }
 
-void UpdateToolbars(const QString& sKind, bool bEnable) {
-    registered->UpdateToolbars(sKind, bEnable);
+ShellNotices* SetShellNotices(ShellNotices* notices) {
+    SetHelpReceiver([](std::int32_t lNumber) { Shell().ShowPrompt(lNumber); });
+    return std::exchange(registered, notices != nullptr ? notices : &nobody);
 }
 
-void ShowPrompt(std::int32_t lNumber) {
-    registered->ShowPrompt(lNumber);
-}
-
-void ShowModeTick(std::int16_t iMode) {
-    registered->ShowModeTick(iMode);
-}
-
-void ShowFlipTick(bool bOn) {
-    registered->ShowFlipTick(bOn);
-}
-
-void PopupSnapshotMenu(const QPoint& screenPlace) {
-    registered->PopupSnapshotMenu(screenPlace);
-}
-
-void ChooseTool(std::int16_t iTool) {
-    registered->ChooseTool(iTool);
-}
-
-void ShowRecentFiles() {
-    registered->ShowRecentFiles();
-}
-
-void AdoptChild(QWidget* child) {
-    registered->AdoptChild(child);
-}
-
-bool SaveBeforeClosing(QWidget* child) {
-    return registered->SaveBeforeClosing(child);
+ShellNotices& Shell() {
+    return *registered;
 }
 
 QWidget* ChildFrame(QWidget* child) {
@@ -133,21 +76,21 @@ Colour AttributeColour(std::int16_t iAttribute, std::string_view sWhich) {
 }
 
 QString ProgramDirectory() {
-    return ReplacedDirectory().isEmpty() ? QCoreApplication::applicationDirPath() : ReplacedDirectory();
+    return replacedDirectory.isEmpty() ? QCoreApplication::applicationDirPath() : replacedDirectory;
 }
 
 void SetProgramDirectory(const QString& directory) {
-    ReplacedDirectory() = directory;
-    DirectoryOfTheUser().clear();
+    replacedDirectory = directory;
+    directoryOfTheUser.clear();
 }
 
 void KeepSettingsOfEachUser() {
-    DirectoryOfTheUser() =
+    directoryOfTheUser =
         QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1String("/lumrake");
 }
 
 QString SettingsFile() {
-    const QString directory = DirectoryOfTheUser().isEmpty() ? ProgramDirectory() : DirectoryOfTheUser();
+    const QString directory = directoryOfTheUser.isEmpty() ? ProgramDirectory() : directoryOfTheUser;
     const QString path = QDir(directory).filePath(QStringLiteral("LMK.CFG"));
     return FindFile(path).value_or(path);
 }
@@ -179,12 +122,10 @@ void LoadSettings(const WindowTwips& window) {
 }
 
 void SaveSettings() {
-    Outcome outcome = DirectoryOfTheUser().isEmpty() ? Outcome::Done() : MakeOwnFolder(DirectoryOfTheUser());
-    if (outcome.IsDone()) {
-        outcome = WriteFirstRecord(SettingsFile(), EncodeSettings(Settings));
-    }
-    TellFailure(outcome.During(QStringLiteral("The settings could not be saved.")),
-                QStringLiteral("Settings"));
+    const Outcome folder = directoryOfTheUser.isEmpty() ? Outcome::Done() : MakeOwnFolder(directoryOfTheUser);
+    const Outcome saved =
+        folder.Then([] { return WriteFirstRecord(SettingsFile(), EncodeSettings(Settings)); });
+    TellFailure(saved.During(QStringLiteral("The settings could not be saved.")), QStringLiteral("Settings"));
 }
 
 bool TellFailure(const Outcome& outcome, const QString& title) {

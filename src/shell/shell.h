@@ -38,8 +38,6 @@ class CountedIn {
 enum Tool : std::int16_t { kToolPlacing = 1, kToolDraw = 2, kToolMagnify = 3, kToolNet = 4, kToolPan = 5 };
 
 // ---- Notices that come up from the windows ----
-// Each forwards to whoever is registered (the main window while it lives, a recorder in a test). With nobody
-// registered they do nothing, and nothing in the callers depends on what they do.
 
 /// Groups of commands that EnableFunction switches.
 enum FunctionGroup : std::int16_t {
@@ -50,60 +48,50 @@ enum FunctionGroup : std::int16_t {
     kGroupExportSelection = 5
 };
 
+/// What the windows tell, to whoever is registered: the main window while it lives, a recorder in a test. By themselves
+/// the notices do nothing, and nothing in the callers depends on what they do.
 class ShellNotices {
   public:
     virtual ~ShellNotices() = default;
-    virtual void SetStatusText(const QString&) {}
+    /// Puts a text into the text panel of the main status bar.
+    virtual void SetStatusText(const QString& /*sText*/) {}
+    /// Puts the caption of the active child there, after a dialog had its hints in that place.
     virtual void ShowCaption() {}
-    virtual void ShowCoords(std::int16_t, double, double) {}
-    virtual void EnableFunction(std::int16_t, bool) {}
-    virtual void UpdateToolbars(const QString&, bool) {}
-    virtual void ShowPrompt(std::int32_t) {}
-    virtual void ShowModeTick(std::int16_t) {}
-    virtual void ShowFlipTick(bool) {}
-    virtual void PopupSnapshotMenu(const QPoint&) {}
-    virtual void ChooseTool(std::int16_t) {}
+    /// Shows two numbers in the co-ordinates panel: iIndex 0 the mouse position, 1 the size of the net, both in
+    /// picture pixels.
+    virtual void ShowCoords(std::int16_t /*iIndex*/, double /*x*/, double /*y*/) {}
+    /// Enables or disables one group of commands (1 to 5, FunctionGroup); any other group does nothing.
+    virtual void EnableFunction(std::int16_t /*iGroup*/, bool /*bEnable*/) {}
+    /// The same for the commands that act on a net: Cut, Copy, Delete, the export of the selection.
+    void EnableNetCommands(bool bEnable);
+    /// Makes the commands follow the kind ("SNAPSHOT" or "ANIMATION") of the child that became active, or that
+    /// was the last of its kind to close.
+    virtual void UpdateToolbars(const QString& /*sKind*/, bool /*bEnable*/) {}
+    /// Lets the assistant say the prompt of a help number; 0 empties his bubble. Nothing happens while he is off.
+    virtual void ShowPrompt(std::int32_t /*lNumber*/) {}
+    /// Ticks the entry of mode 0 to 4 in the Snapshot menu and unticks the others.
+    virtual void ShowModeTick(std::int16_t /*iMode*/) {}
+    /// Ticks or unticks "Flip upside down" in the Snapshot menu.
+    virtual void ShowFlipTick(bool /*bOn*/) {}
+    /// Opens the Snapshot menu as a pop-up at a place on the screen and waits for its end.
+    virtual void PopupSnapshotMenu(const QPoint& /*screenPlace*/) {}
+    /// Presses the button of a tool (2 to 5) on the toolbar, where it is shown and enabled.
+    virtual void ChooseTool(std::int16_t /*iTool*/) {}
+    /// Shows the recent list as it now is in the File menu.
     virtual void ShowRecentFiles() {}
-    virtual void AdoptChild(QWidget*) {}
-    virtual bool SaveBeforeClosing(QWidget*) { return false; }
+    /// Puts a new child into a frame of the main window's area, hidden. The frame then owns the child. Without a
+    /// main window the child stays a window of its own, owned by whoever made it. In both cases the outermost
+    /// widget of the document is ChildFrame(child).
+    virtual void AdoptChild(QWidget* /*child*/) {}
+    /// Saves a child that closes after the answer Yes, as SaveUntilGivenUp does. False when its window is to stay, with
+    /// nobody registered as well.
+    virtual bool SaveBeforeClosing(QWidget* /*child*/) { return false; }
 };
 
 /// Registers the receiver of the notices, or nobody with null; returns the one before.
 ShellNotices* SetShellNotices(ShellNotices* notices);
-
-/// Puts a text into the text panel of the main status bar.
-void SetStatusText(const QString& sText);
-/// Puts the caption of the active child there, after a dialog had its hints in that place.
-void ShowCaption();
-/// Shows two numbers in the co-ordinates panel: iIndex 0 the mouse position, 1 the size of the net, both in
-/// picture pixels.
-void ShowCoords(std::int16_t iIndex, double x, double y);
-/// Enables or disables one group of commands (1 to 5, FunctionGroup); any other group does nothing.
-void EnableFunction(std::int16_t iGroup, bool bEnable);
-/// Enables or disables the commands that act on a net: Cut, Copy, Delete, the export of the selection.
-void EnableNetCommands(bool bEnable);
-/// Makes the commands follow the kind ("SNAPSHOT" or "ANIMATION") of the child that became active, or that
-/// was the last of its kind to close.
-void UpdateToolbars(const QString& sKind, bool bEnable);
-/// Lets the assistant say the prompt of a help number; 0 empties his bubble. Nothing happens while he is off.
-void ShowPrompt(std::int32_t lNumber);
-/// Ticks the entry of mode 0 to 4 in the Snapshot menu and unticks the others.
-void ShowModeTick(std::int16_t iMode);
-/// Ticks or unticks "Flip upside down" in the Snapshot menu.
-void ShowFlipTick(bool bOn);
-/// Opens the Snapshot menu as a pop-up at a place on the screen and waits for its end.
-void PopupSnapshotMenu(const QPoint& screenPlace);
-/// Presses the button of a tool (2 to 5) on the toolbar, where it is shown and enabled.
-void ChooseTool(std::int16_t iTool);
-/// Shows the recent list as it now is in the File menu.
-void ShowRecentFiles();
-/// Puts a new child into a frame of the main window's area, hidden. The frame then owns the child. Without a
-/// main window the child stays a window of its own, owned by whoever made it. In both cases the outermost
-/// widget of the document is ChildFrame(child).
-void AdoptChild(QWidget* child);
-/// Saves a child that closes after the answer Yes, as SaveUntilGivenUp does. False when its window is to stay, with
-/// nobody registered as well.
-bool SaveBeforeClosing(QWidget* child);
+/// Whoever is registered.
+ShellNotices& Shell();
 
 /// The frame that a child was adopted into, or the child itself when there is none: what is shown, sized,
 /// closed.

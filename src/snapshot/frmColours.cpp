@@ -175,7 +175,7 @@ void frmColours::showEvent(QShowEvent* event) {
     if (!event->spontaneous()) {
         // The first focus comes with the window and would not be told otherwise.
         chkBright->setFocus();
-        ShowPrompt(kHelpBright);
+        Shell().ShowPrompt(kHelpBright);
     }
 }
 

@@ -11,13 +11,10 @@
 #include "shell/shell.h"
 #include "snapshot/rules/view_limits.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QPointer>
 #include <QProgressBar>
 
-#include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -57,20 +54,18 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
         return false;
     }
     const HourglassScope hourglass;
-    Outcome opened = Refusal(FileLength(sFile));
-    if (opened.IsDone()) {
-        MemoryBlock bytes;
-        opened = knownFile.Read(sFile, bytes);
-        document.Open(std::move(bytes));
-    }
-    if (opened.IsDone()) {
-        opened = Refusal(static_cast<std::int64_t>(byMemory.size())); // it may have changed meanwhile
-    }
+    MemoryBlock bytes;
+    const auto read = [&] { return knownFile.Read(sFile, bytes); };
+    const auto lookAgain = [&] { // it may have changed meanwhile
+        return Refusal(static_cast<std::int64_t>(bytes.size()));
+    };
+    const Outcome opened = Refusal(FileLength(sFile)).Then(read).Then(lookAgain);
     if (!TellFailure(opened.During(sFile.toLower() + QLatin1String(" could not be opened.")),
                      QStringLiteral("Open file"))) {
         return false;
     }
 
+    document.Open(std::move(bytes));
     sSnapFile = sFile;
     sSnapTitle = sFileTitle.toLower().left(kTitleLength);
     view = DefaultView(Settings, static_cast<std::int32_t>(byMemory.size()));
@@ -148,7 +143,7 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     }
     const auto hold = kept.Hold();
     // Between the stages only painting and timers run: nothing can be drawn that would not be saved.
-    SetProgress(0);
+    barProgress->setValue(0);
     if (!ShowProgress(true) || !ShowStage(20)) {
         return Outcome::CalledOff(); // closed, and its question answered
     }
@@ -157,24 +152,18 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
         ShowProgress(false);
         return written.During(sFilename.toLower() + QLatin1String(" could not be saved."));
     }
-    if (!ShowStage(40)) {
-        return written; // the bytes are on the disk, and nobody is left to be told
-    }
     sSnapFile = sFilename;
-    if (!ShowStage(60)) {
-        return written;
-    }
     sSnapTitle = sTitle.toLower().left(kTitleLength);
-    if (!ShowStage(80)) {
-        return written;
-    }
     SetCaption(this, sSnapTitle.trimmed());
     sbrSnapshot->SetText(1, sSnapFile.toLower());
-    if (ShowStage(100)) {
-        document.Saved();
-        kept.Forget();
-        ShowProgress(false);
+    for (const int percent : {40, 60, 80, 100}) {
+        if (!ShowStage(percent)) {
+            return written; // the bytes are on the disk, and nobody is left to be told
+        }
     }
+    document.Saved();
+    kept.Forget();
+    ShowProgress(false);
     return written;
 }
 
@@ -185,7 +174,7 @@ bool frmSnapshot::ServeEvents() {
 }
 
 bool frmSnapshot::ShowStage(int percent) {
-    SetProgress(percent);
+    barProgress->setValue(percent);
     return ServeEvents();
 }
 
@@ -197,10 +186,6 @@ bool frmSnapshot::ShowProgress(bool bShow) {
     return ServeEvents();
 }
 
-void frmSnapshot::SetProgress(int value) {
-    barProgress->setValue(std::clamp(value, 0, 100));
-}
-
 void frmSnapshot::Form_Unload(bool& Cancel) {
     if ((document.Changed() & Settings.bPromptSave) != 0) {
         BringToFront(this);
@@ -208,7 +193,7 @@ void frmSnapshot::Form_Unload(bool& Cancel) {
             QLatin1String("Save changes to ") + TrimBlanks(sSnapFile.toLower()) + QLatin1Char('?');
         switch (MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("Snapshot"))) {
         case BoxAnswer::Cancel: Cancel = true; break;
-        case BoxAnswer::Yes: Cancel = !SaveBeforeClosing(this); break;
+        case BoxAnswer::Yes: Cancel = !Shell().SaveBeforeClosing(this); break;
         default: break;
         }
     }
@@ -219,7 +204,7 @@ void frmSnapshot::Form_Unload(bool& Cancel) {
     kept.Forget();
     counted.reset();
     if (iSnapshotCount == 0) {
-        UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
+        Shell().UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
     }
 }
 

@@ -37,7 +37,8 @@ class ValueBox;
 /// they are looked at, shows them as a picture and edits them. One instance per opened file.
 ///
 /// The sections below stand in the order of the files: frmSnapshot.cpp (the document), _layout, _navigation,
-/// _modes, _tools, _keys, _spoken, _net, _clipboard, _export. Inside the window all places are logical screen pixels.
+/// _modes, _tools, _keys, _marks, _spoken, _net, _clipboard, _export. Inside the window all places are logical screen
+/// pixels.
 class frmSnapshot : public QWidget {
   public:
     frmSnapshot();
@@ -169,8 +170,6 @@ class frmSnapshot : public QWidget {
     bool ShowProgress(bool bShow);
     /// Shows how far the work has come, 0 to 100 percent.
     bool ShowStage(int percent);
-    /// 0 to 100 percent; painted at once.
-    void SetProgress(int value);
     /// Fills the device context with the view as far as its clip allows; repaints nothing.
     void DrawView();
     /// Draws and repaints one picture pixel only.
@@ -232,12 +231,6 @@ class frmSnapshot : public QWidget {
     void ShowCell();
     /// Paints the frame of the cell, seen on every colour, into a control whose corner this is in picContainer.
     void PaintCell(QPainter& painter, const QRect& exposed, const QPoint& corner) const;
-    /// The byte under the cell, or under the mouse, whichever moved last; nothing where neither is on the picture.
-    std::optional<ByteUnder> PointedByte() const;
-    QRect ByteLinesPlace() const;
-    void PaintByteLines(QPainter& painter) const;
-    void ToggleGrid();
-    void PaintGrid(QPainter& painter, const QRect& exposed) const;
     /// Pans by screen pixels, as far as there is picture.
     void PanBy(int across, int down);
     bool picImage_KeyDown(const QKeyEvent& key, bool bLong);
@@ -246,6 +239,16 @@ class frmSnapshot : public QWidget {
     static const WheelRow kWheel[];
     void Turned(const QObject* control, const QWheelEvent& turn);
     void FocusMoved(const QFocusEvent& event);
+
+    // ---- marks ----
+    /// Another byte may be under the cell or the mouse: its lines are painted after a little while.
+    void ShowByte();
+    /// The byte under the cell, or under the mouse, whichever moved last; nothing where neither is on the picture.
+    std::optional<ByteUnder> PointedByte() const;
+    QRect ByteLinesPlace() const;
+    void PaintByteLines(QPainter& painter) const;
+    void ToggleGrid();
+    void PaintGrid(QPainter& painter, const QRect& exposed) const;
 
     // ---- by ear ----
     void ConnectSpeech();

@@ -5,6 +5,8 @@
 #include "snapshot/frmClip.h"
 #include "snapshot/rules/block.h"
 
+#include <QProgressBar>
+
 #include <algorithm>
 #include <utility>
 
@@ -24,7 +26,7 @@ void frmSnapshot::Copy(bool iCut) {
     }
     clip.SetData(std::move(sData));
     const bool bOpen = ShowProgress(false);
-    EnableFunction(kGroupPaste, true);
+    Shell().EnableFunction(kGroupPaste, true);
     if (placing.IsHanging() && clip.IsEmpty() == 0) {
         placing.window->HangBlock();
     } else if (placing.window != nullptr) {
@@ -55,16 +57,16 @@ void frmSnapshot::Paste() {
     placing.Begin(this);
     HangBlock();
     picImage_MouseMove(cell.bByKeys ? AtCell(0) : MouseArgs{0, sngMouseX, sngMouseY});
-    EnableNetCommands(false);
+    Shell().EnableNetCommands(false);
 }
 
 RowProgress frmSnapshot::ProgressOfRows() {
-    SetProgress(0);
+    barProgress->setValue(0);
     return [this, shown = 0](std::int32_t iRow, std::int32_t iRows) mutable {
         const std::int32_t value = std::min(100 * iRow / iRows, 100);
         if (value != shown) {
             shown = value;
-            SetProgress(value);
+            barProgress->setValue(value);
         }
     };
 }

@@ -16,7 +16,6 @@
 
 #include <QCursor>
 #include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QProgressBar>
 #include <QPushButton>
@@ -52,17 +51,12 @@ constexpr ValueRow kValueRows[] = {
     {"Columns", "Current number of columns",               "Columns steps",   128, 144,      2,   kHelpFirstValue + 3},
 };
 
-struct StatusRow {
-    const char* key;
-    const char* toolTip;
-    int minWidth, leastWidth;
-};
-constexpr StatusRow kStatusRows[] = {
-    // key          tool tip                                              width  least
-    {"FILENAME",  "Full path of snapshot file",                             363,     0},
-    {"BYTES",     "Size of snapshot file",                                  141,   118},
-    {"ZOOM",      "Current zoom.  Click here to adjust.",                    53,    32},
-    {"ATTRIBUTE", "Current attribute settings.  Click here to adjust.",      71,    42},
+const Panel kStatusPanels[] = {
+    // key                        text  tool tip                                                              width spring least
+    {QStringLiteral("FILENAME"),  {}, QStringLiteral("Full path of snapshot file"),                             363, true,    0},
+    {QStringLiteral("BYTES"),     {}, QStringLiteral("Size of snapshot file"),                                  141, false, 118},
+    {QStringLiteral("ZOOM"),      {}, QStringLiteral("Current zoom.  Click here to adjust."),                    53, false,  32},
+    {QStringLiteral("ATTRIBUTE"), {}, QStringLiteral("Current attribute settings.  Click here to adjust."),      71, false,  42},
 };
 // clang-format on
 
@@ -150,15 +144,16 @@ void frmSnapshot::CreateValueBoxes() {
 
 void frmSnapshot::CreateStatusBar() {
     sbrSnapshot = new PanelBar(this);
-    for (std::size_t i = 0; i < std::size(kStatusRows); ++i) {
-        const StatusRow& row = kStatusRows[i];
-        sbrSnapshot->AddPanel({Latin(row.key), {}, Latin(row.toolTip), row.minWidth, i == 0, row.leastWidth});
+    for (const Panel& panel : kStatusPanels) {
+        sbrSnapshot->AddPanel(panel);
     }
-    sbrSnapshot->MouseDown = [this](int button) { iPanelButton = static_cast<std::int16_t>(button); };
     sbrSnapshot->PanelClick = [this](int Panel) { sbrSnapshot_PanelClick(Panel); };
-    sbrSnapshot->MouseMove = [this](int x) {
-        if (const int panel = sbrSnapshot->PanelAtX(x); panel != 0) {
-            ShowPrompt(kHelpFirstPanel - 1 + panel);
+    Watcher& bar = Watch(sbrSnapshot);
+    bar.speaksOn = kDisabledAsWell; // between two panels it says nothing, nor does the form for it
+    bar.MouseDown = [this](const MouseArgs& args) { iPanelButton = args.Button; };
+    bar.MouseMove = [this](const MouseArgs& args) {
+        if (const int panel = sbrSnapshot->PanelAtX(static_cast<int>(args.X)); panel != 0) {
+            Shell().ShowPrompt(kHelpFirstPanel - 1 + panel);
         }
     };
     sbrSnapshot->PanelsMoved = [this] { PlaceColourButtons(); };
@@ -182,7 +177,7 @@ void frmSnapshot::CreateStatusBar() {
 
 void frmSnapshot::Form_Load() {
     CreateControls();
-    AdoptChild(this);
+    Shell().AdoptChild(this);
     QWidget* frame = ChildFrame(this);
     frame->setMinimumSize(PixelsFromTwips(kLeastWidth), PixelsFromTwips(kLeastHeight));
     frame->resize(PixelsFromTwips(kStartWidth), PixelsFromTwips(kStartHeight));
@@ -198,14 +193,14 @@ void frmSnapshot::Form_Load() {
 }
 
 void frmSnapshot::Form_Activate() {
-    SetProgress(100);
-    SetStatusText(CaptionOf(this));
+    barProgress->setValue(100);
+    Shell().SetStatusText(CaptionOf(this));
     FillValueBoxes();
-    UpdateToolbars(QStringLiteral("SNAPSHOT"), true);
-    UpdateToolbars(QStringLiteral("ANIMATION"), false);
-    ShowModeTick(view.iMode);
-    ShowFlipTick(view.iUpsideDown == 1);
-    EnableNetCommands(shpNet.IsSelection());
+    Shell().UpdateToolbars(QStringLiteral("SNAPSHOT"), true);
+    Shell().UpdateToolbars(QStringLiteral("ANIMATION"), false);
+    Shell().ShowModeTick(view.iMode);
+    Shell().ShowFlipTick(view.iUpsideDown == 1);
+    Shell().EnableNetCommands(shpNet.IsSelection());
     // A box that gets the focus with its window is selected as by any other move to it.
     if (auto* box = dynamic_cast<ValueBox*>(focusWidget())) {
         box->selectAll();
@@ -305,7 +300,8 @@ void frmSnapshot::sbrSnapshot_PanelClick(int Panel) {
 void frmSnapshot::cmdOptions_Click() {
     // At the mouse; a key that pressed the button finds the menu at the button.
     const bool bByMouse = cmdOptions->rect().contains(cmdOptions->mapFromGlobal(QCursor::pos()));
-    PopupSnapshotMenu(bByMouse ? QCursor::pos() : cmdOptions->mapToGlobal(cmdOptions->rect().bottomLeft()));
+    Shell().PopupSnapshotMenu(bByMouse ? QCursor::pos()
+                                       : cmdOptions->mapToGlobal(cmdOptions->rect().bottomLeft()));
 }
 
 } // namespace lumrake

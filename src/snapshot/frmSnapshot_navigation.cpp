@@ -11,6 +11,7 @@
 #include "controls/spin_bar.h"
 #include "controls/value_box.h"
 #include "controls/watch.h"
+#include "disk/texts.h"
 #include "shell/shell.h"
 #include "snapshot/frmSnapshot.h"
 #include "snapshot/rules/navigation.h"
@@ -18,6 +19,8 @@
 
 #include <QPointer>
 #include <QPushButton>
+#include <algorithm>
+#include <cstdint>
 
 namespace lumrake {
 
@@ -81,48 +84,37 @@ void frmSnapshot::StepValue(int Index, bool bUp) {
 }
 
 void frmSnapshot::txtValue_Change(int Index) {
-    const ValueBox& box = *txtValue[Index];
-    const std::int32_t lNumber = NumberIn(box);
-    const bool bBlank = box.text().trimmed().isEmpty();
+    ValueBox& box = *txtValue[Index];
+    const struct {
+        const char* name;
+        std::int32_t least, most; // what may be typed; a width is never typed
+    } limits[] = {{"Offset", 0, view.lFileLength - 1},
+                  {"Width", INT32_MIN, INT32_MAX},
+                  {"Lines", 1, lmk::kMostLines},
+                  {"Columns", 1, lmk::kMostColumns}};
+    const auto& [name, least, most] = limits[Index];
+    const bool bCounts = Index == kLinesValue || Index == kColumnsValue;
+    const std::int32_t lTyped = bCounts && box.text().trimmed().isEmpty() ? 1 : NumberIn(box);
+    const std::int32_t lValue = std::clamp(lTyped, least, most);
     // The number reaches its field only when it is legal: a message box lets other events in.
-    TypedValue typed{lNumber, false};
-    QString sMessage;
-    switch (Index) {
-    case kOffsetValue:
-        typed = TypedOffset(lNumber, view.lFileLength);
-        sMessage = QStringLiteral("Offset must be between 0 and %1!").arg(view.lFileLength - 1);
-        break;
-    case kLinesValue:
-        typed = TypedCount(bBlank ? 1 : lNumber, lmk::kMostLines);
-        sMessage = QStringLiteral("Lines must be between 1 and %1!").arg(lmk::kMostLines);
-        break;
-    case kColumnsValue:
-        typed = TypedCount(bBlank ? 1 : lNumber, lmk::kMostColumns);
-        sMessage = QStringLiteral("Columns must be between 1 and %1!").arg(lmk::kMostColumns);
-        break;
-    default: break;
-    }
-    const auto setField = [this, Index](std::int32_t lValue) {
-        switch (Index) {
-        case kOffsetValue: view.lOffset = lValue; break;
-        case kWidthValue: view.iWidth = static_cast<std::int16_t>(lValue); break;
-        case kLinesValue: view.iLines = static_cast<std::int16_t>(lValue); break;
-        default: view.iColumns = static_cast<std::int16_t>(lValue); break;
-        }
-    };
-    if (typed.bOutOfRange) {
+    if (lValue != lTyped) {
         const QPointer<frmSnapshot> alive(this);
-        MsgBox(sMessage, BoxButtons::Ok, BoxIcon::Exclamation, QStringLiteral("Snapshot"));
+        MsgBox(QStringLiteral("%1 must be between %2 and %3!").arg(Latin(name)).arg(least).arg(most),
+               BoxButtons::Ok, BoxIcon::Exclamation, QStringLiteral("Snapshot"));
         if (alive.isNull()) {
             return; // the message outlived the window
         }
-        setField(typed.lValue);
-        ValueBox* corrected = txtValue[Index];
-        corrected->Write(QString::number(typed.lValue));
-        corrected->setCursorPosition(static_cast<int>(corrected->text().size()));
+    }
+    switch (Index) {
+    case kOffsetValue: view.lOffset = lValue; break;
+    case kWidthValue: view.iWidth = static_cast<std::int16_t>(lValue); break;
+    case kLinesValue: view.iLines = static_cast<std::int16_t>(lValue); break;
+    default: view.iColumns = static_cast<std::int16_t>(lValue); break;
+    }
+    if (lValue != lTyped) {
+        box.Write(QString::number(lValue));
+        box.setCursorPosition(static_cast<int>(box.text().size()));
         PlaceScrollThumb();
-    } else {
-        setField(typed.lValue);
     }
     picImage->hDC().Clear();
     ShowMem();

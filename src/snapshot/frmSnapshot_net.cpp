@@ -31,18 +31,18 @@ void frmSnapshot::DragNet(const MouseArgs& args) {
     SetShape(shpNet.Dragged(args.X, args.Y, view.iZoomFactor));
     const std::int32_t columns = shpNet.iNetWidth / view.iZoomFactor; // whole pixels, without a remainder
     const std::int32_t rows = shpNet.iNetHeight / view.iZoomFactor;
-    ShowCoords(1, columns, rows);
+    Shell().ShowCoords(1, columns, rows);
 }
 
 void frmSnapshot::EndNet() {
     SetShape(shpNet.Ended());
-    ShowCoords(1, 0, 0);
+    Shell().ShowCoords(1, 0, 0);
     // A window that opened under the drag has the commands now, and no net of this one. The area may know of no
     // active window while another program is in front.
     const auto* frame = qobject_cast<QMdiSubWindow*>(ChildFrame(this));
     const QMdiSubWindow* active = frame == nullptr ? nullptr : frame->mdiArea()->currentSubWindow();
     if (active == nullptr || active == frame) {
-        EnableNetCommands(shpNet.IsSelection());
+        Shell().EnableNetCommands(shpNet.IsSelection());
     }
 }
 

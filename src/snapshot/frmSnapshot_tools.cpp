@@ -58,7 +58,7 @@ void frmSnapshot::picImage_MouseDown(const MouseArgs& args) {
 
 void frmSnapshot::picImage_MouseMove(const MouseArgs& args) {
     const auto z = static_cast<float>(view.iZoomFactor);
-    ShowCoords(0, std::floor(args.X / z), std::floor(args.Y / z));
+    Shell().ShowCoords(0, std::floor(args.X / z), std::floor(args.Y / z));
     if (args.Button > 0) {
         DragTool(args);
     } else {

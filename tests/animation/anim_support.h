@@ -37,13 +37,6 @@ inline QLineEdit* Field(const QWidget& form, int index) {
     return Find<QLineEdit>(form, ("txtAnimSetup(" + std::to_string(index) + ")").c_str());
 }
 
-/// Replaces a field's text as a user does.
-inline void Type(QWidget& form, int field, const char* text) {
-    Field(form, field)->setFocus();
-    Field(form, field)->selectAll();
-    QTest::keyClicks(Field(form, field), QString::fromLatin1(text));
-}
-
 using WhenSetup = WhenOpen<frmAnimSetup>;
 
 /// Eight frames of 16 x 8 pixels.

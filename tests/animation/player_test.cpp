@@ -1,11 +1,9 @@
 /// The player and its setup dialog.
 #include "animation/anim_support.h"
-#include "controls/tab_strip.h"
 #include "shell/window/animation_commands.h"
 #include "snapshot/frmColours.h"
 #include "snapshot/frmSnapshot.h"
 
-#include <QCheckBox>
 #include <QClipboard>
 #include <QDir>
 #include <QLabel>
@@ -199,17 +197,13 @@ TEST_F(Player, SetupGoesBackToFrame0AndReadsNoFile) {
     QDir::setCurrent(sBefore);
     MakeFile(QStringLiteral("game.sna"), NoiseBytes(99, 2));
     for (const bool change : {false, true}) {
-        probe.Control(3).setFocus();
-        probe.Control(3).click();
+        Use(form, u"@cmdControl(3) click"_qs);
         EXPECT_EQ(form.focusWidget(), &probe.Picture());
         const WhenSetup driver([change](frmAnimSetup& setup) {
-            if (change) {
-                Type(setup, 4, "32");
-                Field(setup, 1)->clear();
-            }
-            Press(setup, "cmdSetup(0)");
+            const QString words = u"@txtAnimSetup(4) Ctrl+A 32 @txtAnimSetup(1) Ctrl+A Backspace "_qs;
+            Use(setup, (change ? words : QString()) + u"@cmdSetup(0) click"_qs);
         });
-        change ? QTest::keyClick(&probe.Picture(), Qt::Key_S, Qt::AltModifier) : probe.Control(4).click();
+        Use(form, change ? u"Alt+S"_qs : u"@cmdControl(4) click"_qs);
         EXPECT_EQ(probe.State().iCurrentFrame, 0);
         EXPECT_EQ(probe.Changed(), change);
         EXPECT_EQ(frame.windowTitle(), change ? QString() : u"Walk"_qs);
@@ -344,9 +338,8 @@ TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
         {0, tooLong.c_str()}, {0, "/nowhere"}, {2, "256"}, {3, "12"}, {4, "0"}, {5, "1"}, {6, "0"}, {7, "0"}};
     for (const auto& [field, typed] : faults) {
         EXPECT_FALSE(Run([field = field, typed = typed](frmAnimSetup& form) {
-            Type(form, field, typed);
-            QTest::keyClick(&form, Qt::Key_PageDown, Qt::ControlModifier);
-            Press(form, "cmdSetup(0)");
+            const QString words = u"@txtAnimSetup(%1) Ctrl+A %2 Ctrl+PgDown @cmdSetup(0) click"_qs;
+            Use(form, words.arg(field).arg(QLatin1String(typed)));
             EXPECT_TRUE(Field(form, field)->isVisible());
             EXPECT_EQ(form.focusWidget(), Field(form, field));
             form.close();
@@ -357,14 +350,15 @@ TEST_F(Setup, AFaultBringsItsFieldToTheFront) {
 }
 
 TEST_F(Setup, TextsHoldWhatFitsAndUndoOnlyWhatWasThere) {
-    const QStringList kKeys =
-        u"Ctrl+Z|Ctrl+Shift+Z|Backspace|Return|Shift+Return|A|Up|Shift+Up|Ctrl+Home|Ctrl+A"_qs.split(u'|');
+    const QStringList kWords =
+        u"Ctrl+Z Ctrl+Shift+Z Backspace Return Shift+Return A Up Shift+Up Ctrl+Home Ctrl+A \u00E9\u0438"_qs
+            .split(u' ');
     const QString kPasted[] = {QString(1 << 20, u'z'), u"a\r\nb\rc\u2028"_qs, QString(90, u'\r'),
                                u"\u0438\U0001F3AE"_qs};
     for (const char fill : {'\n', 'x'}) { // so many bare line feeds have no room to become CR LF
         GlobalAnim.sNotes.Set(std::string(250, 'x') + std::string(150, fill) + 'x');
         Run([&](frmAnimSetup& form) {
-            Type(form, 1, "ab");
+            Use(form, u"@txtAnimSetup(1) Ctrl+A ab"_qs);
             QApplication::clipboard()->setText(QString(20, QChar(0x438)));
             QTest::keySequence(Field(form, 1), QKeySequence::Paste);
             QCoreApplication::processEvents();
@@ -374,20 +368,15 @@ TEST_F(Setup, TextsHoldWhatFitsAndUndoOnlyWhatWasThere) {
             EXPECT_EQ(Field(form, 1)->text(), u"ab"_qs);
 
             auto* notes = Find<LimitedText>(form, "txtAnimSetup(8)");
-            Find<TabStrip>(form, "SSTab1")->SetTab(1);
             QApplication::clipboard()->clear();
-            QTest::keySequence(notes, QKeySequence::Paste);
+            Use(form, u"@txtAnimSetup(8) Ctrl+V"_qs);
             QStringList seen;
             QRandomGenerator random(1);
             for (int round = 0; round < 500; ++round) {
                 seen << notes->Text();
-                if (const int act = random.bounded(15); act < kKeys.size()) {
-                    QTest::keySequence(notes, kKeys[act]);
+                if (const int act = random.bounded(15); act < kWords.size()) {
+                    Use(form, kWords[act]);
                     ASSERT_TRUE(act > 1 || seen.contains(notes->Text()));
-                } else if (act == 10) {
-                    QInputMethodEvent commit;
-                    commit.setCommitString(u"\u00E9\u0438"_qs);
-                    QApplication::sendEvent(notes, &commit);
                 } else {
                     QApplication::clipboard()->setText(kPasted[act - 11]);
                     QTest::keySequence(notes, QKeySequence::Paste);
@@ -406,14 +395,13 @@ TEST_F(Setup, TextsHoldWhatFitsAndUndoOnlyWhatWasThere) {
 }
 
 TEST_F(Setup, OnlyAnotherAttributeIsAChange) {
-    constexpr int kSelect = 0, kCancel = 1;
-    const std::tuple<bool, int, int> uses[] = {{true, kCancel, 0}, {false, kSelect, 0}, {true, kSelect, -1}};
+    const std::pair<const char*, int> uses[] = {{"@chkBright click @cmdColour(1) click", 0},
+                                                {"@cmdColour(0) click", 0},
+                                                {"@chkBright click @cmdColour(0) click", -1}};
     EXPECT_TRUE(Run([&uses](frmAnimSetup& form) {
-        for (const auto& [bright, button, changed] : uses) {
-            const WhenOpen<frmColours> picker([bright = bright, button = button](frmColours& colours) {
-                colours.findChild<QCheckBox*>()->setChecked(bright);
-                colours.findChildren<QPushButton*>().at(button)->click();
-            });
+        for (const auto& [words, changed] : uses) {
+            const WhenOpen<frmColours> picker(
+                [words = words](frmColours& colours) { Use(colours, QLatin1String(words)); });
             Press(form, "cmdSetup(4)");
             EXPECT_EQ(bAnimChanged, changed);
             const QRgb paper = changed == 0 ? 0xffd0d0d0 : 0xffffffff;

@@ -11,25 +11,6 @@
 namespace lumrake {
 namespace {
 
-TEST(Numbers, TextGivesItsNumericPrefix) {
-    const std::pair<const char*, double> cases[] = {
-        {"", 0},        {"   ", 0},     {"  12 px", 12},
-        {"-7", -7},     {"--7", 0},     {".5", 0.5},
-        {"1e3x", 1000}, {"1e", 1},      {"1,5", 1},
-        {"inf", 0},     {"nan", 0},     {"0x10", 0},
-        {"-", 0},       {"1e-999", 0},  {"00012", 12},
-        {"5.", 5},      {"1.2.3", 1.2}, {"9999999999", 9999999999.0}};
-    for (const auto& [text, value] : cases) {
-        EXPECT_EQ(NumberFromText(text), value) << text;
-    }
-    const std::string zeros(400, '0');
-    EXPECT_EQ(NumberFromText("0." + zeros + "1"), 0);
-    EXPECT_EQ(NumberFromText("1" + zeros + "e-5"), std::numeric_limits<double>::infinity());
-    EXPECT_EQ(NumberFromText("1" + zeros + "e-400"), 1);
-    EXPECT_EQ(WholeNumberFromText<std::int16_t>("-1e999"), -32768);
-    EXPECT_EQ(WholeNumberFromText<std::int32_t>("2147483648"), 2147483647);
-}
-
 TEST(Numbers, HalvesGoToTheEvenNeighbour) {
     const std::pair<double, int> cases[] = {{0.5, 0},   {1.5, 2},     {-0.5, 0},
                                             {-1.5, -2}, {-49.5, -50}, {29.71, 30}};

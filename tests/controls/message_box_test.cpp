@@ -7,7 +7,7 @@
 
 namespace lumrake::testing {
 
-TEST(MsgBox, ShowsItsTextPlainAndAnswersByKeys) {
+TEST(MsgBox, ShowsItsTextPlainIsWiderThanItsTitleAndAnswersByKeys) {
     using enum BoxAnswer;
     SetMessageBoxAnswerer({});
     const std::tuple<BoxButtons, BoxIcon, QMessageBox::Icon, int, BoxAnswer> cases[] = {
@@ -18,15 +18,16 @@ TEST(MsgBox, ShowsItsTextPlainAndAnswersByKeys) {
         {BoxButtons::YesNoCancel, BoxIcon::None, QMessageBox::NoIcon, Qt::Key_N, No},
         {BoxButtons::YesNoCancel, BoxIcon::None, QMessageBox::NoIcon, Qt::Key_Escape, Cancel},
     };
-    const QString text = QStringLiteral("<b>a &amp; b</b> &c");
+    const QString text = u"<b>a &amp; b</b> &c"_qs, title(40, u'W');
     for (const auto& [buttons, icon, shown, key, answer] : cases) {
         const WhenOpen<QMessageBox> driver([&, shown = shown, key = key](QMessageBox& box) {
             const auto* label = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
             EXPECT_TRUE(label->text() == text && label->textFormat() == Qt::PlainText);
-            EXPECT_TRUE(box.windowTitle() == QStringLiteral("Title") && box.icon() == shown);
+            EXPECT_TRUE(box.windowTitle() == title && box.icon() == shown);
+            EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(title) + 100);
             QTest::keyClick(&box, Qt::Key(key));
         });
-        EXPECT_EQ(MsgBox(text, buttons, icon, QStringLiteral("Title")), answer) << key;
+        EXPECT_EQ(MsgBox(text, buttons, icon, title), answer) << key;
     }
 }
 

@@ -4,10 +4,8 @@
 #include "controls/spin_bar.h"
 #include "preferences/colour_swatch.h"
 #include "support/forms_support.h"
-#include "support/when_open.h"
 
 #include <QImage>
-#include <QMessageBox>
 #include <QPainter>
 #include <QScreen>
 #include <QTextEdit>
@@ -146,14 +144,6 @@ TEST(Frames, AreWholeAndEquallyThickAtEveryScale) {
             }
         }
     }
-}
-
-TEST(MessageBox, IsWiderThanItsTitle) {
-    const testing::WhenOpen<QMessageBox> close([](QMessageBox& box) {
-        EXPECT_GT(box.width(), 40 * box.fontMetrics().horizontalAdvance(u'W') + 100);
-        box.close();
-    });
-    MsgBox({}, BoxButtons::Ok, BoxIcon::None, QString(40, u'W'));
 }
 
 } // namespace

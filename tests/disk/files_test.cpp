@@ -33,14 +33,10 @@ TEST(Files, AreFoundWithoutRegardToCaseWhenThereIsOne) {
     ASSERT_TRUE(QFile::link(stage.Path(QStringLiteral("none")), stage.Path(QStringLiteral("Nowhere"))));
     EXPECT_EQ(find("Nowhere"), std::nullopt);
     EXPECT_EQ(find("nowhere"), std::nullopt);
-}
-
-TEST(Files, ANewNameThatMayMeanTwoFilesMeansNeither) {
-    const Stage stage;
-    for (const char* name : {"SCREEN.bmp", "ScReEn.bmp"}) {
-        stage.MakeFile(QLatin1String(name), NoiseBytes(1));
-    }
-    EXPECT_EQ(PathForNewFile(stage.Path(u" Screen.BMP "_qs)).path, stage.Path(u"screen.bmp"_qs));
+    // A new name that may mean two files means neither.
+    stage.MakeFile(QStringLiteral("Games/Old/HERO.sna"), NoiseBytes(5));
+    EXPECT_EQ(PathForNewFile(stage.Path(u"Games/Old/ HeRo.SnA"_qs)).path,
+              stage.Path(u"Games/Old/hero.sna"_qs));
     EXPECT_TRUE(PathForNewFile(QString()).path.isEmpty());
 }
 

@@ -61,18 +61,6 @@ bool Interrupts() {
     return true;
 }
 
-int Open(const char* symbol, const char* path, int flags, unsigned mode) {
-    const bool below = IsBelow(path);
-    if (below && Strikes((flags & O_DIRECTORY) != 0 ? "directory" : "open")) {
-        return -1;
-    }
-    const int handle = Next<int(const char*, int, ...)>(symbol)(path, flags, mode);
-    if (below && handle >= 0) {
-        watched.insert(handle);
-    }
-    return handle;
-}
-
 } // namespace
 
 void ArmFaults(const FaultPlan& newPlan) {
@@ -99,21 +87,23 @@ using namespace lumrake::testing;
 
 extern "C" {
 
-int open(const char* path, int flags, ...) {
-    va_list rest;
-    va_start(rest, flags);
-    const unsigned mode = va_arg(rest, unsigned);
-    va_end(rest);
-    return Open("open", path, flags, mode);
-}
-
 int open64(const char* path, int flags, ...) {
     va_list rest;
     va_start(rest, flags);
     const unsigned mode = va_arg(rest, unsigned);
     va_end(rest);
-    return Open("open64", path, flags, mode);
+    const bool below = IsBelow(path);
+    if (below && Strikes((flags & O_DIRECTORY) != 0 ? "directory" : "open")) {
+        return -1;
+    }
+    const int handle = Next<int(const char*, int, ...)>("open64")(path, flags, mode);
+    if (below && handle >= 0) {
+        watched.insert(handle);
+    }
+    return handle;
 }
+
+[[gnu::alias("open64")]] int open(const char* path, int flags, ...);
 
 ssize_t read(int handle, void* bytes, size_t count) {
     static const auto next = Next<ssize_t(int, void*, size_t)>("read");

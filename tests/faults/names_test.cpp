@@ -2,13 +2,11 @@
 #include "faults/file_stage.h"
 #include "shell/window/file_commands.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
+#include <QProcess>
 #include <QTimer>
-
-#include <functional>
 
 namespace lumrake::testing {
 namespace {
@@ -61,83 +59,58 @@ TEST(FileNames, OfAnyKindAreOpenedSavedAndMade) {
 }
 
 TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
-    struct Case {
-        const char* what;
-        const char* reason; ///< null when the save goes well
-        std::function<void(const FileStage&, const QString& file)> change;
-    };
     constexpr const char* kChanged = " has been changed by another program.  Save As can overwrite it.";
-    const QString kOther = QStringLiteral("other.sna");
-    const Case cases[] = {
-        {"deleted", nullptr, [](const auto&, const QString& file) { QFile::remove(file); }},
-        {"turned into a link", nullptr,
-         [&](const auto& stage, const QString& file) {
-             QFile::remove(file);
-             stage.MakeFile(kOther, NoiseBytes(500)); // the bytes that are known
-             QFile::link(stage.Path(kOther), file);
-         }},
-        {"changed within the tick of a clock", kChanged,
-         [](const auto&, const QString& file) {
-             const QDateTime time = QFileInfo(file).lastModified();
-             QFile other(file);
-             EXPECT_TRUE(other.open(QIODevice::ReadWrite) && other.putChar('\1'));
-             other.flush();
-             EXPECT_TRUE(other.setFileTime(time, QFile::FileModificationTime));
-         }},
-        {"replaced by another", kChanged,
-         [&](const auto& stage, const QString& file) {
-             stage.MakeFile(kOther, NoiseBytes(9000, 2));
-             EXPECT_TRUE(QFile::remove(file) && QFile::rename(stage.Path(kOther), file));
-         }},
-        {"put where new files are given a list", nullptr,
-         [](const auto& stage, const QString&) {
-             setxattr(QFile::encodeName(stage.Path(QStringLiteral("sub"))), "system.posix_acl_default", kList,
-                      static_cast<std::size_t>(kList.size()), 0);
-         }},
-        {"made read-only", "write-protected",
-         [](const auto&, const QString& file) {
-             QFile::setPermissions(file, QFile::ReadOwner | QFile::ReadUser);
-         }},
-        {"turned into a pipe", "not a regular file",
-         [](const auto&, const QString& file) {
-             QFile::remove(file);
-             mkfifo(QFile::encodeName(file).constData(), 0600);
-         }},
-        {"lost with its directory", "No such file or directory",
-         [](const auto& stage, const QString&) {
-             QDir(stage.Path(QStringLiteral("sub"))).removeRecursively();
-         }},
+    // what somebody does to the file, and the reason that is told; none when the save goes well
+    const std::pair<const char*, const char*> cases[] = {
+        {"rm sub/Test.SNA", nullptr},
+        {"mv sub/Test.SNA other.sna && ln -s ../other.sna sub/Test.SNA", nullptr}, // the bytes that are known
+        {"cp -p sub/Test.SNA time && printf x | dd of=sub/Test.SNA conv=notrunc status=none && "
+         "touch -r time sub/Test.SNA", // within the tick of a clock
+         kChanged},
+        {"head -c 9000 /dev/zero >other.sna && mv other.sna sub/Test.SNA", kChanged},
+        {"give sub a list", nullptr}, // that new files are given there
+        {"chmod 400 sub/Test.SNA", "write-protected"},
+        {"rm sub/Test.SNA && mkfifo -m 600 sub/Test.SNA", "not a regular file"},
+        {"rm -r sub", "No such file or directory"},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.what);
+    for (const auto& [command, reason] : cases) {
+        SCOPED_TRACE(command);
         FileStage stage;
         QDir(stage.Path(QString())).mkdir(QStringLiteral("sub"));
         const QString name = QStringLiteral("sub/Test.SNA");
         frmSnapshot* form = OpenChanged(stage, name);
-        one.change(stage, stage.Path(name));
+        if (*command == 'g') {
+            setxattr(QFile::encodeName(stage.Path(QStringLiteral("sub"))), "system.posix_acl_default", kList,
+                     static_cast<std::size_t>(kList.size()), 0);
+        } else {
+            QProcess shell;
+            shell.setWorkingDirectory(stage.Path(QString()));
+            shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), QLatin1String(command)});
+            ASSERT_TRUE(shell.waitForFinished(-1) && shell.exitCode() == 0);
+        }
         const bool exists = QFileInfo(stage.Path(name)).isFile();
         const Bytes before = exists ? stage.ReadFile(name) : Bytes();
         const QByteArray file = QFile::encodeName(stage.Path(name));
         const QByteArray rights = exists ? RightsOf(file) : QByteArray();
-        EXPECT_EQ(SaveSnapshot(*form), one.reason == nullptr);
-        EXPECT_EQ(SnapshotProbe{*form}.Changed() == 0, one.reason == nullptr);
+        EXPECT_EQ(SaveSnapshot(*form), reason == nullptr);
+        EXPECT_EQ(SnapshotProbe{*form}.Changed() == 0, reason == nullptr);
         EXPECT_EQ(form->GetFilename(), stage.Path(name));
-        if (one.reason == nullptr) {
+        if (reason == nullptr) {
             EXPECT_EQ(stage.ReadFile(name), MemoryOf(*form));
             EXPECT_TRUE(stage.boxes.empty());
             EXPECT_TRUE(!exists || RightsOf(file) == rights);
             if (QFileInfo(stage.Path(name)).isSymLink()) {
-                EXPECT_EQ(stage.ReadFile(kOther), MemoryOf(*form));
+                EXPECT_EQ(stage.ReadFile(u"other.sna"_qs), MemoryOf(*form));
             }
             continue;
         }
         ASSERT_EQ(stage.boxes.size(), 1U);
         EXPECT_TRUE(stage.boxes[0].startsWith(QLatin1String("Save|")) &&
-                    stage.boxes[0].contains(QLatin1String(one.reason)))
+                    stage.boxes[0].contains(QLatin1String(reason)))
             << stage.boxes[0].toStdString();
         EXPECT_EQ(QFileInfo(stage.Path(name)).isFile(), exists);
         EXPECT_TRUE(!exists || stage.ReadFile(name) == before);
-        if (one.reason == kChanged) {
+        if (reason == kChanged) {
             stage.files = {stage.Path(name)};
             stage.answers = {BoxAnswer::Yes};
             EXPECT_TRUE(SaveSnapshotAs(*form) && SaveSnapshot(*form));

@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     Require(reader.AtEnd() && reader.Next().empty());
 
-    for (const std::int32_t number : {-1, 0, 1, 12, 98, 999, 1000}) {
+    for (const std::int32_t number : {-1, 0, 1, 12, 98, 123, 999, 1000}) {
         const auto prompt = lumrake::FindPrompt(bytes, number);
         const auto key = std::find_if(fields.begin(), fields.end(), [number](const std::string& field) {
             return number > 0 && lumrake::NumberFromText(field.substr(0, 3)) == number;

@@ -6,6 +6,7 @@ A file's floor is told by its folder. A unit is a header with all its sources: f
 """
 import re
 import sys
+from graphlib import CycleError, TopologicalSorter
 from pathlib import Path
 
 SRC = Path(sys.argv[1] if len(sys.argv) > 1 else Path(__file__).resolve().parents[2] / "src")
@@ -29,23 +30,6 @@ def unit_of(path):
     return str(path.parent / re.sub(r"^(frm\w+?)_\w+$", r"\1", path.stem))
 
 
-def circles(uses):
-    """Each circle of units once, found by a walk that remembers its road."""
-    done, found = set(), []
-
-    def walk(unit, road):
-        if unit in road:
-            found.append(road[road.index(unit):] + [unit])
-        elif unit not in done:
-            for next_unit in sorted(uses.get(unit, ())):
-                walk(next_unit, road + [unit])
-            done.add(unit)
-
-    for unit in sorted(uses):
-        walk(unit, [])
-    return found
-
-
 faults, uses = [], {}
 files = sorted(path.relative_to(SRC) for path in SRC.rglob("*") if path.suffix in (".h", ".cpp"))
 if not files:
@@ -67,6 +51,9 @@ for path in files:
             faults.append(f"{path} ({here}) includes {name} ({there}), which is above it")
         elif unit_of(Path(name)) != unit_of(path):
             uses.setdefault(unit_of(path), set()).add(unit_of(Path(name)))
-faults += ["a circle: " + " -> ".join(circle) for circle in circles(uses)]
+try:
+    TopologicalSorter(uses).prepare()
+except CycleError as circle:
+    faults.append("a circle: " + " -> ".join(circle.args[1]))
 print("\n".join(faults) or f"{len(files)} files on {len(ORDER)} floors: nothing reaches upwards, no circle")
 sys.exit(bool(faults))

@@ -12,9 +12,6 @@ cp "$files/My Game.SNA" "$stage/before"
 menu f x
 answer Snapshot Escape
 [ ! -e "$app/LMK.CFG" ] || fail "a cancelled exit saved the settings"
-keys ctrl+k
-answer_last "Close all" alt+y
-answer Snapshot Escape
 same_bytes "$files/My Game.SNA" "$stage/before"
 menu f x
 answer_last Snapshot alt+y

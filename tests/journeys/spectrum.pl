@@ -3,10 +3,8 @@
 # VIEW is mode,offset,width,lines,columns,flip as the window shows them; the result goes to standard output.
 #
 #   spectrum.pl picture FILE VIEW                          the view as a PBM; a set bit is black
-#   spectrum.pl raw FILE VIEW                              the rows of the view, eight pixels a byte
 #   spectrum.pl set FILE VIEW X,Y,BIT...                   FILE with pixels changed
 #   spectrum.pl move FILE VIEW X,Y,W,H TARGET VIEW X,Y     TARGET with the block of FILE put down at X,Y
-#   spectrum.pl animation SNAPSHOT OWN TITLE W H ZOOM OFFSET FRAMES STEP PAUSE REPEAT LENGTH ATTRIBUTE MODE
 use strict;
 use warnings;
 
@@ -43,15 +41,10 @@ sub put {
 
 binmode STDOUT;
 my ($command, @words) = @ARGV;
-if ($command eq 'animation') {
-    my ($snapshot, $own, $title, @n) = @words;
-    print pack('A100 A100 A30 v3 V v V v v V C A500 v v', $own, $snapshot, $title, @n[0 .. 9], '', $n[10], 0);
-    exit;
-}
 my ($memory, $v) = (bytes_of(shift @words), view(shift @words));
-if ($command eq 'picture' or $command eq 'raw') {
+if ($command eq 'picture') {
     my $width = $v->{width} * $v->{columns};
-    print "P4\n$width $v->{lines}\n" if $command eq 'picture';
+    print "P4\n$width $v->{lines}\n";
     for my $y (0 .. $v->{lines} - 1) {
         print pack 'B*', join '', map { get(\$memory, $v, $_, $y) } 0 .. $width - 1;
     }

@@ -116,6 +116,8 @@ open_file("Animation", "Open", "walker.anm")
 frame = find("image", "Frame 1 of 8")
 act(find("push button", "Forward"))
 hear(frame, "Frame 2 of 8", "Graphics", "stopped")
+act(find("push button", "Play"))
+hear(frame, "Frame 7 of 8", "playing")
 
 choose("Help", "Mr Fizzlet")
 choose("File", "Preferences")

@@ -26,30 +26,15 @@ class PrefsTest : public ::testing::Test {
         const QString number = index < 0 ? QString() : u"(%1)"_qs.arg(index);
         return dynamic_cast<Control&>(*form->findChild<QWidget*>(QLatin1String(name) + number));
     }
-    void Press(const char* name, int index) { Get<QAbstractButton>(name, index).click(); }
-    void Choose(int mode) { Press("optMode", mode); }
-    void Select(int swatch) { QTest::mouseClick(&Get("lblPalette", swatch), Qt::LeftButton); }
+    void Do(const char* words) { testing::Use(*form, QLatin1String(words)); }
     QLineEdit& Field(int index) { return Get<QLineEdit>("txtDefault", index); }
-    /// Types into a field and moves the focus on to another.
-    void Type(int index, const char* keys, int next) {
-        Field(index).setFocus();
-        QTest::keyClicks(&Field(index), QLatin1String(keys));
-        Field(next).setFocus();
-    }
-    QString SizeFields() {
+    std::string SizeFields() {
         QString all;
         for (int i = 1; i <= 3; ++i) {
             all += Field(i).text() + QLatin1String(Field(i).isEnabled() ? " " : "! ");
         }
-        return all.trimmed();
+        return all.trimmed().toStdString();
     }
-    void Okay() { Press("cmdPrefs", 0); }
-    void Page(int index) { Get<TabStrip>("SSTab1").SetTab(index); }
-    void Menu(Qt::Key letter) {
-        Press("cmdPrefs", 2);
-        QTest::keyClick(QApplication::activePopupWidget(), letter);
-    }
-    void Slide(int index, int value) { Get<QSlider>("scrCol", index).setValue(value); }
     PaletteColours Swatches() {
         PaletteColours colours{};
         std::ranges::generate(colours, [this, i = 0]() mutable {
@@ -87,8 +72,8 @@ TEST_F(PrefsTest, EachControlHasItsPlaceInTheRecordThereAndBack) {
             expected[static_cast<std::size_t>(place + i)] = static_cast<std::uint8_t>(number >> (8 * i));
         }
         Open();
-        testing::Use(*form, QLatin1String(words));
-        Okay();
+        Do(words);
+        Do("@cmdPrefs(0) click");
         EXPECT_EQ(EncodeSettings(Settings), expected);
         Open();
         testing::Use(*form, QString::fromLatin1(words).section(u' ', 0, 0));
@@ -103,20 +88,18 @@ TEST_F(PrefsTest, TheModeTiesTheSizeFields) {
     Settings.iDefaultMode = 1;
     Settings.iDefaultWidth = 8;
     Open();
-    Page(1);
-    EXPECT_EQ(SizeFields(), u"256! 192! 1!"_qs);
-    Choose(0);
-    EXPECT_EQ(SizeFields(), u"256 192 1"_qs);
-    Type(1, "16", 3);
-    Type(3, "7-1x. 23", 2); // digits, as many as there is room for
-    EXPECT_EQ(Field(3).text(), u"71"_qs);
-    Choose(2);
-    Type(2, "20", 1);
-    EXPECT_EQ(SizeFields(), u"16 16 1!"_qs);
-    Type(2, "5", 0);
-    EXPECT_EQ(SizeFields(), u"16 8 1!"_qs);
-    Type(2, "47", 2);
-    QTest::keyClick(&Field(2), Qt::Key_Return); // Okay without a click must not pass 47 on
+    const std::pair<const char*, const char*> rows[] = {
+        {"@txtDefault(0)", "256! 192! 1!"},
+        {"@optMode(0) click", "256 192 1"},
+        {"@txtDefault(1) 16 @txtDefault(3) 7-1x.23", "16 192 71"}, // digits, as many as there is room for
+        {"@optMode(2) click @txtDefault(2) 20 @txtDefault(1)", "16 16 1!"},
+        {"@txtDefault(2) 5 @txtDefault(0)", "16 8 1!"},
+    };
+    for (const auto& [words, sizes] : rows) {
+        Do(words);
+        EXPECT_EQ(SizeFields(), sizes) << words;
+    }
+    Do("@txtDefault(2) 47 Return"); // Okay without a click must not pass 47 on
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(Settings.iDefaultLines, 40);
 }
@@ -124,14 +107,12 @@ TEST_F(PrefsTest, TheModeTiesTheSizeFields) {
 TEST_F(PrefsTest, ALongNumberIsShownWholeAndOnlyMadeShorter) {
     Settings.lDefaultOffset = 1234567;
     Open();
-    Page(1);
-    Field(1).setFocus();
+    Do("@txtDefault(1)");
     for (const char* selected : {"1234567", ""}) { // by the click that brings the focus
         QTest::mouseClick(&Field(0), Qt::LeftButton);
         EXPECT_EQ(Field(0).selectedText(), QLatin1String(selected));
     }
-    QTest::keyClick(&Field(0), Qt::Key_End);
-    QTest::keyClicks(&Field(0), u"8\b9"_qs);
+    Do("End 8 Backspace 9");
     EXPECT_EQ(Field(0).text(), u"123456"_qs);
     QGuiApplication::clipboard()->setText(u"987654321"_qs);
     Field(0).clear();
@@ -145,14 +126,9 @@ TEST_F(PrefsTest, AFaultIsToldOnceAndLeavesAllAsItIs) {
     Settings.lDefaultOffset = -5;
     const auto before = EncodeSettings(Settings);
     Open();
-    Press("chkGeneral", 1);
-    Page(1);
-    Field(1).clear();
-    Field(3).setFocus();
-    QTest::keyClick(&Field(3), Qt::Key_Return);
-    EXPECT_EQ(stage.boxes, std::vector<QString>{u"Preferences|Invalid default offset"_qs});
-    EXPECT_TRUE(form->isVisible() && Field(3).hasFocus());
-    EXPECT_EQ(Get<TabStrip>("SSTab1").CurrentTab(), 1);
+    Do("@chkGeneral(1) click @txtDefault(1) Backspace @txtDefault(3) Return");
+    EXPECT_EQ(stage.boxes, std::vector{u"Preferences|Invalid default offset"_qs});
+    EXPECT_TRUE(form->isVisible() && Field(3).isVisible() && Field(3).hasFocus());
     EXPECT_EQ(EncodeSettings(Settings), before);
 }
 
@@ -162,26 +138,26 @@ TEST_F(PrefsTest, CancelTakesBackTheGradingsOnly) {
     start[0] = 0x70; // red 112, then steps of (208 - 112) / 7 = 13.7
     start[15] = 0;
     const struct {
-        std::function<void()> act;
+        const char* words;
         bool atOnce;       ///< the palette has what the swatches show
         std::size_t index; ///< one of the swatches changed, and its colour afterwards
         Colour colour;
-    } cases[] = {{[this] { Select(9); }, true, 9, standard[9]},
-                 {[this] { Select(2), Slide(1, 77); }, true, 2, ColourOf({208, 77, 0})},
-                 {[this] { Menu(Qt::Key_D); }, true, 15, standard[15]},
-                 {[this] { Menu(Qt::Key_N); }, true, 8, 0x70},
-                 {[this] { Menu(Qt::Key_B); }, true, 7, 0},
-                 {[this] { Menu(Qt::Key_P); }, false, 6, ColourOf({112 + 6 * 14, 180, 180})},
-                 {[this] { Menu(Qt::Key_R); }, false, 14, 0}};
-    for (const auto& one : cases) {
+    } cases[] = {{"@lblPalette(9) click", true, 9, standard[9]},
+                 {"@lblPalette(2) click @scrCol(1) PgUp", true, 2, ColourOf({208, 16, 0})},
+                 {"@cmdPrefs(2) click D", true, 15, standard[15]},
+                 {"@cmdPrefs(2) click N", true, 8, 0x70},
+                 {"@cmdPrefs(2) click B", true, 7, 0},
+                 {"@cmdPrefs(2) click P", false, 6, ColourOf({112 + 6 * 14, 180, 180})},
+                 {"@cmdPrefs(2) click R", false, 14, 0}};
+    for (const auto& [words, atOnce, index, colour] : cases) {
         for (const bool okay : {false, true}) {
             Settings.lPalette = start;
             Open();
-            one.act();
-            const PaletteColours swatches = Swatches(), kept = one.atOnce ? swatches : start;
-            EXPECT_EQ(swatches[one.index], one.colour) << one.index;
+            Do(words);
+            const PaletteColours swatches = Swatches(), kept = atOnce ? swatches : start;
+            EXPECT_EQ(swatches[index], colour) << words;
             EXPECT_EQ(Settings.lPalette, kept);
-            Press("cmdPrefs", okay ? 0 : 1);
+            Do(okay ? "@cmdPrefs(0) click" : "@cmdPrefs(1) click");
             EXPECT_EQ(Settings.lPalette, okay ? swatches : kept);
         }
     }
@@ -189,24 +165,19 @@ TEST_F(PrefsTest, CancelTakesBackTheGradingsOnly) {
 
 TEST_F(PrefsTest, TheSlidersFollowTheSelectedSwatch) {
     Open();
-    Select(9);
+    Do("@lblPalette(9) click");
     EXPECT_EQ(Get<QLabel>("lblCol", 2).text(), u"255"_qs);
     EXPECT_EQ(Get("shpMarker").geometry(), Get("lblPalette", 9).geometry().adjusted(-1, -1, 1, 1));
-    Get("lblPalette", 9).setFocus(); // walked and chosen by keys
-    for (const Qt::Key key :
-         {Qt::Key_Right, Qt::Key_Up, Qt::Key_Up, Qt::Key_Up, Qt::Key_Left, Qt::Key_Space}) {
-        QTest::keyClick(form->focusWidget(), key);
-    }
+    Do("Right Up Up Up Left Space"); // walked and chosen by keys
     EXPECT_EQ(Get("shpMarker").geometry(), Get("lblPalette", 1).geometry().adjusted(-1, -1, 1, 1));
-    Select(9);
-    Menu(Qt::Key_R); // a grading does not touch the sliders, and the next move starts from them
-    Page(3);
-    Get("scrCol", 0).setFocus();
-    testing::TurnWheel(Get("scrCol", 1), 120); // the focus is elsewhere
-    testing::TurnWheel(Get("scrCol", 0), 120);
+    Do("@lblPalette(9) click");
+    Do("@cmdPrefs(2) click R"); // a grading does not touch the sliders, and the next move starts from them
+    Do("@scrCol(0)");
+    testing::TurnWheel(Get("scrCol", 1), {0, 120}); // the focus is elsewhere
+    testing::TurnWheel(Get("scrCol", 0), {0, 120});
     EXPECT_EQ(Settings.lPalette[9], ColourOf({3, 0, 255}));
-    Menu(Qt::Key_P);
-    Menu(Qt::Key_N); // of swatches and palette each copies its own
+    Do("@cmdPrefs(2) click P");
+    Do("@cmdPrefs(2) click N"); // of swatches and palette each copies its own
     EXPECT_NE(Swatches()[9], Settings.lPalette[9]);
     EXPECT_EQ(Settings.lPalette[9], Settings.lPalette[1]);
     EXPECT_EQ(Get<QLabel>("lblCol", 0).text().toInt(), PartsOf(Swatches()[9]).red);
@@ -241,23 +212,19 @@ TEST_F(PrefsTest, PagesTurnByKeysAndClicksAndTakeTheFocus) {
         // clang-format on
     };
     for (const auto& [words, to] : turns) {
-        testing::Use(*form, QLatin1String(words));
+        Do(words);
         EXPECT_TRUE(form->focusWidget() == &Get(to) && Get(to).isVisible()) << words;
     }
 }
 
 TEST_F(PrefsTest, ThePickerGivesBackAnAttributeOrNothing) {
     Open();
-    for (const auto& [button, field] : {std::pair{u"&Cancel"_qs, u"199"_qs}, {u"&Select"_qs, u"71"_qs}}) {
+    for (const auto& [button, field] :
+         {std::pair{"@cmdColour(1) click", u"199"_qs}, {"@cmdColour(0) click", u"71"_qs}}) {
         Field(4).setText(u"199"_qs); // the picker leaves bit 7 out
-        const testing::WhenOpen<frmColours> driver([&button = button](frmColours& picker) {
-            for (auto* one : picker.findChildren<QPushButton*>()) {
-                one->text() == button ? one->click() : void();
-            }
-        });
-        Page(1);
-        Get("cmdPrefs", 4).setFocus();
-        QTest::keyClick(&Get("cmdPrefs", 4), Qt::Key_Return); // not Okay's
+        const testing::WhenOpen<frmColours> driver(
+            [&button = button](frmColours& picker) { testing::Use(picker, QLatin1String(button)); });
+        Do("@cmdPrefs(4) Return"); // not Okay's
         EXPECT_EQ(Field(4).text(), field);
     }
 }

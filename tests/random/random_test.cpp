@@ -105,23 +105,33 @@ class RandomUser : public MainStage {
         });
     }
 
-    /// Buttons are clicked, fields filled; what lies under the mouse is used with the mouse.
-    void UseOneOf(const QWidget& parent) {
+    /// Keys of all kinds, held ones too, numbers and turns for any control.
+    QString SomeWords() {
+        static const QStringList words =
+            u"Ctrl+%1|Alt+%1|%1|+%1|-%1|F%2|Ctrl+F%2|Esc|Return|Backspace|Space|+Space|=Space|-Space|"
+            "Left|Right|Up|Down|PgUp|PgDown|Home|End|Ctrl+Left|Ctrl+Down|Shift+Right|Shift+Up|"
+            "Home Shift+End %3|Home %3|Shift+Home -1|Home 99999999999|"
+            "wheel%4|side%4|shift,wheel%4|ctrl,wheel%4|shift,ctrl,wheel%4|held,wheel%4"_qs.split(u'|');
+        const QString letter = QChar(u'A' + Pick(26));
+        return QString(OneOf(words))
+            .replace(u"%1"_qs, letter)
+            .replace(u"%2"_qs, QString::number(1 + Pick(12)))
+            .replace(u"%3"_qs, QString::number(Pick(Once(2) ? 20 : 1000)))
+            .replace(u"%4"_qs, QString::number(Pick(481) - 240));
+    }
+
+    /// Buttons are clicked; what lies under the mouse, or has the focus, is used with the mouse, keys and the wheel.
+    void UseOneOf(QWidget& parent) {
         QList<QWidget*> controls = parent.findChildren<QWidget*>();
         controls.removeIf([](const QWidget* one) { return !one->isEnabled() || !one->isVisible(); });
         if (controls.isEmpty()) {
             return;
         }
         const QPointer<QWidget> control = OneOf(controls);
-        if (auto* pushed = qobject_cast<QAbstractButton*>(control.data())) {
+        if (auto* pushed = qobject_cast<QAbstractButton*>(control.data()); pushed != nullptr && !Once(4)) {
             pushed->click();
-        } else if (control->inherits("QLineEdit")) {
-            const QString texts[] = {QString::number(Pick(1000)), QString::number(Pick(20)),
-                                     QStringLiteral("-1"), QStringLiteral("99999999999 a")};
-            control->setFocus();
-            QTest::keyClick(control, Qt::Key_Home);
-            QTest::keyClick(control, Qt::Key_End, Once(2) ? Qt::ShiftModifier : Qt::NoModifier);
-            QTest::keyClicks(control, OneOf(texts));
+        } else if (Once(2)) {
+            Use(parent, (Once(2) ? u"@it "_qs : QString()) + SomeWords(), {{u"it"_qs, control}});
         } else {
             const QPointF at(Pick(control->width() + 1), Pick(control->height() + 1));
             const Qt::MouseButton button = Once(4) ? Qt::RightButton : Qt::LeftButton;
@@ -136,17 +146,6 @@ class RandomUser : public MainStage {
                      QPointF at) {
         QMouseEvent event(type, at, to.mapToGlobal(at), button, held, Qt::NoModifier);
         QCoreApplication::sendEvent(&to, &event);
-    }
-
-    void Key() {
-        const std::pair<int, int> strokes[] = {{Qt::Key_0, 10},          {Qt::CTRL | Qt::Key_A, 26},
-                                               {Qt::Key_F1, 12},         {Qt::CTRL | Qt::Key_F1, 6},
-                                               {Qt::Key_Escape, 8},      {Qt::Key_Home, 8},
-                                               {Qt::ALT | Qt::Key_A, 26}};
-        const auto& [first, count] = OneOf(strokes);
-        const auto key = QKeyCombination::fromCombined(first + Pick(count));
-        QWidget* focus = QApplication::focusWidget();
-        QTest::keyClick(focus != nullptr ? focus : MainWindow(), key.key(), key.keyboardModifiers());
     }
 
     /// The mouse over the picture or the block on it. The control that was pressed has the mouse until no button
@@ -167,23 +166,6 @@ class RandomUser : public MainStage {
         const QPointF at(Pick(reach) - reach / 10, Pick(reach) - reach / 10);
         held_ ^= button;
         Send(*grabber_, type, button, held_, at);
-    }
-
-    /// The keys of the picture, held too, and the wheel over anything.
-    void KeyOrTurn(const SnapshotProbe& probe) {
-        QWidget* const over[] = {&probe.Picture(), &probe.Track(), &probe.Box(0), &probe.Spin(2)};
-        const Qt::KeyboardModifiers with[] = {Qt::NoModifier, Qt::NoModifier, Qt::ControlModifier,
-                                              Qt::ShiftModifier};
-        const int keys[] = {Qt::Key_Space, Qt::Key_Space, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Return,
-                            Qt::Key_G,     Qt::Key_D,     Qt::Key_Z,     Qt::Key_S,         Qt::Key_P};
-        const int arrow = Qt::Key_Home + Pick(8), key = Once(2) ? arrow : OneOf(keys);
-        QKeyEvent stroke(Once(3) ? QEvent::KeyRelease : QEvent::KeyPress, key, OneOf(with));
-        QWheelEvent turn({4, 4}, probe.form.mapToGlobal(QPointF(Pick(200), Pick(200))), {},
-                         {Pick(481) - 240, Pick(481) - 240}, held_, OneOf(with) | OneOf(with),
-                         Qt::NoScrollPhase, false);
-        Once(8) ? probe.Picture().setFocus(Qt::TabFocusReason) : void();
-        Once(4) ? QCoreApplication::sendEvent(OneOf(over), &turn)
-                : QCoreApplication::sendEvent(&probe.Picture(), &stroke);
     }
 
     void Tick() {
@@ -211,16 +193,18 @@ class RandomUser : public MainStage {
         const int n = Pick(100);
         if (windows == 0 || (n < 3 && windows < 5)) {
             Click(n % 3 == 0 ? Menu::menu_animation : Menu::menu_open, n % 3 == 0 ? 2 : 0);
-        } else if (n < 60 && active != nullptr) {
-            n < 36 ? Draw({*active}) : n < 48 ? KeyOrTurn({*active}) : UseOneOf(*active);
-        } else if (n < 70) {
-            Key();
-        } else if (n < 78) {
+        } else if (n < 36 && active != nullptr) {
+            Draw({*active});
+        } else if (n < 44 && active != nullptr) {
+            Use(*active, u"@picture "_qs + SomeWords(), {{u"picture"_qs, &SnapshotProbe{*active}.Picture()}});
+        } else if (n < 52) {
             Tick();
-        } else if (n < 90) {
+        } else if (n < 64) {
             Command();
         } else {
-            UseOneOf(n < 95 ? static_cast<QWidget&>(Bar()) : *MainWindow());
+            UseOneOf(n < 80 && active != nullptr ? static_cast<QWidget&>(*active)
+                     : n < 85                    ? static_cast<QWidget&>(Bar())
+                                                 : *MainWindow());
         }
     }
 

@@ -47,17 +47,6 @@ class MainStage : public Stage {
     static void EndRun() { delete MainWindow(); }
 
     static void Click(Menu name, int Index = 0) { MainWindow()->Entry(name, Index)->trigger(); }
-    /// Alt and a letter, then letters in the menu that is open; v stands for the key Down and a line feed for Enter.
-    static void KeyMenu(const char* letters) {
-        for (; *letters != '\0'; ++letters) {
-            QWidget* menu = QApplication::activePopupWidget();
-            const auto key = *letters == 'v'    ? Qt::Key_Down
-                             : *letters == '\n' ? Qt::Key_Return
-                                                : Qt::Key(*letters);
-            menu == nullptr ? QTest::keyClick(MainWindow(), key, Qt::AltModifier)
-                            : QTest::keyClick(menu, key);
-        }
-    }
     /// The buttons of the toolbar from left to right, without those of hidden groups.
     static QList<QToolButton*> Buttons() {
         QList<QToolButton*> buttons;
@@ -73,18 +62,8 @@ class MainStage : public Stage {
         EXPECT_NE(at, buttons.end()) << toolTip;
         return at == buttons.end() ? buttons[0] : *at;
     }
-    /// Up to four, as "Tab, Shift+Tab".
-    static void PressKeys(const char* keys) {
-        const QKeySequence sequence(Latin(keys));
-        for (int i = 0; i < sequence.count(); ++i) {
-            const QKeyCombination key = sequence[static_cast<uint>(i)];
-            QTest::keyClick(KeysGoTo(), key.key(), key.keyboardModifiers());
-        }
-    }
-    static QWidget* KeysGoTo() {
-        QWidget* focus = QApplication::focusWidget();
-        return focus == nullptr ? MainWindow() : focus;
-    }
+    /// Keys, as "Alt+F O".
+    static void Press(const char* keys) { Use(*MainWindow(), QLatin1String(keys)); }
     /// The open windows as the Window menu lists them; the active one is ticked.
     static QList<QAction*> WindowList() {
         QMenu* menu = MainWindow()->Entry(Menu::menu_window)->menu();

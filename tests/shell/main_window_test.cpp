@@ -55,9 +55,11 @@ TEST_F(FileCommands, TheNewestComesInAtTheHeadAndTheOldestFallsOut) {
     EXPECT_EQ(RecentCaption(4), "&4. " + shownA);
 
     // What is opened from the list keeps its place, and is the file with its true name.
-    for (const auto& [keys, file] :
-         {std::pair{"F1", u"B.sna"_qs}, {"F2", u"C.sna"_qs}, {"F3", u"D.sna"_qs}, {"F4", u"A & b.SNA"_qs}}) {
-        KeyMenu(keys);
+    for (const auto& [keys, file] : {std::pair{"Alt+F 1", u"B.sna"_qs},
+                                     {"Alt+F 2", u"C.sna"_qs},
+                                     {"Alt+F 3", u"D.sna"_qs},
+                                     {"Alt+F 4", u"A & b.SNA"_qs}}) {
+        Press(keys);
         EXPECT_EQ(main.ActiveSnapshot()->GetFilename().toStdString(), Path(file).toStdString());
     }
     EXPECT_EQ(iSnapshotCount, 9);
@@ -128,11 +130,11 @@ TEST_F(FileCommands, GoToTheActiveOfTwoWindows) {
     ASSERT_EQ(windows.size(), 2);
     EXPECT_EQ(windows[0]->text(), QStringLiteral("&1 a && b.sna"));
     EXPECT_TRUE(windows[1]->isChecked() && !windows[0]->isChecked());
-    QTest::keyClick(KeysGoTo(), Qt::Key_Tab, Qt::ControlModifier);
+    Press("Ctrl+Tab");
     ASSERT_EQ(main.ActiveForm(), first);
     windows[1]->trigger();
     EXPECT_EQ(main.ActiveSnapshot()->GetZoom(), 4);
-    KeyMenu("W1");
+    Press("Alt+W 1");
     ASSERT_EQ(main.ActiveForm(), first);
     EXPECT_EQ(first->GetZoom(), 1);
     files = {Path(QStringLiteral("copy.sna"))};
@@ -207,7 +209,7 @@ TEST_F(FileCommands, TheMouseStaysWithThePictureFromTheFirstPress) {
     EXPECT_EQ(menu->windowHandle(), nullptr) << "it has never been open";
     QTest::mouseRelease(main.windowHandle(), Qt::RightButton, {}, at(40, 70));
     QTest::mouseRelease(main.windowHandle(), Qt::LeftButton, {}, at(40, 70));
-    QTest::keyClick(KeysGoTo(), Qt::Key_Minus, Qt::AltModifier);
+    Press("Alt+-");
     EXPECT_NE(menu->windowHandle(), nullptr);
 }
 
@@ -219,65 +221,65 @@ struct Command {
 };
 // clang-format off
 const Command kCommands[] = {
-    {'0', "File/Open snapshot",               "FO",       "Ctrl+O",  "Open snapshot",    "asked Open snapshot file..."},
-    {'S', "File/Save",                        "FS",       "Ctrl+S",  "Save snapshot",    "test.sna 6912 127"},
-    {'S', "File/Save As",                     "FA",       "Ctrl+A",  "",                 "1 copy on | asked Save snapshot file as... | copy 6912 127 | panels copy; 6912 bytes; 1x; "},
-    {'S', "File/Export view/Windows Bitmap",  "FEW",      "",        "",                 "asked Save Bitmap file as... | copy 94 66"},
-    {'S', "File/Export view/Raw data",        "FER",      "",        "Export to DAT file", "asked Save Raw file as... | copy 32 127"},
-    {'S', "File/Export selection to BMP",     "FR",       "",        "",                 "asked Save Bitmap file as... | copy 78 66"},
-    {'A', "File/Preferences",                 "FP",       "",        "",                 "asked LMK Preferences | colours c80000 c80000 c80000"},
-    {'0', "File/Exit",                        "FX",       "",        "",                 "LMK.CFG 526 50"},
-    {'S', "Edit/Cut",                         "ET",       "Ctrl+X",  "Cut",              "bar eee eee eeee ee eed | bytes 0 255 0 | clip 32"},
-    {'S', "Edit/Copy",                        "EC",       "Ctrl+C",  "Copy",             "bar eee eee eeee ee eed | clip 32"},
-    {'T', "Edit/Paste",                       "EP",       "Ctrl+V",  "Paste",            "cursor 5 16 16 | net on | tool 1 Draw"},
-    {'D', "Edit/Delete",                      "ED",       "Del",     "",                 "bytes 0 255 0"},
-    {'T', "View/Zoom/1:1",                    "VZ\n",     "",        "",                 "panels test.sna; 6912 bytes; 1x;  | view -20 -30 16 8"},
-    {'S', "View/Zoom/2:1",                    "VZv\n",    "",        "",                 "panels test.sna; 6912 bytes; 2x;  | view 0 0 64 16"},
-    {'A', "View/Zoom/16:1",                   "VZvvvv\n", "",        "",                 "zoom 5"},
-    {'A', "View/File",                        "VF",       "Ctrl+F1", "",                 "File off | bar ddd dddd dd eee"},
-    {'0', "View/Editing",                     "VE",       "Ctrl+F2", "",                 "Editing off | bar edd dddd dd eed"},
-    {'0', "View/Drawing",                     "VD",       "Ctrl+F3", "",                 "Drawing off | bar edd ddd dd eed | tool 2"},
-    {'S', "View/Snapshot",                    "VS",       "Ctrl+F4", "",                 "Snapshot off | bar eee eed eeee eed"},
-    {'0', "View/Animation",                   "VA",       "Ctrl+F5", "",                 "Animation off | bar edd ddd dddd dd"},
-    {'0', "View/Co-ordinates",                "VC",       "Ctrl+F6", "",                 "Co-ordinates off | panel off"},
-    {'T', "Snapshot/Graphics mode",           "SG",       "",        "",                 "Graphics mode on | Text mode off | mode 0"},
-    {'S', "Snapshot/Screen mode",             "SS",       "",        "",                 "Graphics mode off | Screen mode on | mode 1 | numbers 0 256 192 1 | view 0 0 256 192"},
-    {'S', "Snapshot/Text mode",               "ST",       "",        "",                 "Graphics mode off | Text mode on | mode 2 | numbers 0 16 8 1 | view 0 0 16 8"},
-    {'S', "Snapshot/Line masks",              "SL",       "",        "",                 "Graphics mode off | Line masks on | mode 3"},
-    {'S', "Snapshot/Byte masks",              "SB\n",     "",        "",                 "Byte masks on | Graphics mode off | mode 4"},
-    {'S', "Snapshot/Set attributes",          "SBB\n",    "",        "",                 "asked Colours | attribute 120"},
-    {'S', "Snapshot/Animate...",              "SA",       "",        "Create animation", "asked Animation Setup"},
-    {'S', "Snapshot/Flip upside down",        "SF",       "",        "",                 "Flip upside down on | flip -1"},
-    {'T', "Snapshot/Flip upside down",        "SF",       "",        "",                 "Flip upside down off | flip 0"},
-    {'T', "Snapshot/Position at top left",    "SP",       "",        "Position image at top left", "view 0 0 256 128"},
-    {'0', "Animation/New animation",          "AN",       "Ctrl+Q",  "New animation",    "asked Animation Setup"},
-    {'S', "Animation/Open",                   "AO",       "Ctrl+W",  "Open animation",   "asked Open animation file..."},
-    {'A', "Animation/Save",                   "AS",       "Ctrl+E",  "Save animation",   "walk.anm 759 47"},
-    {'A', "Animation/Save as",                "AA",       "Ctrl+R",  "",                 "asked Save animation file as... | copy 759 47"},
-    {'A', "Animation/Export to animated GIF", "AE",       "Ctrl+G",  "",                 "asked LMK V2.00|Sorry, this option is not available yet."},
-    {'S', "Window/Close all",                 "WC",       "Ctrl+K",  "",                 "asked Close all|Are you sure?"},
-    {'0', "Help/About Lumrake",               "HA",       "F12",     "",                 "asked About"},
-    {'0', "Help/Mr Fizzlet's assistance",     "HM",       "F1",      "",                 "Fizzlet on | Mr Fizzlet's assistance on"},
-    {'S', "",                                 "",         "",        "Draw",             "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw"},
-    {'P', "",                                 "",         "",        "Draw",             "cursor 2 16 16 | net off | tool 2 Draw"},
-    {'S', "",                                 "",         "",        "Zoom",             "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom"},
-    {'T', "",                                 "",         "",        "Select",           "cursor 4 16 16 | tool 4 Select"},
-    {'S', "",                                 "",         "",        "Pan",              "bar eee ddd eeee ee eed | cursor 5 16 16 | net off | tool 5 Pan"},
+    {'0', "File/Open snapshot",               "Alt+F O",                            "Ctrl+O",               "Open snapshot",              "asked Open snapshot file..."},
+    {'S', "File/Save",                        "Alt+F S",                            "Ctrl+S",               "Save snapshot",              "test.sna 6912 127"},
+    {'S', "File/Save As",                     "Alt+F A",                            "Ctrl+A",               "",                           "1 copy on | asked Save snapshot file as... | copy 6912 127 | panels copy; 6912 bytes; 1x; "},
+    {'S', "File/Export view/Windows Bitmap",  "Alt+F E W",                          "",                     "",                           "asked Save Bitmap file as... | copy 94 66"},
+    {'S', "File/Export view/Raw data",        "Alt+F E R",                          "",                     "Export to DAT file",         "asked Save Raw file as... | copy 32 127"},
+    {'S', "File/Export selection to BMP",     "Alt+F R",                            "",                     "",                           "asked Save Bitmap file as... | copy 78 66"},
+    {'A', "File/Preferences",                 "Alt+F P",                            "",                     "",                           "asked LMK Preferences | colours c80000 c80000 c80000"},
+    {'0', "File/Exit",                        "Alt+F X",                            "",                     "",                           "LMK.CFG 526 50"},
+    {'S', "Edit/Cut",                         "Alt+E T",                            "Ctrl+X",               "Cut",                        "bar eee eee eeee ee eed | bytes 0 255 0 | clip 32"},
+    {'S', "Edit/Copy",                        "Alt+E C",                            "Ctrl+C",               "Copy",                       "bar eee eee eeee ee eed | clip 32"},
+    {'T', "Edit/Paste",                       "Alt+E P",                            "Ctrl+V",               "Paste",                      "cursor 5 16 16 | net on | tool 1 Draw"},
+    {'D', "Edit/Delete",                      "Alt+E D",                            "Del",                  "",                           "bytes 0 255 0"},
+    {'T', "View/Zoom/1:1",                    "Alt+V Z Return",                     "",                     "",                           "panels test.sna; 6912 bytes; 1x;  | view -20 -30 16 8"},
+    {'S', "View/Zoom/2:1",                    "Alt+V Z Down Return",                "",                     "",                           "panels test.sna; 6912 bytes; 2x;  | view 0 0 64 16"},
+    {'A', "View/Zoom/16:1",                   "Alt+V Z Down Down Down Down Return", "",                     "",                           "zoom 5"},
+    {'A', "View/File",                        "Alt+V F",                            "Ctrl+F1",              "",                           "File off | bar ddd dddd dd eee"},
+    {'0', "View/Editing",                     "Alt+V E",                            "Ctrl+F2",              "",                           "Editing off | bar edd dddd dd eed"},
+    {'0', "View/Drawing",                     "Alt+V D",                            "Ctrl+F3",              "",                           "Drawing off | bar edd ddd dd eed | tool 2"},
+    {'S', "View/Snapshot",                    "Alt+V S",                            "Ctrl+F4",              "",                           "Snapshot off | bar eee eed eeee eed"},
+    {'0', "View/Animation",                   "Alt+V A",                            "Ctrl+F5",              "",                           "Animation off | bar edd ddd dddd dd"},
+    {'0', "View/Co-ordinates",                "Alt+V C",                            "Ctrl+F6",              "",                           "Co-ordinates off | panel off"},
+    {'T', "Snapshot/Graphics mode",           "Alt+S G",                            "",                     "",                           "Graphics mode on | Text mode off | mode 0"},
+    {'S', "Snapshot/Screen mode",             "Alt+S S",                            "",                     "",                           "Graphics mode off | Screen mode on | mode 1 | numbers 0 256 192 1 | view 0 0 256 192"},
+    {'S', "Snapshot/Text mode",               "Alt+S T",                            "",                     "",                           "Graphics mode off | Text mode on | mode 2 | numbers 0 16 8 1 | view 0 0 16 8"},
+    {'S', "Snapshot/Line masks",              "Alt+S L",                            "",                     "",                           "Graphics mode off | Line masks on | mode 3"},
+    {'S', "Snapshot/Byte masks",              "Alt+S B Return",                     "",                     "",                           "Byte masks on | Graphics mode off | mode 4"},
+    {'S', "Snapshot/Set attributes",          "Alt+S B B Return",                   "",                     "",                           "asked Colours | attribute 120"},
+    {'S', "Snapshot/Animate...",              "Alt+S A",                            "",                     "Create animation",           "asked Animation Setup"},
+    {'S', "Snapshot/Flip upside down",        "Alt+S F",                            "",                     "",                           "Flip upside down on | flip -1"},
+    {'T', "Snapshot/Flip upside down",        "Alt+S F",                            "",                     "",                           "Flip upside down off | flip 0"},
+    {'T', "Snapshot/Position at top left",    "Alt+S P",                            "",                     "Position image at top left", "view 0 0 256 128"},
+    {'0', "Animation/New animation",          "Alt+A N",                            "Ctrl+Q",               "New animation",              "asked Animation Setup"},
+    {'S', "Animation/Open",                   "Alt+A O",                            "Ctrl+W",               "Open animation",             "asked Open animation file..."},
+    {'A', "Animation/Save",                   "Alt+A S",                            "Ctrl+E",               "Save animation",             "walk.anm 759 47"},
+    {'A', "Animation/Save as",                "Alt+A A",                            "Ctrl+R",               "",                           "asked Save animation file as... | copy 759 47"},
+    {'A', "Animation/Export to animated GIF", "Alt+A E",                            "Ctrl+G",               "",                           "asked LMK V2.00|Sorry, this option is not available yet."},
+    {'S', "Window/Close all",                 "Alt+W C",                            "Ctrl+K",               "",                           "asked Close all|Are you sure?"},
+    {'0', "Help/About Lumrake",               "Alt+H A",                            "F12",                  "",                           "asked About"},
+    {'0', "Help/Mr Fizzlet's assistance",     "Alt+H M",                            "F1",                   "",                           "Fizzlet on | Mr Fizzlet's assistance on"},
+    {'S', "",                                 "",                                   "",                     "Draw",                       "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw"},
+    {'P', "",                                 "",                                   "",                     "Draw",                       "cursor 2 16 16 | net off | tool 2 Draw"},
+    {'S', "",                                 "",                                   "",                     "Zoom",                       "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom"},
+    {'T', "",                                 "",                                   "",                     "Select",                     "cursor 4 16 16 | tool 4 Select"},
+    {'S', "",                                 "",                                   "",                     "Pan",                        "bar eee ddd eeee ee eed | cursor 5 16 16 | net off | tool 5 Pan"},
     // Keys without an entry, and what has the keyboard afterwards.
-    {'S', "",                                 "",         "Del",              "",        "numbers  16 8 2 | Offset"}, // the box keeps it
-    {'S', "",                                 "",         "Tab, Tab, Del",    "",        " | Width"}, // and a locked one too
-    {'S', "",                                 "",         "Tab, Right",       "",        "numbers 1 16 8 2 | Offset steps"},
-    {'S', "",                                 "",         "Tab, Right, Left", "",        " | Offset steps"},
-    {'S', "",                                 "",         "F6, Right, Right", "",        " | Create animation"},
-    {'0', "",                                 "",         "F6, Right, Right, Space", "", "asked Open animation file... | Open animation"},
-    {'0', "",                                 "",         "F6, Right, Left",  "",        " | Open snapshot"},
-    {'S', "",                                 "",         "F6, Right, Esc",   "",        " | Offset"},
-    {'S', "",                                 "",         "F6, F6",           "",        " | Offset"},
-    {'D', "",                                 "",         "D",                "",        "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw | Picture"},
-    {'D', "",                                 "",         "Z",                "",        "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom | Picture"},
-    {'D', "",                                 "",         "P, S",             "",        "bar eee ddd eeee ee eed | net off | Picture"},
-    {'D', "",                                 "",         "Ctrl+F3, Z",       "",        "Drawing off | bar eee eed ee eed | tool 4 | Picture"}, // a hidden button
-    {'P', "",                                 "",         "Esc",              "",        "cursor 2 16 16 | net off | tool 2 Draw | Offset"},
+    {'S', "",                                 "",                                   "Del",                  "",                           "numbers  16 8 2 | Offset"}, // the box keeps it
+    {'S', "",                                 "",                                   "Tab Tab Del",          "",                           " | Width"}, // and a locked one too
+    {'S', "",                                 "",                                   "Tab Right",            "",                           "numbers 1 16 8 2 | Offset steps"},
+    {'S', "",                                 "",                                   "Tab Right Left",       "",                           " | Offset steps"},
+    {'S', "",                                 "",                                   "F6 Right Right",       "",                           " | Create animation"},
+    {'0', "",                                 "",                                   "F6 Right Right Space", "",                           "asked Open animation file... | Open animation"},
+    {'0', "",                                 "",                                   "F6 Right Left",        "",                           " | Open snapshot"},
+    {'S', "",                                 "",                                   "F6 Right Esc",         "",                           " | Offset"},
+    {'S', "",                                 "",                                   "F6 F6",                "",                           " | Offset"},
+    {'D', "",                                 "",                                   "D",                    "",                           "bar eee ddd eeee ee eed | cursor 2 16 16 | net off | tool 2 Draw | Picture"},
+    {'D', "",                                 "",                                   "Z",                    "",                           "bar eee ddd eeee ee eed | cursor 3 16 16 | net off | tool 3 Zoom | Picture"},
+    {'D', "",                                 "",                                   "P S",                  "",                           "bar eee ddd eeee ee eed | net off | Picture"},
+    {'D', "",                                 "",                                   "Ctrl+F3 Z",            "",                           "Drawing off | bar eee eed ee eed | tool 4 | Picture"}, // a hidden button
+    {'P', "",                                 "",                                   "Esc",                  "",                           "cursor 2 16 16 | net off | tool 2 Draw | Offset"},
 };
 // clang-format on
 
@@ -428,11 +430,8 @@ TEST(Wires, LeadFromMenuKeyAndButtonToTheSame) {
             auto before = program.Look();
             EXPECT_TRUE(before.contains(Latin(command.entry).section(u'/', -1).toStdString()))
                 << command.entry;
-            switch (way) {
-            case 0: program.KeyMenu(command.letters); break;
-            case 1: program.PressKeys(command.key); break;
-            default: QTest::mouseClick(program.Button(command.button), Qt::LeftButton);
-            }
+            way < 2 ? program.Press(ways[way])
+                    : QTest::mouseClick(program.Button(command.button), Qt::LeftButton);
             std::string effect;
             for (const auto& [name, value] : program.Look()) {
                 if (before[name] != value) {
@@ -440,7 +439,7 @@ TEST(Wires, LeadFromMenuKeyAndButtonToTheSame) {
                 }
             }
             if (*command.letters == '\0' && way == 1) {
-                effect += " | " + program.KeysGoTo()->accessibleName().toStdString();
+                effect += " | " + KeysGoTo(*MainWindow())->accessibleName().toStdString();
             }
             EXPECT_EQ(effect, command.effect) << ways[way] << " in " << command.state;
         }
@@ -452,13 +451,13 @@ TEST(Wires, EscLetsABlockGoFromAnAnimationToo) {
     ASSERT_EQ(iCurrentTool, kToolPlacing);
     const auto record = EncodeAnimation(SampleRecord(program.Path(u"test.sna"_qs)));
     ASSERT_TRUE((new frmAnimation)->Launch(program.MakeFile(u"walk.anm"_qs, record)));
-    program.PressKeys("Esc");
+    program.Press("Esc");
     EXPECT_EQ(iCurrentTool, kToolDraw);
 }
 
 TEST(Wires, OptionsOpensTheSnapshotMenu) {
     const Program program('S');
-    QTimer::singleShot(0, [] { Program::KeyMenu("F"); });
+    QTimer::singleShot(0, [] { Program::Press("F"); });
     QTest::mouseClick(&SnapshotProbe{*MainWindow()->ActiveSnapshot()}.Options(), Qt::LeftButton);
     EXPECT_EQ(MainWindow()->ActiveSnapshot()->GetFlip(), -1);
 }

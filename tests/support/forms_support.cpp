@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QMenu>
+#include <QRegularExpression>
+#include <QWheelEvent>
 
 #include <random>
 
@@ -98,25 +100,56 @@ void FromContextMenu(QLineEdit& edit, const char* entry) {
     }
 }
 
-void Use(QWidget& form, const QString& words) {
+void TurnWheel(QWidget& over, QPoint angle, Qt::KeyboardModifiers with, Qt::MouseButtons held) {
+    const QPointF place(4, 4);
+    QWheelEvent turn(place, over.mapToGlobal(place), {}, angle, held, with, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&over, &turn);
+}
+
+QWidget* KeysGoTo(QWidget& window, QWidget* otherwise) {
+    QWidget *popup = QApplication::activePopupWidget(), *focus = QApplication::focusWidget();
+    const bool here = focus != nullptr && focus->window() == window.window();
+    return popup != nullptr ? popup : here ? focus : otherwise != nullptr ? otherwise : &window;
+}
+
+void Use(QWidget& form, const QString& words, const std::map<QString, QWidget*>& names,
+         const std::map<QString, std::function<void()>>& actions) {
     const std::map<QString, Qt::MouseButton> clicks{
         {u"click"_qs, Qt::LeftButton}, {u"right"_qs, Qt::RightButton}, {u"middle"_qs, Qt::MiddleButton}};
-    QWidget* control = form.focusWidget();
+    static const QRegularExpression turn(u"^(?:(.*),)?(wheel|side)(-?[0-9]+)$"_qs);
+    QWidget* control = KeysGoTo(form, form.focusWidget());
     for (const QString& word : words.split(u' ', Qt::SkipEmptyParts)) {
+        const bool isHalf = word.size() > 1 && u"+-="_qs.contains(word[0]);
+        const QKeyCombination key = QKeySequence(isHalf ? word.mid(1) : word)[0];
         if (word[0] == u'@') {
-            control = form.findChild<QWidget*>(word.mid(1));
-            while (!control->isVisible()) {
+            const auto named = names.find(word.mid(1));
+            control = named != names.end() ? named->second : form.findChild<QWidget*>(word.mid(1));
+            for (int page = 1; page < 4 && !control->isVisible(); ++page) {
                 QTest::keyClick(&form, Qt::Key_PageDown, Qt::ControlModifier);
             }
             control->setFocus();
+        } else if (actions.contains(word)) {
+            actions.at(word)();
         } else if (clicks.contains(word)) {
             QTest::mouseClick(control, clicks.at(word), {},
                               {8, 8}); // an option is only as wide as its caption
         } else if (word.startsWith(u"tab"_qs)) {
             const QPoint at = form.findChild<QWidget*>(u"SSTab1"_qs)->pos() + QPoint(word.mid(3).toInt(), 9);
             QTest::mouseClick(form.childAt(at), Qt::LeftButton, {}, form.childAt(at)->mapFrom(&form, at));
-        } else if (QKeySequence(word)[0].key() != Qt::Key_unknown) {
-            QTest::keySequence(control, QKeySequence(word));
+        } else if (const auto turned = turn.match(word); turned.hasMatch()) {
+            const QString with = turned.captured(1);
+            Qt::KeyboardModifiers keys;
+            keys.setFlag(Qt::ShiftModifier, with.contains(u"shift"_qs));
+            keys.setFlag(Qt::ControlModifier, with.contains(u"ctrl"_qs));
+            const QPoint angle(0, turned.captured(3).toInt());
+            TurnWheel(*control, turned.captured(2) == u"side"_qs ? angle.transposed() : angle, keys,
+                      with.contains(u"held"_qs) ? Qt::LeftButton : Qt::NoButton);
+        } else if (isHalf && key.key() != Qt::Key_unknown) {
+            QKeyEvent half(word[0] == u'-' ? QEvent::KeyRelease : QEvent::KeyPress, key.key(),
+                           key.keyboardModifiers(), {}, word[0] == u'=');
+            QCoreApplication::sendEvent(control, &half);
+        } else if (key.key() != Qt::Key_unknown) {
+            QTest::keySequence(KeysGoTo(form, control), QKeySequence(word));
         } else if (word.toUtf8().size() == word.size()) {
             QTest::keyClicks(control, word);
         } else { // no key of the test's has such a character

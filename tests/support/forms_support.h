@@ -8,13 +8,13 @@
 #include <QLineEdit>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QWheelEvent>
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <span>
 #include <string>
@@ -69,17 +69,19 @@ void WaitForActive(QWidget& window);
 /// The titles of the windows that are open, for the message of a wait in vain.
 std::string OpenWindows();
 
-/// Turns the mouse wheel over a control by one notch, upwards when `angle` is 120 and downwards when -120.
-inline void TurnWheel(QWidget& over, int angle) {
-    QWheelEvent turn({4, 4}, {4, 4}, {}, {0, angle}, {}, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&over, &turn);
-}
+/// Turns the mouse wheel over a control; a notch is 120, positive upwards and to the left.
+void TurnWheel(QWidget& over, QPoint angle, Qt::KeyboardModifiers with = {}, Qt::MouseButtons held = {});
 /// Chooses the entry of a context menu whose caption begins so.
 void FromContextMenu(QLineEdit& edit, const char* entry);
+/// What gets the keys: a menu that is open, else what has the focus in this window, else that.
+QWidget* KeysGoTo(QWidget& window, QWidget* otherwise = nullptr);
 /// Does in a window what `words` say, one by one: "@name" brings a control into sight and gives it the focus; there
-/// "click", "right" and "middle" are clicks, keys go by their names, and all else is typed; "tab53" is a click on the
-/// tabs, 53 pixels from their left.
-void Use(QWidget& form, const QString& words);
+/// "click", "right" and "middle" are clicks, keys go by their names, "+Space" and "-Space" are the halves of one and
+/// "=Space" is its repeat, "wheel-120" and "side-120" are turns, "shift,wheel-120" one with a key and "held,wheel-120"
+/// one with a button, and all else is typed; "tab53" is a click on the tabs, 53 pixels from their left. `names` are of
+/// controls that bear none, `actions` are words of the test's own.
+void Use(QWidget& form, const QString& words, const std::map<QString, QWidget*>& names = {},
+         const std::map<QString, std::function<void()>>& actions = {});
 
 /// `count` bytes that look random and are the same in every run.
 std::vector<std::uint8_t> NoiseBytes(std::size_t count, std::uint32_t seed = 1);

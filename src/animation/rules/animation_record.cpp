@@ -12,22 +12,9 @@ namespace {
 
 /// The fields in file order, for both directions.
 template <class Record, class Visitor> void VisitFields(Record& record, Visitor&& visit) {
-    visit(record.sAnimFile);
-    visit(record.sSnapFile);
-    visit(record.sTitle);
-    visit(record.iWidth);
-    visit(record.iLines);
-    visit(record.iZoom);
-    visit(record.lOffset);
-    visit(record.iFrames);
-    visit(record.lStep);
-    visit(record.iPause);
-    visit(record.iRepeat);
-    visit(record.lFileLength);
-    visit(record.byAttribute);
-    visit(record.sNotes);
-    visit(record.iMode);
-    visit(record.iUpsideDown);
+    visit(record.sAnimFile, record.sSnapFile, record.sTitle, record.iWidth, record.iLines, record.iZoom,
+          record.lOffset, record.iFrames, record.lStep, record.iPause, record.iRepeat, record.lFileLength,
+          record.byAttribute, record.sNotes, record.iMode, record.iUpsideDown);
 }
 
 template <class Number>
@@ -71,13 +58,11 @@ AnimationRecord HeldForUse(AnimationRecord record, std::int32_t lSnapLength) {
 }
 
 void CopySettings(const AnimationRecord& from, AnimationRecord& to) {
-    const FixedString<100> sAnimFile = to.sAnimFile;
-    const std::int16_t iZoom = to.iZoom;
-    const std::int32_t lFileLength = to.lFileLength;
-    to = from;
-    to.sAnimFile = sAnimFile;
-    to.iZoom = iZoom;
-    to.lFileLength = lFileLength;
+    AnimationRecord copied = from;
+    copied.sAnimFile = to.sAnimFile;
+    copied.iZoom = to.iZoom;
+    copied.lFileLength = to.lFileLength;
+    to = copied;
 }
 
 std::int32_t FrameOffset(const AnimationRecord& record, std::int16_t iFrame) {

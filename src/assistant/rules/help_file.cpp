@@ -31,15 +31,6 @@ void HelpFields::SkipEnding() {
     }
 }
 
-std::size_t HelpFields::PlaceOf(Mark& mark) const {
-    // The place found is kept until the reader has passed it: a file is read at every move of the mouse, and
-    // so each of its bytes is searched at most once for each of the three characters.
-    if (mark.place == kUnknown || mark.place < at_) {
-        mark.place = std::min(bytes_.find(mark.character, at_), bytes_.size());
-    }
-    return mark.place;
-}
-
 std::string_view HelpFields::Next() {
     SkipBlanks();
     if (!AtEnd() && bytes_[at_] == '"') {
@@ -51,7 +42,7 @@ std::string_view HelpFields::Next() {
         return bytes_.substr(begin, end - begin);
     }
     const std::size_t begin = at_;
-    at_ = std::min({PlaceOf(comma_), PlaceOf(lineFeed_), PlaceOf(carriageReturn_)});
+    at_ = std::min(bytes_.find_first_of(",\n\r", begin), bytes_.size());
     const std::string_view field = bytes_.substr(begin, at_ - begin);
     SkipEnding();
     return field;

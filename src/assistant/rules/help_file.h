@@ -28,19 +28,11 @@ class HelpFields {
     std::string_view Next();
 
   private:
-    struct Mark {
-        char character;
-        std::size_t place = kUnknown;
-    };
-    static constexpr std::size_t kUnknown = static_cast<std::size_t>(-2);
-
     void SkipBlanks();
     void SkipEnding();
-    std::size_t PlaceOf(Mark& mark) const;
 
     std::string_view bytes_;
     std::size_t at_ = 0;
-    Mark comma_{','}, lineFeed_{'\n'}, carriageReturn_{'\r'};
 };
 
 /// The prompt of a help number: the field behind the first one whose first three characters read as

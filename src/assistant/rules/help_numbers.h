@@ -91,7 +91,7 @@ enum HelpNumber : std::int32_t {
     kHelpDefaultLines = 77,
     kHelpDefaultColumns = 78,
     kHelpDefaultAttribute = 79,
-    kHelpFirstMode = 80,
+    // 80 to 84 are those of the display modes (display/modes.h)
     kHelpDefaultColours = 85,
     kHelpFirstSmallChange = 86,
     kHelpFirstLargeChange = 90,

@@ -1,6 +1,7 @@
 #include "shell/rules/settings.h"
 
 #include "base/record_codec.h"
+#include "display/attribute.h"
 
 namespace lumrake {
 
@@ -8,31 +9,11 @@ namespace {
 
 /// The one list of the fields in file order, for both directions.
 template <typename Record, typename Visitor> void VisitFields(Record& record, Visitor visit) {
-    visit(record.sVersion);
-    visit(record.lWindowTop);
-    visit(record.lWindowLeft);
-    visit(record.lWindowWidth);
-    visit(record.lWindowHeight);
-    for (auto& visible : record.bToolbarVisible) {
-        visit(visible);
-    }
-    for (auto& file : record.sRecentFile) {
-        visit(file);
-    }
-    visit(record.bAutoload);
-    visit(record.bPromptSave);
-    visit(record.lDefaultOffset);
-    visit(record.iDefaultWidth);
-    visit(record.iDefaultLines);
-    visit(record.iDefaultColumns);
-    visit(record.iDefaultAttribute);
-    visit(record.iDefaultMode);
-    visit(record.iSmallChange);
-    visit(record.iLargeChange);
-    for (auto& colour : record.lPalette) {
-        visit(colour);
-    }
-    visit(record.bAssistantOn);
+    visit(record.sVersion, record.lWindowTop, record.lWindowLeft, record.lWindowWidth, record.lWindowHeight,
+          record.bToolbarVisible, record.sRecentFile, record.bAutoload, record.bPromptSave,
+          record.lDefaultOffset, record.iDefaultWidth, record.iDefaultLines, record.iDefaultColumns,
+          record.iDefaultAttribute, record.iDefaultMode, record.iSmallChange, record.iLargeChange,
+          record.lPalette, record.bAssistantOn);
 }
 
 constexpr Colour Rgb(Colour red, Colour green, Colour blue) {
@@ -54,26 +35,12 @@ SettingsRecord DecodeSettings(std::span<const std::uint8_t, kSettingsBytes> byte
 }
 
 void SetDefaultSettings(SettingsRecord& settings, std::string_view version, const WindowTwips& window) {
+    settings = SettingsRecord();
     settings.sVersion.Set(version);
     settings.lWindowTop = window.lTop;
     settings.lWindowLeft = window.lLeft;
     settings.lWindowWidth = window.lWidth;
     settings.lWindowHeight = window.lHeight;
-    settings.bToolbarVisible.fill(-1);
-    for (auto& file : settings.sRecentFile) {
-        file.Set("");
-    }
-    settings.bAutoload = 0;
-    settings.bPromptSave = 1;
-    settings.lDefaultOffset = 0;
-    settings.iDefaultWidth = 256;
-    settings.iDefaultLines = 192;
-    settings.iDefaultColumns = 1;
-    settings.iDefaultAttribute = 15;
-    settings.iDefaultMode = 0;
-    settings.iSmallChange = 1;
-    settings.iLargeChange = 1;
-    settings.bAssistantOn = 0;
     SetDefaultPalette(settings);
 }
 
@@ -91,9 +58,8 @@ bool IsSameVersion(const SettingsRecord& settings, std::string_view version) {
 }
 
 Colour AttributeColour(const SettingsRecord& settings, std::int16_t iAttribute, std::string_view sWhich) {
-    const int half = (iAttribute & 64) != 0 ? 8 : 0;
-    const int index = (sWhich == "FORE" ? iAttribute : iAttribute >> 3) & 7;
-    return settings.lPalette[static_cast<std::size_t>(half + index)];
+    return settings.lPalette[static_cast<std::size_t>(sWhich == "FORE" ? lmk::InkColour(iAttribute)
+                                                                       : lmk::PaperColour(iAttribute))];
 }
 
 } // namespace lumrake

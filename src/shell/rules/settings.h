@@ -39,20 +39,21 @@ using Colour = std::int32_t;
 ///
 /// Example: a file of the defaults has "2.00      " at 0, FF FF at 26, 00 01 at 446 and 00 00 D0 00 at 464.
 ///
-/// Fields are taken as they stand in the file, out of range or not: whoever uses one guards itself.
+/// Fields are taken as they stand in the file, out of range or not: whoever uses one guards itself. A new record has the
+/// defaults that are told here.
 struct SettingsRecord {
     FixedString<10> sVersion;
     std::int32_t lWindowTop = 0, lWindowLeft = 0, lWindowWidth = 0, lWindowHeight = 0;
-    std::array<std::int16_t, 6> bToolbarVisible{};
+    std::array<std::int16_t, 6> bToolbarVisible{-1, -1, -1, -1, -1, -1};
     std::array<FixedString<100>, 4> sRecentFile;
     std::int16_t bAutoload = 0;
-    std::int16_t bPromptSave = 0;
+    std::int16_t bPromptSave = 1;
     std::int32_t lDefaultOffset = 0;
-    std::int16_t iDefaultWidth = 0, iDefaultLines = 0, iDefaultColumns = 0;
-    std::int16_t iDefaultAttribute = 0;
+    std::int16_t iDefaultWidth = 256, iDefaultLines = 192, iDefaultColumns = 1;
+    std::int16_t iDefaultAttribute = 15;
     std::int16_t iDefaultMode = 0;
-    std::int16_t iSmallChange = 0, iLargeChange = 0;
-    std::array<Colour, 16> lPalette{};
+    std::int16_t iSmallChange = 1, iLargeChange = 1;
+    std::array<Colour, 16> lPalette{}; ///< its defaults are those of SetDefaultPalette
     std::int16_t bAssistantOn = 0;
 };
 

@@ -18,8 +18,8 @@ const QString kFilter = QStringLiteral("Animation files (*.ANM)|*.ANM|All files 
 
 /// Saves the animation to its own file, unless another program changed that.
 Outcome SaveUnchanged(frmAnimation& animation) {
-    const Outcome unchanged = animation.FindFileUnchanged();
-    return unchanged.IsDone() ? animation.SaveAnimation(animation.GetFilename()) : unchanged;
+    return animation.FindFileUnchanged().Then(
+        [&animation] { return animation.SaveAnimation(animation.GetFilename()); });
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "controls/common_dialog.h"
 #include "disk/files.h"
-#include "disk/texts.h"
 #include "shell/shell.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/child_windows.h"
@@ -40,9 +39,17 @@ bool IsCut(std::size_t slot) {
 
 /// Saves the document to its own file, unless another program changed that.
 Outcome SaveUnchanged(frmSnapshot& document) {
-    const Outcome unchanged = document.FindFileUnchanged();
-    const QString sFile = document.GetFilename();
-    return unchanged.IsDone() ? document.SaveSnap(sFile, FileTitleOf(sFile)) : unchanged;
+    return document.FindFileUnchanged().Then(
+        [&document, sFile = document.GetFilename()] { return document.SaveSnap(sFile, FileTitleOf(sFile)); });
+}
+
+/// Saves it under another name, which enters the recent list.
+Outcome SaveUnder(frmSnapshot& document, const QString& sFile) {
+    Outcome outcome = document.SaveSnap(sFile, FileTitleOf(sFile));
+    if (outcome.IsDone()) {
+        AddRecentFile(sFile);
+    }
+    return outcome;
 }
 
 } // namespace
@@ -99,7 +106,7 @@ void AddRecentFile(const QString& sFile) {
     }
     Settings.sRecentFile[0].Set(sFile.toLower().toStdString());
     truePaths[0] = sFile;
-    ShowRecentFiles();
+    Shell().ShowRecentFiles();
 }
 
 std::array<QString, 4> RecentFiles() {
@@ -114,7 +121,7 @@ std::array<QString, 4> RecentFiles() {
 
 void ResetRecentFiles() {
     truePaths.fill(QString());
-    ShowRecentFiles();
+    Shell().ShowRecentFiles();
 }
 
 bool SaveSnapshot(frmSnapshot& document) {
@@ -123,11 +130,7 @@ bool SaveSnapshot(frmSnapshot& document) {
 
 bool SaveSnapshotAs(frmSnapshot& document) {
     const std::optional<QString> sNewName = AskName(document, kSaveAsTitle, kSaveFilter);
-    if (!sNewName || !TellFailure(document.SaveSnap(*sNewName, FileTitleOf(*sNewName)), kSaveTitle)) {
-        return false;
-    }
-    AddRecentFile(*sNewName);
-    return true;
+    return sNewName && TellFailure(SaveUnder(document, *sNewName), kSaveTitle);
 }
 
 bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
@@ -137,14 +140,7 @@ bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
         return AskName(document, kSaveAsTitle, kSaveFilter);
     };
     const auto save = [&](const QString& sFile) {
-        if (!bAsked) {
-            return SaveUnchanged(document);
-        }
-        const Outcome outcome = document.SaveSnap(sFile, FileTitleOf(sFile));
-        if (outcome.IsDone()) {
-            AddRecentFile(sFile);
-        }
-        return outcome;
+        return bAsked ? SaveUnder(document, sFile) : SaveUnchanged(document);
     };
     return SaveUntilGivenUp(document.GetFilename(), kSaveTitle, askName, save);
 }

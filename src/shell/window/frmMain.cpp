@@ -56,7 +56,6 @@ frmMain::frmMain() {
     setCentralWidget(client);
 
     setAcceptDrops(true);
-    tbrMain->MouseMove = [this](double X) { tbrMain_MouseMove(X); };
     CreateCommands();
     CreateCoordsPanel();
     // The tools have no menu entry, so this is how they are chosen without a mouse.

@@ -16,7 +16,6 @@ class QAction;
 class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
-class QMenu;
 class QTimer;
 
 namespace lumrake {
@@ -78,6 +77,8 @@ class frmMain : public QMainWindow, public ShellNotices {
 
     // ---- the window: frmMain.cpp ----
 
+    /// Closes the children one after the other, each with its question; false as soon as one of them stays.
+    bool CloseChildren();
     /// Unloads the window without a question, whatever is open.
     void Unload() { MDIForm_Unload(); }
 
@@ -121,7 +122,6 @@ class frmMain : public QMainWindow, public ShellNotices {
 
   protected:
     bool event(QEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -169,7 +169,6 @@ class frmMain : public QMainWindow, public ShellNotices {
     int LeastToolbarWidth() const;
     void PlaceCoordsPanel();
     void tbrMain_ButtonClick(int Tool);
-    void tbrMain_MouseMove(double X);
 
     // ---- children ----
     void CreateClient();
@@ -178,8 +177,6 @@ class frmMain : public QMainWindow, public ShellNotices {
     /// Where the next child goes: the first place of a short cascade that no open one stands at.
     QPoint FreePlace() const;
     void ChildActivated(QMdiSubWindow* frame);
-    /// Closes the children one after the other; false as soon as one of them stays.
-    bool CloseChildren();
 
     // ---- what the commands do: one handler for each name, with the index ----
     void menu_open_Click(int Index);

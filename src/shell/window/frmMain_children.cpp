@@ -7,6 +7,7 @@
 #include "assistant/rules/help_numbers.h"
 #include "controls/message_box.h"
 #include "controls/spoken.h"
+#include "controls/watch.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
@@ -54,8 +55,7 @@ void frmMain::CreateClient() {
     mdiClient->setActivationOrder(QMdiArea::ActivationHistoryOrder);
     mdiClient->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mdiClient->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    mdiClient->viewport()->setMouseTracking(true);
-    mdiClient->viewport()->installEventFilter(this);
+    SetHelp(mdiClient->viewport(), kHelpNone);
     connect(mdiClient, &QMdiArea::subWindowActivated, this, &frmMain::ChildActivated);
 }
 
@@ -171,17 +171,6 @@ void frmMain::menu_closeall_Click(int) {
         }
         ChildFrame(active)->close();
     }
-}
-
-bool frmMain::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseMove) {
-        // Moves that a child leaves alone arrive here as well; those are the child's business.
-        const QPoint place = static_cast<QMouseEvent*>(event)->position().toPoint();
-        if (mdiClient->viewport()->childAt(place) == nullptr) {
-            ShowPrompt(kHelpNone);
-        }
-    }
-    return QMainWindow::eventFilter(watched, event);
 }
 
 } // namespace lumrake

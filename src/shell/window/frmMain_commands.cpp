@@ -3,7 +3,6 @@
 
 #include "about/frmAbout.h"
 #include "animation/frmAnimation.h"
-#include "disk/files.h"
 #include "preferences/frmPrefs.h"
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"

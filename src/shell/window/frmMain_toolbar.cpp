@@ -103,8 +103,4 @@ void frmMain::tbrMain_ButtonClick(int Tool) {
     }
 }
 
-void frmMain::tbrMain_MouseMove(double X) {
-    ShowPrompt(tbrMain->HelpAtX(X));
-}
-
 } // namespace lumrake

@@ -30,11 +30,12 @@ void EndUnasked() {
 void EndOfSession(QSessionManager& session) {
     KeepAllDocuments();
     frmMain* main = findMainWindow();
-    if (main == nullptr || !session.allowsInteraction()) {
-        EndUnasked();
-    } else if (!main->close()) {
+    if (main != nullptr && session.allowsInteraction() && !main->CloseChildren()) {
         session.cancel();
+        return;
     }
+    // Behind the answer to the session, which an end before it would leave out.
+    QMetaObject::invokeMethod(qGuiApp, EndUnasked, Qt::QueuedConnection);
 }
 
 } // namespace

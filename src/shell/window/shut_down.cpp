@@ -10,18 +10,15 @@ namespace lumrake {
 
 namespace {
 
-std::function<void()>& ProcessEnd() {
-    static std::function<void()> end;
-    return end;
-}
+std::function<void()> processEnd; // in place of the real one
 
 } // namespace
 
 void ShutDown() {
     SaveSettings();
     EndRecoveryRun();
-    if (ProcessEnd()) {
-        ProcessEnd()();
+    if (processEnd) {
+        processEnd();
         return;
     }
     // At once: a command may still be waiting in a loop of events further up, and nothing is left to do.
@@ -29,7 +26,7 @@ void ShutDown() {
 }
 
 void SetProcessEnd(std::function<void()> end) {
-    ProcessEnd() = std::move(end);
+    processEnd = std::move(end);
 }
 
 } // namespace lumrake

@@ -21,23 +21,13 @@ std::int32_t SpinTo(std::int32_t lValue, bool bUp, const ValueLimits& limits) {
     return static_cast<std::int32_t>(wanted);
 }
 
-TypedValue TypedCount(std::int32_t lNumber, std::int32_t lMost) {
-    const std::int32_t held = std::clamp(lNumber, 1, lMost);
-    return {held, held != lNumber};
-}
-
-TypedValue TypedOffset(std::int32_t lNumber, std::int32_t lFileLength) {
-    const std::int32_t held = std::clamp(lNumber, 0, lFileLength - 1);
-    return {held, held != lNumber};
-}
-
 ViewNumbers DefaultView(const SettingsRecord& settings, std::int32_t lFileLength) {
     const auto hold = [](std::int32_t value, std::int32_t least, std::int32_t most) {
         return static_cast<std::int16_t>(std::clamp(value, least, most));
     };
     ViewNumbers view;
     view.lFileLength = lFileLength;
-    view.lOffset = TypedOffset(settings.lDefaultOffset, lFileLength).lValue;
+    view.lOffset = std::clamp(settings.lDefaultOffset, 0, lFileLength - 1);
     view.iWidth = hold(settings.iDefaultWidth / 8 * 8, kLeastWidth, kMostWidth);
     view.iLines = hold(settings.iDefaultLines, 1, kMostLines);
     view.iColumns = hold(settings.iDefaultColumns, 1, kMostColumns);

@@ -23,17 +23,6 @@ std::array<ValueLimits, 4> SpinLimits(std::int32_t lFileLength);
 /// limits or between two steps is taken as it stands (13 lines go up to 21, down to 8).
 std::int32_t SpinTo(std::int32_t lValue, bool bUp, const ValueLimits& limits);
 
-/// What a number typed into a box means: the value that the view takes, and whether the user is to be told
-/// that it was out of range.
-struct TypedValue {
-    std::int32_t lValue = 0;
-    bool bOutOfRange = false;
-};
-/// `lNumber` as the view's lines or columns: 1 to `lMost`.
-TypedValue TypedCount(std::int32_t lNumber, std::int32_t lMost);
-/// `lNumber` as an offset into a file of `lFileLength` bytes: 0 to lFileLength - 1.
-TypedValue TypedOffset(std::int32_t lNumber, std::int32_t lFileLength);
-
 /// The view that a file opens with: the defaults of the settings brought into the limits of a view, zoom 1:1,
 /// not flipped. A width between two multiples of 8 is cut down, an unknown mode is Graphics, an offset at or
 /// behind the end of the file is the last byte. `lFileLength` is at least 1. The mode's own demands are not
