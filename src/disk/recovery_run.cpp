@@ -27,14 +27,14 @@ struct Run {
 Run run;
 
 QString Folder() {
-#if defined(Q_OS_WIN)
-    const QString state = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-#else
     QString state = QFile::decodeName(qgetenv("XDG_STATE_HOME"));
     if (!QDir::isAbsolutePath(state)) { // as its rules say, and when there is none
+#if defined(Q_OS_WIN)
+        state = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+#else
         state = QDir::home().filePath(QStringLiteral(".local/state"));
-    }
 #endif
+    }
     return state + QLatin1String("/lumrake");
 }
 

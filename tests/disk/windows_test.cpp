@@ -31,7 +31,7 @@ TEST(WindowsFiles, AreReplacedWithTheirAttributesOrLeftAlone) {
     constexpr Case kCases[] = {
         {"plain.sna",     FILE_ATTRIBUTE_ARCHIVE,                          kNobody,          nullptr},
         {"hidden.sna",    FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_HIDDEN,  kNobody,          nullptr},
-        {"protected.sna", FILE_ATTRIBUTE_READONLY,                         kNobody,          "The file is write-protected."},
+        {"protected.sna", FILE_ATTRIBUTE_ARCHIVE | FILE_ATTRIBUTE_READONLY,                         kNobody,          "The file is write-protected."},
         {"held.sna",      FILE_ATTRIBUTE_ARCHIVE,                          0,                ""},
         {"read.sna",      FILE_ATTRIBUTE_ARCHIVE,                          FILE_SHARE_READ,  ""},
     };

@@ -390,7 +390,7 @@ class Program : public MainStage {
         seen["numbers"] = probe.Texts();
         seen["net"] = probe.Net().Visible ? "on" : "off";
         seen["clip"] = text(frmClip::Instance().GetData().size());
-        seen["panels"] = probe.Status().accessibleDescription().section(u'/', -1).toStdString();
+        seen["panels"] = probe.Status().accessibleDescription().section(QDir::separator(), -1).toStdString();
     }
     /// Dialogs are cancelled, but for the picker, where another colour is taken; in the preferences black has become
     /// red by then.

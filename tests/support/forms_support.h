@@ -4,6 +4,7 @@
 #include "controls/message_box.h"
 #include "shell/shell.h"
 
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -41,7 +42,7 @@ class Stage : public ShellNotices {
     /// How often a notice came since the last call.
     int TakeNotices(const QString& notice);
 
-    QString Path(const QString& name) const { return directory_.filePath(name); }
+    QString Path(const QString& name) const { return QDir::toNativeSeparators(directory_.filePath(name)); }
     QString MakeFile(const QString& name, std::span<const std::uint8_t> bytes) const;
     std::vector<std::uint8_t> ReadFile(const QString& name) const;
 

@@ -7,6 +7,7 @@
 #include "shell/window/child_windows.h"
 #include "snapshot/frmSnapshot.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -56,7 +57,8 @@ Outcome SaveUnder(frmSnapshot& document, const QString& sFile) {
 
 void OpenSnapshotFile(const QString& sFile) {
     if (!sFile.isEmpty()) {
-        const QString sFullName = QFileInfo(sFile).absoluteFilePath(); // a bare name has no title
+        const QString sFullName = // a bare name has no title
+            QDir::toNativeSeparators(QFileInfo(sFile).absoluteFilePath());
         OpenWindow<frmSnapshot>(sFullName, FileTitleOf(sFullName));
         return;
     }
@@ -86,8 +88,8 @@ void OpenRecentFile(std::size_t slot) {
 
 void OpenDroppedFiles(const QList<QUrl>& dropped) {
     for (const QUrl& url : dropped) {
-        const QString sFile =
-            url.isLocalFile() ? url.toLocalFile() : url.toDisplayString(); // which is not found
+        const QString sFile = url.isLocalFile() ? QDir::toNativeSeparators(url.toLocalFile())
+                                                : url.toDisplayString(); // which is not found
         if (sFile.endsWith(QLatin1String(".ANM"), Qt::CaseInsensitive)) {
             OpenAnimationFile(sFile);
             continue;
