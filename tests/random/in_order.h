@@ -1,6 +1,7 @@
 #pragma once
 
 #include "animation/anim_support.h"
+#include "display/modes.h"
 #include "shell/main_stage.h"
 #include "snapshot/frmClip.h"
 #include "snapshot/snapshot_probe.h"
@@ -24,6 +25,8 @@ template <class Form> std::vector<Form*> Forms() {
     }
     return forms;
 }
+
+constexpr int kLastMode = static_cast<int>(lmk::kModes.size()) - 1;
 
 /// Looks over the whole program between two events: numbers in their limits, pictures that show the bytes, a screen
 /// that is up to date, commands that are on when there is something for them.
@@ -80,9 +83,9 @@ class Inspector {
         const auto in = [](int value, int least, int most) { return value >= least && value <= most; };
         Expect(in(view.lOffset, 0, view.lFileLength - 1) && in(view.iWidth, isScreen ? 256 : 8, 256) &&
                    view.iWidth % 8 == 0 && in(view.iLines, isScreen ? 192 : 1, isScreen ? 192 : 512) &&
-                   in(view.iColumns, 1, isScreen || view.iMode == kText ? 1 : 16) && in(view.iMode, 0, 4) &&
-                   in(view.iZoom, 1, 5) && view.iZoomFactor == 1 << (view.iZoom - 1) &&
-                   in(view.iUpsideDown, 0, 1),
+                   in(view.iColumns, 1, isScreen || view.iMode == kText ? 1 : 16) &&
+                   in(view.iMode, 0, kLastMode) && in(view.iZoom, 1, 5) &&
+                   view.iZoomFactor == 1 << (view.iZoom - 1) && in(view.iUpsideDown, 0, 1),
                "out of limits: " + probe.Texts() + " mode " + std::to_string(view.iMode));
         const PicturePixel at = probe.form.Cell();
         Expect(in(at.x, 0, view.PictureWidth()) && in(at.y, 0, view.iLines), "the cell lies outside");
@@ -146,7 +149,7 @@ class Inspector {
         // clang-format off
         const std::tuple<bool, Menu, int, int> commands[] = { // whether they are on, their first and last index
             {snapshot, Menu::menu_save, 0, 0},        {snapshot, Menu::menu_saveas, 0, 0},
-            {snapshot, Menu::menu_exportviews, 0, 0}, {snapshot, Menu::menu_mode, 0, 4},
+            {snapshot, Menu::menu_exportviews, 0, 0}, {snapshot, Menu::menu_mode, 0, kLastMode},
             {snapshot, Menu::menu_snapshot, 0, 3},    {snapshot, Menu::tbrMain, kToolDraw, kToolPan},
             {animation, Menu::menu_animation, 3, 4},  {animation, Menu::menu_animationtogif, 0, 0},
             {any, Menu::menu_zoomopt, 0, 0},
@@ -166,7 +169,7 @@ class Inspector {
             net = shape.Visible && !shape.Frame && shape.Width > 1;
             open = shape.Visible && !shape.Frame &&
                    (pressed || !shape.Dotted || shape.Width <= probe.View().iZoomFactor);
-            for (int mode = 0; mode <= 4; ++mode) {
+            for (int mode = 0; mode <= kLastMode; ++mode) {
                 Expect(main.Entry(Menu::menu_mode, mode)->isChecked() == (form->GetMode() == mode),
                        "tick of modes");
             }
