@@ -6,6 +6,7 @@
 #include "snapshot/frmClip.h"
 #include "snapshot/snapshot_probe.h"
 
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QScreen>
 
@@ -116,11 +117,13 @@ class Inspector {
     void CheckScreen() {
         QWidget& main = *MainWindow();
         QImage shown, fresh;
-        for (int rounds = 0; rounds < 3 && (rounds == 0 || shown != fresh); ++rounds) {
-            QCoreApplication::processEvents(); // a window that just came up is painted in its turn
+        QElapsedTimer since; // the platform takes some milliseconds to ask for a painting
+        since.start();
+        do {
+            QCoreApplication::processEvents();
             shown = main.screen()->grabWindow(main.winId()).toImage();
             fresh = main.grab().toImage().convertToFormat(shown.format());
-        }
+        } while (shown != fresh && !since.hasExpired(5000));
         Expect(shown == fresh, "something was not repainted");
     }
 
