@@ -30,8 +30,11 @@ void SetFace(QWidget& control, const ControlRow& row) {
     if (auto* frame = qobject_cast<QGroupBox*>(&control)) {
         frame->setTitle(face);
     } else if (auto* label = qobject_cast<QLabel*>(&control)) {
-        isDrawing ? label->setPixmap(LoadPicture(face, label->size(), label->devicePixelRatioF()))
-                  : label->setText(face);
+        if (isDrawing) {
+            label->setPixmap(LoadPicture(face, label->size(), label->devicePixelRatioF()));
+        } else {
+            label->setText(face);
+        }
     } else if (auto* button = qobject_cast<QAbstractButton*>(&control); button == nullptr) {
         control.setAccessibleName(face);
     } else if (isDrawing) {
