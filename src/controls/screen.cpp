@@ -105,6 +105,9 @@ void HoldOnScreen(QWidget& window) {
 }
 
 void PinLook() {
+    // The toolkit copies the pixels of a control that moves, the cell on a picture with them, and then takes the
+    // control for one that nothing lies over: it would be painted over other windows and the assistant.
+    qputenv("QT_NO_FAST_MOVE", "1");
     QApplication::setStyle(new Look);
     const QString family = QStringLiteral("DejaVu Sans");
     if (!QFontDatabase::hasFamily(family)) { // it may lie beside the program

@@ -38,7 +38,8 @@ void CentreOnScreen(QWidget& window);
 /// does not fit. One that is too large even then loses its right and lower edge.
 void HoldOnScreen(QWidget& window);
 
-/// Fixes the look that the forms are laid out for: the widget style and the font, in logical pixels.
+/// Fixes the look that the forms are laid out for: the widget style and the font, in logical pixels; and that a control
+/// that moved is painted anew. Before the first window.
 void PinLook();
 
 } // namespace lumrake

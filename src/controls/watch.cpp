@@ -59,7 +59,8 @@ bool Watcher::eventFilter(QObject* control, QEvent* event) {
         const bool in = event->type() == QEvent::FocusIn;
         const auto& handler = in ? GotFocus : LostFocus;
         const bool speaks = in && (speaksOn & kOnFocus) != 0;
-        if (!(handler || speaks) || !IsMoveOfFocus(static_cast<QFocusEvent*>(event)->reason())) {
+        if (!(handler || speaks) || !IsMoveOfFocus(static_cast<QFocusEvent*>(event)->reason()) ||
+            !static_cast<QWidget*>(control)->isVisible()) { // then its form is closed, and may be half gone
             return false;
         }
         const QPointer<Watcher> here(this);

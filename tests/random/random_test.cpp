@@ -39,21 +39,32 @@ class RandomUser : public MainStage {
             Begin();
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Pass(*MainWindow(), QEvent(QEvent::UpdateRequest));
         const std::string faults = inspector_.Faults(held_ != 0);
         EXPECT_EQ(faults, "");
         return faults.empty();
     }
 
   private:
-    /// Lets no timer tick but those of painting and of this test itself.
+    /// Lets no timer tick but those of dialogs' painting and of this test itself, and keeps the main window from
+    /// painting.
     class Clock : public QObject {
       public:
         bool eventFilter(QObject* watched, QEvent* event) override {
-            return event->type() == QEvent::Timer && !open && !watched->isWindowType() &&
-                   qstrcmp(watched->metaObject()->className(), "QSingleShotTimer") != 0;
+            const bool ticks = event->type() == QEvent::Timer && !watched->isWindowType() &&
+                               qstrcmp(watched->metaObject()->className(), "QSingleShotTimer") != 0;
+            const bool paints = event->type() == QEvent::UpdateRequest && watched == MainWindow();
+            return !open && (ticks || paints);
         }
         bool open = false;
     };
+
+    /// What the clock keeps back otherwise.
+    void Pass(QObject& to, QEvent&& event) {
+        clock_.open = true;
+        QCoreApplication::sendEvent(&to, &event);
+        clock_.open = false;
+    }
 
     int Pick(int count) { return static_cast<int>(random_() % static_cast<unsigned>(count)); }
     bool Once(int in) { return Pick(in) == 0; }
@@ -127,18 +138,23 @@ class RandomUser : public MainStage {
         if (controls.isEmpty()) {
             return;
         }
-        const QPointer<QWidget> control = OneOf(controls);
-        if (auto* pushed = qobject_cast<QAbstractButton*>(control.data()); pushed != nullptr && !Once(4)) {
-            pushed->click();
-        } else if (Once(2)) {
+        QPointer<QWidget> control = OneOf(controls);
+        const bool clicked = qobject_cast<QAbstractButton*>(control.data()) != nullptr && !Once(4);
+        if (!clicked && Once(2)) {
             Use(parent, (Once(2) ? u"@it "_qs : QString()) + SomeWords(), {{u"it"_qs, control}});
-        } else {
-            const QPointF at(Pick(control->width() + 1), Pick(control->height() + 1));
-            const Qt::MouseButton button = Once(4) ? Qt::RightButton : Qt::LeftButton;
-            Send(*control, QEvent::MouseButtonPress, button, button, at);
-            if (control) {
-                Send(*control, QEvent::MouseButtonRelease, button, Qt::NoButton, at);
-            }
+            return;
+        }
+        const QPoint at = clicked ? control->rect().center()
+                                  : QPoint(Pick(control->width() + 1), Pick(control->height() + 1));
+        const Qt::MouseButton button = !clicked && Once(4) ? Qt::RightButton : Qt::LeftButton;
+        const QPoint inWindow = control->mapTo(control->window(), at);
+        if (QWidget* above = control->window()->childAt(inWindow)) { // as a real mouse finds it
+            control = above;
+        }
+        const QPointF place = control->mapFrom(control->window(), inWindow);
+        Send(*control, QEvent::MouseButtonPress, button, button, place);
+        if (control) {
+            Send(*control, QEvent::MouseButtonRelease, button, Qt::NoButton, place);
         }
     }
 
@@ -171,10 +187,9 @@ class RandomUser : public MainStage {
     void Tick() {
         for (frmAnimation* animation : Forms<frmAnimation>()) {
             QTimer& timer = AnimationProbe{*animation}.Timer();
-            QTimerEvent tick(timer.timerId());
-            clock_.open = timer.isActive();
-            QCoreApplication::sendEvent(&timer, &tick);
-            clock_.open = false;
+            if (timer.isActive()) {
+                Pass(timer, QTimerEvent(timer.timerId()));
+            }
         }
     }
 

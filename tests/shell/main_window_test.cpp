@@ -161,7 +161,11 @@ TEST_F(FileCommands, MaximisedWindowsFollowEachOtherAndTheListTellsThemApart) {
         return text;
     };
     Open(a);
-    ChildFrame(main.ActiveForm())->showMaximized();
+    auto& frame = dynamic_cast<QMdiSubWindow&>(*ChildFrame(main.ActiveForm()));
+    frame.systemMenu()->actions()[1]->trigger();
+    frame.showMaximized();
+    QTest::keyClick(&frame, Qt::Key_Right);
+    ASSERT_EQ(frame.pos(), QPoint()) << "Move waited for keys";
     Open(a);
     EXPECT_EQ(shown(), u"max|:1|:2"_qs);
     Open(Snapshot(u"in/A & b.SNA"_qs));

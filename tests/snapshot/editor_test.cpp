@@ -103,18 +103,25 @@ TEST_F(Editor, NetAndPixelsLeaveNothingBehind) {
     const QWidget& box = window.Container();
     const auto shown = [&, at = box.mapTo(&area, QPoint())] {
         QCoreApplication::processEvents();
+        QEvent paint(QEvent::UpdateRequest); // the platform would ask for it some milliseconds later
+        QCoreApplication::sendEvent(&area, &paint);
         return area.screen()->grabWindow(area.winId(), at.x(), at.y(), box.width(), box.height()).toImage();
     };
     const auto at = [](int i) { return static_cast<float>(20 + i * 37 % 150); };
     testing::WaitForActive(area);
     const QImage plain = shown();
     window.Picture().setFocus(Qt::TabFocusReason);
-    for (int i = 0; i < 40; ++i) { // the cell, beyond the edges too
+    for (int i = 0; i < 40; ++i) { // the cell, beyond the edges too, and with a picture that moves
+        if (i == 20) {
+            window.form.SetZoom(3);
+        }
         window.form.MoveCell(i * 37 % 256, i * 53 % 192);
         const QImage parts = shown();
         window.Picture().update();
         ASSERT_EQ(shown(), parts) << "cell at move " << i;
     }
+    window.form.SetZoom(1);
+    window.form.SetPosition(0, 0);
     window.Bar().setFocus();
     EXPECT_EQ(shown(), plain);
     for (const std::int16_t tool : {kToolNet, kToolDraw}) {

@@ -14,6 +14,7 @@
 #include "snapshot/frmSnapshot.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -37,6 +38,15 @@ class DocumentFrame : public QMdiSubWindow {
                          event->globalPosition(), Qt::NoButton, Qt::NoButton, event->modifiers());
         mouseMoveEvent(&move);
         QMdiSubWindow::mousePressEvent(event);
+    }
+    /// Size or Move of its menu may wait for keys still when it is maximised. Moved then, it and the bars of the area
+    /// would push each other without an end.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (isMaximized()) {
+            event->ignore();
+        } else {
+            QMdiSubWindow::keyPressEvent(event);
+        }
     }
     /// The area maximises whatever comes in front of a maximised document. What has one size keeps it.
     void changeEvent(QEvent* event) override {
