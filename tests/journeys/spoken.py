@@ -125,6 +125,7 @@ prompt = find("check box", "Prompt to save")
 prompt.queryComponent().grabFocus()
 find("alert", "Tick this and LMK asks you")
 act(prompt, "Toggle")
-act(find("push button", "Okay"))
+act(find("push button", "Okay"))  # goes down, and up a moment later
+wait_for("the dialog's end", lambda: not pyatspi.findDescendant(application(), lambda one: one.getRoleName() == "dialog"))
 choose("File", "Exit")
 sys.exit(program.wait(PATIENCE))
