@@ -79,8 +79,6 @@ constexpr ControlRow kRows[] = {
 
 frmAnimSetup::frmAnimSetup(AnimationRecord& settings) : QDialog(DialogOwner()), settings_(settings) {
     setWindowTitle(QStringLiteral("Animation Setup"));
-    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowCloseButtonHint);
     setFixedSize(kDialogWidth, kDialogHeight);
     CreateControls();
     ConnectControls();

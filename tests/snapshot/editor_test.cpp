@@ -218,6 +218,7 @@ struct Placing : testing::SnapshotTest {
         EXPECT_EQ(where.ClipPlace(), block);
         EXPECT_EQ(where.Net(), FrameOf(block));
         EXPECT_TRUE(where.Net().Visible && !where.Clip().isHidden());
+        EXPECT_EQ(where.Clip().grab().toImage().pixel(0, 0), frmClip::Instance().picClip.foreColour);
     }
     void ExpectOver(const SnapshotProbe& where, std::int16_t iTool, const Bytes& memory) {
         EXPECT_EQ(iCurrentTool, iTool);
