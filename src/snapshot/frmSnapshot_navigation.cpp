@@ -64,8 +64,7 @@ void frmSnapshot::RestAddressBar() {
 void frmSnapshot::scrAddr_Change(int newValue) {
     const std::int32_t lNewOffset =
         ScrolledOffset(view, scrAddr->value(), newValue, Settings.iSmallChange, Settings.iLargeChange);
-    view.lOffset = lNewOffset;
-    txtValue[kOffsetValue]->Write(QString::number(lNewOffset));
+    txtValue[kOffsetValue]->Write(QString::number(lNewOffset)); // which takes it on
     PlaceScrollThumb();
 }
 

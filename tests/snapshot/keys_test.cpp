@@ -102,6 +102,16 @@ TEST_F(Keys, DoWhatTheTableSays) {
     }
 }
 
+TEST_F(Keys, TheByteUnderTheCellIsToldBesideThePicture) {
+    const SnapshotProbe window = Open(std::vector<std::uint8_t>(2000));
+    const QRect lines(window.Box(3).geometry().bottomLeft() + QPoint(0, 2),
+                      window.Options().geometry().topRight() - QPoint(0, 2));
+    const auto shown = [&] { return window.form.grab(lines).toImage(); };
+    const QImage bare = shown();
+    Do(window, "Right");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown() != bare; }, 60000));
+}
+
 TEST_F(Keys, TheGridLiesBetweenThePixelsFrom8xUp) {
     const SnapshotProbe window = Open(std::vector<std::uint8_t>(2000));
     for (const std::int16_t zoom : {std::int16_t{3}, std::int16_t{4}}) {
