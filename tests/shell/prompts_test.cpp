@@ -232,7 +232,8 @@ TEST_F(Prompts, AnimationSetup) {
         {0, "cboAnimSetup", 0, 2, 51, 51}, {0, "txtAnimSetup", 2, 6, 53, 53}, {0, "chkAnimSetup", 0, 1, 59, 59},
         {0, "cmdSetup",     4, 1, 60, 60}, {0, "cmdSetup",     0, 2, 61, 61}, {1, "txtAnimSetup", 8, 1, 63, 63},
     };
-    const std::pair<QPoint, int> kTabs[] = {{{51, 18}, 46}, {{52, 9}, 0}, {{56, 3}, 47}, {{94, 9}, 47}, {{95, 9}, 0}, {{360, 225}, 0}};
+    const std::pair<QPoint, int> kTabs[] = {
+        {{51, 18}, 46}, {{52, 9}, 0}, {{56, 3}, 47}, {{94, 9}, 47}, {{95, 9}, 0}, {{360, 225}, 0}};
     // clang-format on
     frmAnimSetup form(GlobalAnim);
     Open(form, 48);

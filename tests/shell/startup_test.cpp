@@ -45,8 +45,9 @@ TEST(Startup, TheWindowTakesOnWhatTheSettingsSay) {
     frmMain& main = stage.Start();
     EXPECT_TRUE(stage.boxes.empty());
     // Groups 2, 3 and 5; the separators of the hidden ones take no room either.
-    for (int group = 1; group <= 6; ++group) {
-        EXPECT_EQ(main.Entry(Menu::menu_toolbar, group)->isChecked(), group % 3 == 2 || group == 3);
+    for (std::size_t group = 0; group < 6; ++group) {
+        EXPECT_EQ(main.Entry(Menu::menu_toolbar, static_cast<int>(group) + 1)->isChecked(),
+                  stored.bToolbarVisible[group] != 0);
     }
     EXPECT_EQ(stage.Buttons().back()->geometry(), QRect(9 * 24 + 3 * 8, 3, 24, 23));
     EXPECT_FALSE(MainProbe::Coords(main).isVisible());
