@@ -8,7 +8,6 @@
 #include "disk/texts.h"
 #include "shell/shell.h"
 
-#include <QCloseEvent>
 #include <QPointer>
 
 #include <algorithm>
@@ -20,10 +19,18 @@ namespace {
 
 const QString kTitle = QStringLiteral("Animation");
 
+const DocumentKind kKind{iAnimationCount,
+                         QStringLiteral("ANIMATION"),
+                         kTitle,
+                         kTitle,
+                         QStringLiteral("Save animation file as..."),
+                         kAnimationFilter,
+                         false};
+
 } // namespace
 
 frmAnimation::frmAnimation()
-    : kept(blocks, [this] {
+    : DocumentForm(kKind), kept(blocks, [this] {
           byKept = EncodeAnimation(record);
           const RecoveryHeader header{RecoveryHeader::kAnimation, sFilePath.toStdString(), byKept.size()};
           return KeptDocument::State{header, byKept};
@@ -174,39 +181,9 @@ void frmAnimation::GlobalToAnim() {
     CopySettings(GlobalAnim, record);
 }
 
-void frmAnimation::Form_Unload(bool& Cancel) {
-    if (bChanged != 0 && Settings.bPromptSave != 0) {
-        BringToFront(this);
-        const QString sQuestion =
-            sFilePath.isEmpty() ? QStringLiteral("Save new animation?")
-                                : QStringLiteral("Save changes to %1?").arg(TrimBlanks(sFilePath.toLower()));
-        const BoxAnswer answer = MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, kTitle);
-        Cancel = answer == BoxAnswer::Yes ? !Shell().SaveBeforeClosing(this) : answer != BoxAnswer::No;
-    }
-    if (!Cancel) {
-        kept.Forget();
-        counted.reset();
-        if (iAnimationCount == 0) {
-            Shell().UpdateToolbars(QStringLiteral("ANIMATION"), false);
-        }
-    }
-}
-
-void frmAnimation::closeEvent(QCloseEvent* event) {
-    if (bUnloading) { // asked again while its own question is open
-        event->ignore();
-        return;
-    }
-    bool Cancel = false;
-    if (counted) {
-        bUnloading = true;
-        Form_Unload(Cancel);
-        bUnloading = false;
-    }
-    if (!Cancel) {
-        Timer1.stop();
-    }
-    event->setAccepted(!Cancel);
+void frmAnimation::LetGo() {
+    Timer1.stop();
+    kept.Forget();
 }
 
 } // namespace lumrake

@@ -4,28 +4,27 @@
 #include "animation/rules/stepping.h"
 #include "base/memory_block.h"
 #include "controls/control_array.h"
-#include "disk/known_file.h"
-#include "disk/outcome.h"
+#include "shell/document_form.h"
 #include "shell/kept_document.h"
-#include "shell/shell.h"
 
 #include <QPushButton>
 #include <QString>
 #include <QTimer>
-#include <QWidget>
 
 #include <array>
 #include <cstdint>
-#include <optional>
 
 namespace lumrake {
 
 class PictureBox;
 struct MouseArgs;
 
+/// Of the dialogs that ask for an animation file.
+inline const QString kAnimationFilter = QStringLiteral("Animation files (*.ANM)|*.ANM|All files (*.*)|*.*");
+
 /// An animation window: shows one frame at a time out of its own copy of the snapshot's bytes. One instance
 /// per animation. Inside the window all places are logical screen pixels.
-class frmAnimation : public QWidget {
+class frmAnimation : public DocumentForm {
   public:
     frmAnimation();
 
@@ -40,24 +39,17 @@ class frmAnimation : public QWidget {
     /// The same for an animation whose record was kept in the file `sKeptIn`. It is changed then.
     bool BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged);
 
-    /// Writes the record to `sFilename` and makes it this window's file. Called off for an empty name.
-    /// Unless it is done the animation keeps its name and stays changed; the caller tells why.
+    /// Writes the record, as SaveTo says.
     Outcome SaveAnimation(const QString& sFilename);
+    Outcome SaveTo(const QString& sFilename) override { return SaveAnimation(sFilename); }
 
-    /// Fails when another program changed the document's own file since it was read or saved here.
-    Outcome FindFileUnchanged() const { return knownFile.FindUnchanged(sFilePath); }
-
-    /// The true path of the file; empty for an animation that was never saved.
-    QString GetFilename() const { return sFilePath; }
+    QString GetFilename() const override { return sFilePath; }
     /// -1: the record differs from what is on the disk, or was never saved; 0: it does not.
     void SetChanged(std::int16_t NewStatus);
 
     /// The settings of this window into GlobalAnim, and back. The path, the zoom and the file length stay.
     void AnimToGlobal() const;
     void GlobalToAnim();
-
-    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay.
-    void Form_Unload(bool& Cancel);
 
     // ---- the player: frmAnimation_player.cpp ----
 
@@ -66,18 +58,18 @@ class frmAnimation : public QWidget {
     void PreviousFrame();
     /// Draws frame iCurrentFrame into the picture and repaints it; nothing else draws.
     void ShowCurrentFrame();
-    void ReShow() { ShowCurrentFrame(); }
+    void ReShow() override { ShowCurrentFrame(); }
     /// Brings caption, pause, sizes and places into line with the record. Stops playing.
     void SetPositions();
     std::int16_t GetZoom() const { return record.iZoom; }
-    /// Zoom index 1 to 5; another one does nothing. Goes on playing.
-    void SetZoom(std::int16_t NewZoom);
-    /// The window became the active child.
-    void Form_Activate();
+    /// Goes on playing.
+    void SetZoom(std::int16_t NewZoom) override;
+    void Form_Activate() override;
 
   protected:
     bool event(QEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    std::int16_t Changed() const override { return bChanged; }
+    void LetGo() override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
@@ -116,13 +108,10 @@ class frmAnimation : public QWidget {
     std::array<std::uint8_t, kAnimationBytes> byKept{}; ///< the record when it is kept
     ChangedBlocks blocks;                               ///< one, the record
     KeptDocument kept;
-    QString sFilePath; ///< true path of the animation's own file; the record has it as far as it fits
-    KnownFile knownFile;
-    MemoryBlock byMemory;             ///< at most lFileLength bytes of the snapshot, read once
-    PlayState state;                  ///< iCurrentFrame and iDirection
-    std::int16_t bChanged = 0;        ///< see SetChanged
-    std::optional<CountedIn> counted; ///< from Launch until Form_Unload lets the window go
-    bool bUnloading = false;          ///< Form_Unload is asking
+    QString sFilePath;         ///< true path of the animation's own file; the record has it as far as it fits
+    MemoryBlock byMemory;      ///< at most lFileLength bytes of the snapshot, read once
+    PlayState state;           ///< iCurrentFrame and iDirection
+    std::int16_t bChanged = 0; ///< see SetChanged
     QTimer Timer1;
 
     // ---- controls ----

@@ -165,27 +165,6 @@ std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString
     return target.path;
 }
 
-bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
-                      const std::function<std::optional<QString>()>& askName,
-                      const std::function<Outcome(const QString&)>& save) {
-    QString sReason;
-    for (std::optional<QString> sName = sFile; sName; sName = askName()) {
-        if (!sName->isEmpty()) {
-            const Outcome outcome = save(*sName);
-            if (outcome.IsDone()) {
-                return true;
-            }
-            sReason = outcome.Reason();
-        }
-        const BoxAnswer answer = MsgBox(sReason + QLatin1String("\n\nSave under another name?"),
-                                        BoxButtons::YesNoCancel, BoxIcon::Question, sTitle);
-        if (answer != BoxAnswer::Yes) {
-            return answer == BoxAnswer::No;
-        }
-    }
-    return false;
-}
-
 void SetFileDialogAnswerer(FileDialogAnswerer newAnswerer) {
     answerer = std::move(newAnswerer);
 }

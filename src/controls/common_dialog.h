@@ -1,7 +1,5 @@
 #pragma once
 
-#include "disk/outcome.h"
-
 #include <QString>
 
 #include <functional>
@@ -46,13 +44,6 @@ QString AskOpenFileName(const QString& sDialogTitle, const QString& sFilter,
 /// gave the dialog up, and the empty text, which nothing is saved under, when he did not answer Yes.
 std::optional<QString> AskNewFileName(const QString& sDialogTitle, const QString& sFilter,
                                       const QString& sProposed);
-
-/// Saves on the road of a closing window. After a failure a box, titled `sTitle`, tells the reason and asks
-/// whether to save under another name, until the bytes are on the disk or the user says No; an empty name of
-/// `askName` leads back to the box. False, for Cancel and for a dialog given up, means that the window stays.
-bool SaveUntilGivenUp(const QString& sFile, const QString& sTitle,
-                      const std::function<std::optional<QString>()>& askName,
-                      const std::function<Outcome(const QString& sFile)>& save);
 
 /// The one seam through which tests answer file dialogs: gets the dialog as set up and returns the full path
 /// chosen, or an empty text for a cancel. An empty function brings the real dialog back.

@@ -12,6 +12,8 @@ class QWidget;
 
 namespace lumrake {
 
+class DocumentForm;
+
 // ---- Variables of the whole program ----
 
 extern SettingsRecord Settings; ///< filled once at the start of the run, written once at its end
@@ -82,10 +84,9 @@ class ShellNotices {
     /// Puts a new child into a frame of the main window's area, hidden. The frame then owns the child. Without a
     /// main window the child stays a window of its own, owned by whoever made it. In both cases the outermost
     /// widget of the document is ChildFrame(child).
-    virtual void AdoptChild(QWidget* /*child*/) {}
-    /// Saves a child that closes after the answer Yes, as SaveUntilGivenUp does. False when its window is to stay, with
-    /// nobody registered as well.
-    virtual bool SaveBeforeClosing(QWidget* /*child*/) { return false; }
+    virtual void AdoptChild(DocumentForm* /*child*/) {}
+    /// Saves a child that closes after the answer Yes. False when its window is to stay, with nobody registered as well.
+    virtual bool SaveBeforeClosing(DocumentForm& /*child*/) { return false; }
 };
 
 /// Registers the receiver of the notices, or nobody with null; returns the one before.

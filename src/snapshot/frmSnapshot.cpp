@@ -11,7 +11,6 @@
 #include "shell/shell.h"
 #include "snapshot/rules/view_limits.h"
 
-#include <QCloseEvent>
 #include <QPointer>
 #include <QProgressBar>
 
@@ -24,6 +23,16 @@ namespace {
 
 constexpr int kTitleLength = 40; ///< of the caption, in characters
 constexpr int kProgressHeight = 16;
+
+const DocumentKind kKind{
+    iSnapshotCount,
+    QStringLiteral("SNAPSHOT"),
+    QStringLiteral("Snapshot"),
+    QStringLiteral("Save"),
+    QStringLiteral("Save snapshot file as..."),
+    QStringLiteral(
+        "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|All files (*.*)|*.*"),
+    true};
 
 /// Why a file of this length is no document, or nothing. One that is not known is for the reader to tell.
 Outcome Refusal(std::optional<std::int64_t> length) {
@@ -39,7 +48,7 @@ Outcome Refusal(std::optional<std::int64_t> length) {
 } // namespace
 
 frmSnapshot::frmSnapshot()
-    : kept(document.Blocks(), [this] {
+    : DocumentForm(kKind), kept(document.Blocks(), [this] {
           const RecoveryHeader header{RecoveryHeader::kSnapshot, sSnapFile.toStdString(), byMemory.size()};
           return KeptDocument::State{header, byMemory.Bytes()};
       }) {}
@@ -167,6 +176,10 @@ Outcome frmSnapshot::SaveSnap(const QString& sFilename, const QString& sTitle) {
     return written;
 }
 
+Outcome frmSnapshot::SaveTo(const QString& sFilename) {
+    return SaveSnap(sFilename, FileTitleOf(sFilename));
+}
+
 bool frmSnapshot::ServeEvents() {
     const QPointer<frmSnapshot> window(this);
     DoEvents(Events::NoUserInput);
@@ -186,41 +199,9 @@ bool frmSnapshot::ShowProgress(bool bShow) {
     return ServeEvents();
 }
 
-void frmSnapshot::Form_Unload(bool& Cancel) {
-    if ((document.Changed() & Settings.bPromptSave) != 0) {
-        BringToFront(this);
-        const QString sQuestion =
-            QLatin1String("Save changes to ") + TrimBlanks(sSnapFile.toLower()) + QLatin1Char('?');
-        switch (MsgBox(sQuestion, BoxButtons::YesNoCancel, BoxIcon::Question, QStringLiteral("Snapshot"))) {
-        case BoxAnswer::Cancel: Cancel = true; break;
-        case BoxAnswer::Yes: Cancel = !Shell().SaveBeforeClosing(this); break;
-        default: break;
-        }
-    }
-    if (Cancel) {
-        return;
-    }
+void frmSnapshot::LetGo() {
     EndPlacing(); // the block that was being placed goes with its window
     kept.Forget();
-    counted.reset();
-    if (iSnapshotCount == 0) {
-        Shell().UpdateToolbars(QStringLiteral("SNAPSHOT"), false);
-    }
-}
-
-void frmSnapshot::closeEvent(QCloseEvent* event) {
-    if (!counted) {
-        return; // nothing is open in it any more, or never was
-    }
-    if (bClosing) {
-        event->ignore();
-        return;
-    }
-    bClosing = true;
-    bool Cancel = false;
-    Form_Unload(Cancel);
-    bClosing = false;
-    event->setAccepted(!Cancel);
 }
 
 } // namespace lumrake

@@ -4,10 +4,8 @@
 #include "base/wheel_steps.h"
 #include "controls/control_array.h"
 #include "controls/picture_box.h"
-#include "disk/known_file.h"
-#include "disk/outcome.h"
+#include "shell/document_form.h"
 #include "shell/kept_document.h"
-#include "shell/shell.h"
 #include "snapshot/rules/addressing.h"
 #include "snapshot/rules/cell.h"
 #include "snapshot/rules/document.h"
@@ -16,7 +14,6 @@
 #include <QBasicTimer>
 #include <QRect>
 #include <QString>
-#include <QWidget>
 
 #include <array>
 #include <cstdint>
@@ -39,7 +36,7 @@ class ValueBox;
 /// The sections below stand in the order of the files: frmSnapshot.cpp (the document), _layout, _navigation,
 /// _modes, _tools, _keys, _marks, _spoken, _net, _clipboard, _export. Inside the window all places are logical screen
 /// pixels.
-class frmSnapshot : public QWidget {
+class frmSnapshot : public DocumentForm {
   public:
     frmSnapshot();
     ~frmSnapshot() override;
@@ -59,14 +56,12 @@ class frmSnapshot : public QWidget {
     /// it is done the document stays changed and keeps its name; the caller tells why. Pending events run, and may
     /// close the window.
     Outcome SaveSnap(const QString& sFilename, const QString& sTitle);
-
-    /// Fails when another program changed the document's own file since it was read or saved here.
-    Outcome FindFileUnchanged() const { return knownFile.FindUnchanged(sSnapFile); }
+    Outcome SaveTo(const QString& sFilename) override;
 
     /// Draws the view into the picture and repaints it; nothing else draws.
     void ShowMem();
-    /// The palette may have changed: colours of the picture and of the buttons.
-    void ReShow() { SetAttribute(iAttribute, true); }
+    /// Colours of the picture and of the buttons.
+    void ReShow() override { SetAttribute(iAttribute, true); }
 
     std::int16_t GetAttribute() const { return iAttribute; }
     std::int16_t GetFlip() const { return view.iUpsideDown == 1 ? std::int16_t{-1} : std::int16_t{0}; }
@@ -77,23 +72,18 @@ class frmSnapshot : public QWidget {
     std::int16_t GetColumns() const { return view.iColumns; }
     std::int16_t GetLines() const { return view.iLines; }
     std::int16_t GetWidth() const { return view.iWidth; }
-    /// The true path of the file.
-    QString GetFilename() const { return sSnapFile; }
-
-    /// Asks about unsaved changes and counts the window out. Sets Cancel when the window is to stay. Runs
-    /// once for each attempt to close the window, and not again while it runs.
-    void Form_Unload(bool& Cancel);
+    QString GetFilename() const override { return sSnapFile; }
 
     // ---- layout and zoom: frmSnapshot_layout.cpp ----
 
-    /// Zoom index 1 to 5; another value leaves the factor as it was. Keeps the net on its pixels.
-    void SetZoom(std::int16_t NewZoom);
+    /// Keeps the net on its pixels.
+    void SetZoom(std::int16_t NewZoom) override;
     /// Puts the picture's corner at this place of its container, in screen pixels of any size and sign,
     /// without drawing.
     void SetPosition(std::int32_t iLeft, std::int32_t iTop);
-    /// The window became the active child: shows its caption, its numbers, its ticks and which commands it
-    /// allows in the main window. Draws nothing when the value boxes are up to date.
-    void Form_Activate();
+    /// Shows its caption, its numbers, its ticks and which commands it allows in the main window. Draws nothing when
+    /// the value boxes are up to date.
+    void Form_Activate() override;
 
     // ---- modes, flip, attribute: frmSnapshot_modes.cpp ----
 
@@ -155,7 +145,8 @@ class frmSnapshot : public QWidget {
     bool eventFilter(QObject* control, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    std::int16_t Changed() const override { return document.Changed(); }
+    void LetGo() override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -286,8 +277,7 @@ class frmSnapshot : public QWidget {
     ViewNumbers& view = document.view; ///< what is looked at, and how
     std::int16_t& iAttribute = document.iAttribute;
     const MemoryBlock& byMemory = document.Memory();
-    QString sSnapFile; ///< true path; shown in lower case
-    KnownFile knownFile;
+    QString sSnapFile;  ///< true path; shown in lower case
     QString sSnapTitle; ///< file name without its path, lower case, at most 40 characters: the caption
     Pan pan;
     CellCursor cell;
@@ -297,8 +287,6 @@ class frmSnapshot : public QWidget {
     inline static bool bGrid = false;
     QRect cellFrame; ///< where it is painted, in picContainer; empty while it is not
     std::array<std::int32_t, 4> lValueMin{}, lValueMax{}, lValueStep{}; ///< of the spin buttons
-    std::optional<CountedIn> counted;   ///< from Launch until Form_Unload lets the window go
-    bool bClosing = false;              ///< Form_Unload is under way
     std::int32_t lScrollGrabY = 0;      ///< pixel row inside cmdScroll at which a drag began
     std::int16_t iPanelButton = 0;      ///< mouse button last pressed on sbrSnapshot
     float sngMouseX = 0, sngMouseY = 0; ///< last mouse position over picImage

@@ -74,7 +74,7 @@ TEST_F(Player, OpensStoppedOnFrame0AndSavesTheRecordAsHeld) {
     const lmk::BitPicture& shown = probe.Picture().hDC().Picture();
     EXPECT_EQ(shown.Row(3)[1], bytes[7 * 16 + 7]);
     EXPECT_EQ(shown.Row(4)[0], 0);
-    EXPECT_TRUE(SaveAnimationCommand(form));
+    EXPECT_TRUE(Save(form));
     const auto saved = ReadFile(QStringLiteral("Walk.anm"));
     EXPECT_TRUE(saved[230] == 16 && saved[234] == 5 && saved[250] == 120);
     form.SetZoom(5), form.SetZoom(6);

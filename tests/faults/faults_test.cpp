@@ -103,16 +103,15 @@ struct Writer {
 };
 
 const Writer kWriters[] = {
-    {"Save", kSnapshotFile, "Save", false, [](Rig& rig) { SaveSnapshot(*rig.snapshot); }},
-    {"Save as", QString(255, QLatin1Char('o')), "Save", false,
-     [](Rig& rig) { SaveSnapshotAs(*rig.snapshot); }},
+    {"Save", kSnapshotFile, "Save", false, [](Rig& rig) { Save(*rig.snapshot); }},
+    {"Save as", QString(255, QLatin1Char('o')), "Save", false, [](Rig& rig) { SaveAs(*rig.snapshot); }},
     {"raw data", QStringLiteral("view.raw"), "Save", true, [](Rig& rig) { rig.snapshot->ExportViewToRaw(); }},
     {"view", QStringLiteral("view.bmp"), "Save", true, [](Rig& rig) { rig.snapshot->ExportViewToBMP(); }},
     {"selection", QStringLiteral("net.bmp"), "Save", true,
      [](Rig& rig) { rig.snapshot->ExportSelectionToBMP(); }},
-    {"animation", kAnimationFile, "Animation", false, [](Rig& rig) { SaveAnimationCommand(*rig.animation); }},
+    {"animation", kAnimationFile, "Animation", false, [](Rig& rig) { Save(*rig.animation); }},
     {"animation as", QStringLiteral("other.anm"), "Animation", false,
-     [](Rig& rig) { SaveAnimationAs(*rig.animation); }},
+     [](Rig& rig) { SaveAs(*rig.animation); }},
     {"settings", QStringLiteral("LMK.CFG"), "Settings", true, [](Rig&) { SaveSettings(); }},
 };
 
@@ -232,7 +231,7 @@ TEST(Faults, InTheMiddleOfASaveInPlaceAreMendedAtTheNextStart) {
         rig.Reset(kSnapshotFile, NoiseBytes(1000, 2));
         static int failAt = 0;
         ArmFaults(PlanOf(rig, {ENOSPC, true, 0, true}, ++failAt));
-        SaveSnapshot(*rig.snapshot);
+        Save(*rig.snapshot);
         ASSERT_GE(DisarmFaults(), failAt);
     } while (rig.Copy() != fresh);
     EndRecoveryRun(); // killed
@@ -326,7 +325,7 @@ TEST(Faults, ALimitOfTheFileSizeIsAFailureAndNoEnd) {
     getrlimit(RLIMIT_FSIZE, &before);
     const rlimit small{100, before.rlim_max};
     setrlimit(RLIMIT_FSIZE, &small);
-    SaveSnapshot(*rig.snapshot);
+    Save(*rig.snapshot);
     setrlimit(RLIMIT_FSIZE, &before);
     EXPECT_EQ(rig.ReadFile(kSnapshotFile), old);
     EXPECT_TRUE(rig.boxes.back().contains(Reason(EFBIG))) << rig.boxes.back().toStdString();

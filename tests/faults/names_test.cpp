@@ -37,7 +37,7 @@ TEST(FileNames, OfAnyKindAreOpenedSavedAndMade) {
         FileStage stage;
         QDir().mkpath(QFileInfo(stage.Path(name)).path());
         frmSnapshot* form = OpenChanged(stage, name);
-        EXPECT_TRUE(SaveSnapshot(*form));
+        EXPECT_TRUE(Save(*form));
         EXPECT_EQ(stage.ReadFile(name), MemoryOf(*form));
         EXPECT_EQ(form->GetFilename(), stage.Path(name));
 
@@ -46,7 +46,7 @@ TEST(FileNames, OfAnyKindAreOpenedSavedAndMade) {
         const QString onDisk =
             QFileInfo(made).path() + QLatin1Char('/') + QFileInfo(made).fileName().toLower();
         stage.files = {made};
-        EXPECT_TRUE(SaveSnapshotAs(*form));
+        EXPECT_TRUE(SaveAs(*form));
         EXPECT_EQ(form->GetFilename(), onDisk);
         EXPECT_EQ(CaptionOf(form), QFileInfo(onDisk).fileName().left(40).trimmed());
         EXPECT_TRUE(
@@ -92,7 +92,7 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
         const Bytes before = exists ? stage.ReadFile(name) : Bytes();
         const QByteArray file = QFile::encodeName(stage.Path(name));
         const QByteArray rights = exists ? RightsOf(file) : QByteArray();
-        EXPECT_EQ(SaveSnapshot(*form), reason == nullptr);
+        EXPECT_EQ(Save(*form), reason == nullptr);
         EXPECT_EQ(SnapshotProbe{*form}.Changed() == 0, reason == nullptr);
         EXPECT_EQ(form->GetFilename(), stage.Path(name));
         if (reason == nullptr) {
@@ -113,7 +113,7 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
         if (reason == kChanged) {
             stage.files = {stage.Path(name)};
             stage.answers = {BoxAnswer::Yes};
-            EXPECT_TRUE(SaveSnapshotAs(*form) && SaveSnapshot(*form));
+            EXPECT_TRUE(SaveAs(*form) && Save(*form));
             EXPECT_EQ(stage.ReadFile(name), MemoryOf(*form));
         }
     }
@@ -129,13 +129,13 @@ TEST(FilesBehindTheProgram, AreTheLastWindowsUnlessAnotherProgramChangedThem) {
         return form;
     };
     frmSnapshot* const second = open();
-    EXPECT_TRUE(SaveSnapshot(*first) && SaveSnapshot(*second) && SaveSnapshot(*first));
+    EXPECT_TRUE(Save(*first) && Save(*second) && Save(*first));
     stage.MakeFile(name, NoiseBytes(600));
     frmSnapshot* const third = open(); // it knows the change
-    EXPECT_TRUE(!SaveSnapshot(*first) && SaveSnapshot(*third) && !SaveSnapshot(*second));
+    EXPECT_TRUE(!Save(*first) && Save(*third) && !Save(*second));
     stage.files = {stage.Path(name)};
     stage.answers = {BoxAnswer::Yes};
-    EXPECT_TRUE(SaveSnapshotAs(*first) && SaveSnapshot(*third) && SaveSnapshot(*first));
+    EXPECT_TRUE(SaveAs(*first) && Save(*third) && Save(*first));
     // The box of a failed save follows where a window is closing.
     SnapshotProbe{*second}.SetChanged();
     stage.MakeFile(name, NoiseBytes(700));
@@ -157,7 +157,7 @@ TEST(FilesBehindTheProgram, AreWholeWhenATimerClosesTheirWindow) {
         stage.files = {stage.Path(QStringLiteral("a.raw"))};
         form->ExportViewToRaw();
         EXPECT_EQ(stage.ReadFile(QStringLiteral("a.raw")).size(), 6144U);
-        const bool saved = form && SaveSnapshot(*form);
+        const bool saved = form && Save(*form);
         EXPECT_EQ(stage.ReadFile(QStringLiteral("a.sna")), saved ? fresh : old);
         gone += form.isNull();
     }

@@ -95,11 +95,11 @@ TEST(Recoveries, OfASnapshotAreAskedAboutAtTheNextStart) {
         if (meanwhile.empty()) {
             stage.answers = {BoxAnswer::No};
         } else {
-            EXPECT_FALSE(SaveSnapshot(probe.form));
+            EXPECT_FALSE(Save(probe.form));
             EXPECT_TRUE(stage.boxes.back().contains(u"has been changed by another program"_qs));
             stage.answers = {BoxAnswer::Yes};
             stage.files = {stage.Path(name)};
-            EXPECT_TRUE(SaveSnapshotAs(probe.form));
+            EXPECT_TRUE(SaveAs(probe.form));
             EXPECT_EQ(stage.ReadFile(name), wanted);
         }
         EXPECT_TRUE(MainWindow()->close());

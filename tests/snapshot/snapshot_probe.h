@@ -88,7 +88,7 @@ class SnapshotStage : public Stage {
         area.show();
     }
     ~SnapshotStage() override { frmClip::Instance().SetData({}); }
-    void AdoptChild(QWidget* child) override { area.addSubWindow(child); }
+    void AdoptChild(DocumentForm* child) override { area.addSubWindow(child); }
 
     /// Opens a file in the stage's directory; null when it did not open.
     frmSnapshot* Launch(const QString& name) const {

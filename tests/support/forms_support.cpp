@@ -1,10 +1,6 @@
 #include "support/forms_support.h"
 
-#include "animation/frmAnimation.h"
 #include "disk/recovery_run.h"
-#include "shell/window/animation_commands.h"
-#include "shell/window/file_commands.h"
-#include "snapshot/frmSnapshot.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -46,13 +42,6 @@ Stage::~Stage() {
     SetFileDialogAnswerer({});
     SetProgramDirectory(QString());
     EndRecoveryRun();
-}
-
-bool Stage::SaveBeforeClosing(QWidget* child) {
-    if (auto* snapshot = dynamic_cast<frmSnapshot*>(child)) {
-        return SaveSnapshotBeforeClosing(*snapshot);
-    }
-    return SaveAnimationBeforeClosing(dynamic_cast<frmAnimation&>(*child));
 }
 
 int Stage::TakeNotices(const QString& notice) {

@@ -3,6 +3,7 @@
 #include "controls/common_dialog.h"
 #include "controls/message_box.h"
 #include "shell/shell.h"
+#include "shell/window/save_commands.h"
 
 #include <QDir>
 #include <QFile>
@@ -58,7 +59,7 @@ class Stage : public ShellNotices {
         notices.push_back(u"UpdateToolbars %1 %2"_qs.arg(kind).arg(enable ? 1 : 0));
     }
 
-    bool SaveBeforeClosing(QWidget* child) override;
+    bool SaveBeforeClosing(DocumentForm& child) override { return lumrake::SaveBeforeClosing(child); }
 
   private:
     QTemporaryDir directory_;

@@ -20,10 +20,6 @@ const QString kOpenTitle = QStringLiteral("Open snapshot file...");
 const QString kOpenFilter = QStringLiteral(
     "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|Raw files (*.RAW)|*.RAW|"
     "All files (*.*)|*.*");
-const QString kSaveTitle = QStringLiteral("Save"); ///< of messages
-const QString kSaveAsTitle = QStringLiteral("Save snapshot file as...");
-const QString kSaveFilter = QStringLiteral(
-    "Snapshot files (*.SNA,*.Z80,*.SLT,*.SP,*.TAP)|*.SNA;*.Z80;*.SLT;*.SP;*.TAP|All files (*.*)|*.*");
 
 /// The true path beside each slot of the record, for this run; empty when the slot comes from an earlier run.
 std::array<QString, 4> truePaths;
@@ -36,21 +32,6 @@ QString StoredPath(std::size_t slot) {
 bool IsCut(std::size_t slot) {
     const auto& bytes = Settings.sRecentFile[slot].Bytes();
     return std::any_of(bytes.end() - 4, bytes.end(), [](char byte) { return byte != ' '; });
-}
-
-/// Saves the document to its own file, unless another program changed that.
-Outcome SaveUnchanged(frmSnapshot& document) {
-    return document.FindFileUnchanged().Then(
-        [&document, sFile = document.GetFilename()] { return document.SaveSnap(sFile, FileTitleOf(sFile)); });
-}
-
-/// Saves it under another name, which enters the recent list.
-Outcome SaveUnder(frmSnapshot& document, const QString& sFile) {
-    Outcome outcome = document.SaveSnap(sFile, FileTitleOf(sFile));
-    if (outcome.IsDone()) {
-        AddRecentFile(sFile);
-    }
-    return outcome;
 }
 
 } // namespace
@@ -124,27 +105,6 @@ std::array<QString, 4> RecentFiles() {
 void ResetRecentFiles() {
     truePaths.fill(QString());
     Shell().ShowRecentFiles();
-}
-
-bool SaveSnapshot(frmSnapshot& document) {
-    return TellFailure(SaveUnchanged(document), kSaveTitle);
-}
-
-bool SaveSnapshotAs(frmSnapshot& document) {
-    const std::optional<QString> sNewName = AskName(document, kSaveAsTitle, kSaveFilter);
-    return sNewName && TellFailure(SaveUnder(document, *sNewName), kSaveTitle);
-}
-
-bool SaveSnapshotBeforeClosing(frmSnapshot& document) {
-    bool bAsked = false;
-    const auto askName = [&] {
-        bAsked = true;
-        return AskName(document, kSaveAsTitle, kSaveFilter);
-    };
-    const auto save = [&](const QString& sFile) {
-        return bAsked ? SaveUnder(document, sFile) : SaveUnchanged(document);
-    };
-    return SaveUntilGivenUp(document.GetFilename(), kSaveTitle, askName, save);
 }
 
 } // namespace lumrake

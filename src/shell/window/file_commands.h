@@ -8,8 +8,6 @@
 
 namespace lumrake {
 
-class frmSnapshot;
-
 // The commands of the File menu that deal with file names. Paths are true paths, spelled as the disk spells
 // them; they are shown in lower case.
 
@@ -34,12 +32,5 @@ void AddRecentFile(const QString& sFile);
 std::array<QString, 4> RecentFiles();
 /// Forgets the true paths and takes the list from Settings, as at the start of the run.
 void ResetRecentFiles();
-
-/// Saves the document to its own file, without a question. True when the bytes are on the disk.
-bool SaveSnapshot(frmSnapshot& document);
-/// Asks for a new name and saves there. False when the user gave up or the save failed.
-bool SaveSnapshotAs(frmSnapshot& document);
-/// For a window that closes after the answer Yes: saves as SaveUntilGivenUp does.
-bool SaveSnapshotBeforeClosing(frmSnapshot& document);
 
 } // namespace lumrake

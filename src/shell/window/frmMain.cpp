@@ -7,6 +7,7 @@
 #include "controls/panel_bar.h"
 #include "controls/screen.h"
 #include "controls/toolbar.h"
+#include "shell/document_form.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/shut_down.h"
 

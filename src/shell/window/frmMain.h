@@ -20,6 +20,7 @@ class QTimer;
 
 namespace lumrake {
 
+class DocumentForm;
 class frmHelp;
 class frmSnapshot;
 class PanelBar;
@@ -112,11 +113,11 @@ class frmMain : public QMainWindow, public ShellNotices {
 
     // ---- children: frmMain_children.cpp ----
 
-    void AdoptChild(QWidget* child) override;
-    bool SaveBeforeClosing(QWidget* child) override;
+    void AdoptChild(DocumentForm* child) override;
+    bool SaveBeforeClosing(DocumentForm& child) override;
     /// The document window that is active, or was last when another program is in front; null when none is
     /// open.
-    QWidget* ActiveForm() const;
+    DocumentForm* ActiveForm() const;
     /// The same when it is a snapshot, else null.
     frmSnapshot* ActiveSnapshot() const;
 
@@ -172,6 +173,8 @@ class frmMain : public QMainWindow, public ShellNotices {
 
     // ---- children ----
     void CreateClient();
+    /// The document in a frame; null while the frame is taken apart.
+    static DocumentForm* FormIn(const QMdiSubWindow& frame);
     /// The frames of the documents on the screen, oldest first.
     std::vector<QPointer<QMdiSubWindow>> OpenFrames() const;
     /// Where the next child goes: the first place of a short cascade that no open one stands at.

@@ -8,9 +8,8 @@
 #include "controls/message_box.h"
 #include "controls/spoken.h"
 #include "controls/watch.h"
-#include "shell/window/animation_commands.h"
-#include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
+#include "shell/window/save_commands.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <QAction>
@@ -69,7 +68,7 @@ void frmMain::CreateClient() {
     connect(mdiClient, &QMdiArea::subWindowActivated, this, &frmMain::ChildActivated);
 }
 
-void frmMain::AdoptChild(QWidget* child) {
+void frmMain::AdoptChild(DocumentForm* child) {
     auto* frame = new DocumentFrame;
     frame->setWidget(child);
     frame->setAttribute(Qt::WA_DeleteOnClose);
@@ -91,12 +90,8 @@ void frmMain::AdoptChild(QWidget* child) {
     connect(child, &QWidget::windowTitleChanged, this, &frmMain::ShowCaption);
 }
 
-bool frmMain::SaveBeforeClosing(QWidget* child) {
-    if (auto* snapshot = dynamic_cast<frmSnapshot*>(child)) {
-        return SaveSnapshotBeforeClosing(*snapshot);
-    }
-    auto* animation = dynamic_cast<frmAnimation*>(child);
-    return animation != nullptr && SaveAnimationBeforeClosing(*animation);
+bool frmMain::SaveBeforeClosing(DocumentForm& child) {
+    return lumrake::SaveBeforeClosing(child);
 }
 
 QPoint frmMain::FreePlace() const {
@@ -125,10 +120,8 @@ void frmMain::ChildActivated(QMdiSubWindow* frame) {
         return; // the program came back to the front
     }
     activeFrame_ = frame;
-    if (auto* snapshot = dynamic_cast<frmSnapshot*>(frame->widget())) {
-        snapshot->Form_Activate();
-    } else if (auto* animation = dynamic_cast<frmAnimation*>(frame->widget())) {
-        animation->Form_Activate();
+    if (DocumentForm* form = FormIn(*frame)) {
+        form->Form_Activate();
     }
 }
 
@@ -143,12 +136,16 @@ std::vector<QPointer<QMdiSubWindow>> frmMain::OpenFrames() const {
     return frames;
 }
 
-QWidget* frmMain::ActiveForm() const {
+DocumentForm* frmMain::FormIn(const QMdiSubWindow& frame) {
+    return dynamic_cast<DocumentForm*>(frame.widget());
+}
+
+DocumentForm* frmMain::ActiveForm() const {
     const QMdiSubWindow* frame = activeFrame_;
     if (frame == nullptr || frame->isHidden()) {
         frame = mdiClient->currentSubWindow();
     }
-    return frame == nullptr || frame->isHidden() ? nullptr : frame->widget();
+    return frame == nullptr || frame->isHidden() ? nullptr : FormIn(*frame);
 }
 
 frmSnapshot* frmMain::ActiveSnapshot() const {

@@ -7,6 +7,7 @@
 #include "shell/window/animation_commands.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
+#include "shell/window/save_commands.h"
 #include "snapshot/frmColours.h"
 #include "snapshot/frmSnapshot.h"
 
@@ -27,13 +28,13 @@ void frmMain::menu_recent_Click(int Index) {
 
 void frmMain::menu_save_Click(int) {
     if (frmSnapshot* snapshot = ActiveSnapshot()) {
-        SaveSnapshot(*snapshot);
+        Save(*snapshot);
     }
 }
 
 void frmMain::menu_saveas_Click(int) {
     if (frmSnapshot* snapshot = ActiveSnapshot()) {
-        SaveSnapshotAs(*snapshot);
+        SaveAs(*snapshot);
     }
 }
 
@@ -59,11 +60,7 @@ void frmMain::menu_prefs_Click(int) {
     ShowPreferences();
     // After Cancel as well: every child is drawn again, through the palette as it now is.
     for (const QPointer<QMdiSubWindow>& frame : OpenFrames()) {
-        if (auto* snapshot = dynamic_cast<frmSnapshot*>(frame->widget())) {
-            snapshot->ReShow();
-        } else if (auto* animation = dynamic_cast<frmAnimation*>(frame->widget())) {
-            animation->ReShow();
-        }
+        FormIn(*frame)->ReShow();
     }
 }
 
@@ -90,11 +87,8 @@ void frmMain::menu_edit_Click(int Index) {
 // ---- View
 
 void frmMain::menu_zoom_Click(int Index) {
-    const auto NewZoom = static_cast<std::int16_t>(Index);
-    if (frmSnapshot* snapshot = ActiveSnapshot()) {
-        snapshot->SetZoom(NewZoom);
-    } else if (auto* animation = dynamic_cast<frmAnimation*>(ActiveForm())) {
-        animation->SetZoom(NewZoom);
+    if (DocumentForm* active = ActiveForm()) {
+        active->SetZoom(static_cast<std::int16_t>(Index));
     }
 }
 
@@ -138,9 +132,9 @@ void frmMain::menu_animation_Click(int Index) {
         OpenAnimationDialog();
     } else if (auto* animation = dynamic_cast<frmAnimation*>(ActiveForm())) {
         if (Index == 3) {
-            SaveAnimationCommand(*animation);
+            Save(*animation);
         } else {
-            SaveAnimationAs(*animation);
+            SaveAs(*animation);
         }
     }
 }

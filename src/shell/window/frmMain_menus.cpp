@@ -1,16 +1,15 @@
 // The commands: what gives them in the menus and on the toolbar, what they need, and what the menus show: ticks, the
 // recent list, the list of windows.
 
-#include "animation/frmAnimation.h"
 #include "assistant/rules/help_numbers.h"
 #include "controls/pictures.h"
 #include "controls/toolbar.h"
 #include "disk/texts.h"
 #include "display/modes.h"
+#include "shell/document_form.h"
 #include "shell/window/file_commands.h"
 #include "shell/window/frmMain.h"
 #include "snapshot/frmClip.h"
-#include "snapshot/frmSnapshot.h"
 
 #include <QActionGroup>
 #include <QFileInfo>
@@ -57,13 +56,9 @@ class CommandMenu : public QMenu {
     }
 };
 
-/// Where a child's file lies; nothing for an animation that was never saved.
-QString FolderOf(const QWidget* child) {
-    const auto* snapshot = dynamic_cast<const frmSnapshot*>(child);
-    const auto* animation = dynamic_cast<const frmAnimation*>(child);
-    const QString sFile = snapshot != nullptr    ? snapshot->GetFilename()
-                          : animation != nullptr ? animation->GetFilename()
-                                                 : QString();
+/// Where a child's file lies; nothing for one that was never saved.
+QString FolderOf(const DocumentForm& child) {
+    const QString sFile = child.GetFilename();
     return sFile.isEmpty() ? sFile : QStringLiteral(" (%1)").arg(QFileInfo(sFile).path());
 }
 
@@ -300,8 +295,8 @@ void frmMain::PopupSnapshotMenu(const QPoint& screenPlace) {
 QStringList frmMain::WindowNames() const {
     QStringList captions, whole, names;
     for (const QPointer<QMdiSubWindow>& frame : OpenFrames()) {
-        captions << CaptionOf(frame->widget());
-        whole << captions.back() + FolderOf(frame->widget());
+        captions << CaptionOf(FormIn(*frame));
+        whole << captions.back() + FolderOf(*FormIn(*frame));
     }
     for (qsizetype i = 0; i < captions.size(); ++i) {
         const bool bOneFolder = captions.count(captions[i]) == whole.count(whole[i]);
@@ -332,7 +327,7 @@ void frmMain::FillWindowList() {
             QStringLiteral("%1%2 ").arg(QLatin1String(number < 10 ? "&" : "")).arg(number);
         QAction* entry = menu->addAction(caption + Displayed(names[number - 1]));
         entry->setCheckable(true);
-        entry->setChecked(ActiveForm() == frame->widget());
+        entry->setChecked(ActiveForm() == FormIn(*frame));
         connect(entry, &QAction::triggered, this, [this, frame] {
             if (frame) {
                 if (frame->isMinimized()) {
