@@ -1,5 +1,7 @@
 #include "base/changed_blocks.h"
 
+#include "base/check_sum.h"
+
 #include <algorithm>
 #include <iterator>
 

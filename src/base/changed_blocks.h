@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/check_sum.h"
-
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "base/fixed_string.h"
+#include "base/little_endian.h"
 
 #include <array>
+#include <concepts>
 #include <cstdint>
 #include <cstring>
 #include <span>
 #include <tuple>
+#include <type_traits>
 
 namespace lumrake {
 
@@ -21,9 +24,9 @@ class RecordReader {
     template <class... Fields> void operator()(Fields&... fields) { (Visit(fields), ...); }
 
   private:
-    void Visit(std::uint8_t& field) { field = Take(1)[0]; }
-    void Visit(std::int16_t& field) { field = static_cast<std::int16_t>(Number(2)); }
-    void Visit(std::int32_t& field) { field = static_cast<std::int32_t>(Number(4)); }
+    void Visit(std::integral auto& field) {
+        field = static_cast<std::remove_reference_t<decltype(field)>>(NumberOf(Take(sizeof field)));
+    }
     template <std::size_t Width> void Visit(FixedString<Width>& field) {
         std::memcpy(field.Bytes().data(), Take(Width).data(), Width);
     }
@@ -34,15 +37,6 @@ class RecordReader {
         const auto taken = rest_.first(count);
         rest_ = rest_.subspan(count);
         return taken;
-    }
-    std::uint32_t Number(std::size_t count) {
-        std::uint32_t value = 0;
-        std::size_t shift = 0;
-        for (const std::uint8_t byte : Take(count)) {
-            value |= std::uint32_t{byte} << shift;
-            shift += 8;
-        }
-        return value;
     }
 
     std::span<const std::uint8_t> rest_;
@@ -55,9 +49,7 @@ class RecordWriter {
     template <class... Fields> void operator()(const Fields&... fields) { (Visit(fields), ...); }
 
   private:
-    void Visit(std::uint8_t field) { Take(1)[0] = field; }
-    void Visit(std::int16_t field) { Number(static_cast<std::uint16_t>(field), 2); }
-    void Visit(std::int32_t field) { Number(static_cast<std::uint32_t>(field), 4); }
+    void Visit(std::integral auto field) { PutNumber(static_cast<std::uint64_t>(field), Take(sizeof field)); }
     template <std::size_t Width> void Visit(const FixedString<Width>& field) {
         std::memcpy(Take(Width).data(), field.Bytes().data(), Width);
     }
@@ -68,12 +60,6 @@ class RecordWriter {
         const auto taken = rest_.first(count);
         rest_ = rest_.subspan(count);
         return taken;
-    }
-    void Number(std::uint32_t value, std::size_t count) {
-        for (std::uint8_t& byte : Take(count)) {
-            byte = static_cast<std::uint8_t>(value);
-            value >>= 8;
-        }
     }
 
     std::span<std::uint8_t> rest_;

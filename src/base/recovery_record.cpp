@@ -1,5 +1,8 @@
 #include "base/recovery_record.h"
 
+#include "base/check_sum.h"
+#include "base/little_endian.h"
+
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -11,7 +14,7 @@ namespace {
 constexpr std::uint32_t kMark = 0x524B4D4C; // "LMKR"
 constexpr std::uint8_t kVersion = 1;
 constexpr std::uint64_t kMostPath = 4096, kMostLength = std::numeric_limits<std::int32_t>::max();
-constexpr int kSumWidth = 8;
+constexpr std::size_t kSumWidth = 8;
 
 /// A walk over bytes that may end anywhere. Behind the end everything reads 0, and nothing is `whole`.
 class Reader {
@@ -24,15 +27,7 @@ class Reader {
         at_ += taken.size();
         return taken;
     }
-    std::uint64_t Number(std::uint64_t width) {
-        std::uint64_t value = 0;
-        int shift = 0;
-        for (const std::uint8_t byte : Bytes(width)) {
-            value |= std::uint64_t{byte} << shift;
-            shift += 8;
-        }
-        return value;
-    }
+    std::uint64_t Number(std::uint64_t width) { return NumberOf(Bytes(width)); }
     /// Whether all since the last check sum agrees with the one that stands here.
     bool Agrees() {
         sum_ = CheckSum(bytes_.subspan(checked_, at_ - checked_), sum_);
@@ -88,11 +83,9 @@ bool ReadRecord(Reader& reader, Recovery& recovery) {
 
 } // namespace
 
-void RecoveryWriter::Number(std::uint64_t value, int width) {
-    for (; width > 0; --width) {
-        bytes_.push_back(static_cast<std::uint8_t>(value));
-        value >>= 8;
-    }
+void RecoveryWriter::Number(std::uint64_t value, std::size_t width) {
+    bytes_.resize(bytes_.size() + width);
+    PutNumber(value, std::span(bytes_).last(width));
 }
 
 void RecoveryWriter::Sum(std::size_t from) {

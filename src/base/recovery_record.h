@@ -56,7 +56,7 @@ class RecoveryWriter {
     std::vector<std::uint8_t> Take() { return std::exchange(bytes_, {}); }
 
   private:
-    void Number(std::uint64_t value, int width);
+    void Number(std::uint64_t value, std::size_t width);
     void Sum(std::size_t from);
 
     std::vector<std::uint8_t> bytes_;

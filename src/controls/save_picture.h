@@ -1,6 +1,6 @@
 #pragma once
 
-#include "disk/files.h"
+#include "disk/outcome.h"
 #include "display/bit_picture.h"
 
 namespace lumrake {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/twips.h"
-
 class QWidget;
 
 namespace lumrake {

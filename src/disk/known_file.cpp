@@ -3,6 +3,7 @@
 #include "base/check_sum.h"
 #include "disk/files.h"
 #include "disk/save_file.h"
+#include "disk/system_calls.h"
 #include "disk/texts.h"
 
 #include <QFile>

@@ -2,13 +2,11 @@
 
 #include "base/memory_block.h"
 #include "disk/outcome.h"
-#include "disk/system_calls.h"
 
 #include <QString>
 
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <span>
 
 namespace lumrake {

@@ -1,5 +1,6 @@
 #include "disk/recovery_store.h"
 
+#include "base/check_sum.h"
 #include "disk/files.h"
 #include "disk/recovery_run.h"
 

@@ -15,7 +15,6 @@
 #include <cstddef>
 #include <cstring>
 #include <type_traits>
-#include <utility>
 
 /// Marks a function that the compiler makes for the wider vector registers of newer processors as well; the
 /// loader takes the best that the processor has. Other compilers and systems have the plain one only.

@@ -56,8 +56,7 @@ void frmPrefs::lblPalette_Click(int Index) {
     lblPalette[Index]->setFocusPolicy(Qt::TabFocus); // one stop for all of them
     iPaletteIndex = static_cast<std::int16_t>(Index);
     bSettingSliders = -1;
-    const ColourParts parts = PartsOf(swatch->BackColor());
-    const std::array<std::int32_t, 3> values{parts.red, parts.green, parts.blue};
+    const ColourParts values = PartsOf(swatch->BackColor());
     for (std::size_t i = 0; i < values.size(); ++i) {
         scrCol[i]->setValue(values[i]);
         scrCol_Change(static_cast<int>(i)); // a slider that stands there already raises no event

@@ -1,3 +1,4 @@
+#include "base/check_sum.h"
 #include "base/recovery_record.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 /// What a dead program kept, of any bytes: only what lies within the document is brought back, in the state of a whole
 /// record. The bytes are read as they are, and once more as a record with right check sums behind a right header; the
 /// first two are the document's length there.
+#include "base/check_sum.h"
 #include "base/recovery_record.h"
 #include "fuzz/require.h"
 

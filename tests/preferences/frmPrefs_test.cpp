@@ -180,7 +180,7 @@ TEST_F(PrefsTest, TheSlidersFollowTheSelectedSwatch) {
     Do("@cmdPrefs(2) click N"); // of swatches and palette each copies its own
     EXPECT_NE(Swatches()[9], Settings.lPalette[9]);
     EXPECT_EQ(Settings.lPalette[9], Settings.lPalette[1]);
-    EXPECT_EQ(Get<QLabel>("lblCol", 0).text().toInt(), PartsOf(Swatches()[9]).red);
+    EXPECT_EQ(Get<QLabel>("lblCol", 0).text().toInt(), PartsOf(Swatches()[9])[0]);
     for (int i = 0; i < 3; ++i) {
         for (const auto& [key, number] :
              {std::pair{Qt::Key_Home, 0}, {Qt::Key_PageUp, 16}, {Qt::Key_End, 255}}) {

@@ -41,8 +41,8 @@ std::vector<std::int32_t> Graded(std::int32_t first, std::int32_t last) {
     SpreadPalette(colours, kBrightStart, kBrightEnd);
     std::vector<std::int32_t> row;
     for (std::size_t i = kBrightStart; i <= kBrightEnd; ++i) {
-        EXPECT_EQ(colours[i], ColourOf({0, PartsOf(colours[i]).green, 0})) << "carried into a neighbour";
-        row.push_back(PartsOf(colours[i]).green);
+        EXPECT_EQ(colours[i], ColourOf({0, PartsOf(colours[i])[1], 0})) << "carried into a neighbour";
+        row.push_back(PartsOf(colours[i])[1]);
     }
     return row;
 }

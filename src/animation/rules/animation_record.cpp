@@ -1,7 +1,7 @@
 #include "animation/rules/animation_record.h"
 
 #include "base/record_codec.h"
-#include "snapshot/rules/addressing.h"
+#include "display/modes.h"
 
 #include <algorithm>
 #include <limits>

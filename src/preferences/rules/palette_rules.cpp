@@ -12,7 +12,7 @@ ColourParts PartsOf(Colour colour) {
 
 Colour ColourOf(const ColourParts& parts) {
     const auto held = [](std::int32_t component) { return std::clamp(component, 0, 255); };
-    return held(parts.red) + 256 * held(parts.green) + 65536 * held(parts.blue);
+    return held(parts[0]) + 256 * held(parts[1]) + 65536 * held(parts[2]);
 }
 
 void CopyHalf(PaletteColours& colours, std::size_t from, std::size_t to) {
@@ -22,17 +22,14 @@ void CopyHalf(PaletteColours& colours, std::size_t from, std::size_t to) {
 
 void SpreadPalette(PaletteColours& colours, std::size_t iStart, std::size_t iEnd) {
     const auto steps = static_cast<float>(iEnd - iStart);
-    const ColourParts first = PartsOf(colours[iStart]);
-    const ColourParts last = PartsOf(colours[iEnd]);
-    const auto stepOf = [steps](std::int32_t from, std::int32_t to) {
-        return HeldTo<std::int32_t>(static_cast<float>(to - from) / steps);
-    };
-    const ColourParts step{stepOf(first.red, last.red), stepOf(first.green, last.green),
-                           stepOf(first.blue, last.blue)};
-    for (std::size_t i = 1; i < iEnd - iStart; ++i) {
-        const auto n = static_cast<std::int32_t>(i);
-        colours[iStart + i] =
-            ColourOf({first.red + n * step.red, first.green + n * step.green, first.blue + n * step.blue});
+    const ColourParts first = PartsOf(colours[iStart]), last = PartsOf(colours[iEnd]);
+    for (std::size_t i = iStart + 1; i < iEnd; ++i) {
+        ColourParts parts = first;
+        for (std::size_t part = 0; part < parts.size(); ++part) {
+            const auto step = HeldTo<std::int32_t>(static_cast<float>(last[part] - first[part]) / steps);
+            parts[part] += static_cast<std::int32_t>(i - iStart) * step;
+        }
+        colours[i] = ColourOf(parts);
     }
 }
 

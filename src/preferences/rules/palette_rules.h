@@ -13,11 +13,8 @@ using PaletteColours = std::array<Colour, 16>;
 inline constexpr std::size_t kNormalStart = 0, kNormalEnd = 7;
 inline constexpr std::size_t kBrightStart = 8, kBrightEnd = 15;
 
-/// The components of a colour, each 0 to 255, in the order of the sliders.
-struct ColourParts {
-    std::int32_t red = 0, green = 0, blue = 0;
-    bool operator==(const ColourParts&) const = default;
-};
+/// Red, green and blue of a colour, each 0 to 255, in the order of the sliders.
+using ColourParts = std::array<std::int32_t, 3>;
 
 /// The components of any 32-bit number; its highest byte does not count.
 ColourParts PartsOf(Colour colour);

@@ -4,6 +4,7 @@
 
 #include "assistant/frmHelp.h"
 #include "assistant/prompts.h"
+#include "base/twips.h"
 #include "controls/panel_bar.h"
 #include "controls/screen.h"
 #include "controls/toolbar.h"
