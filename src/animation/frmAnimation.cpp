@@ -5,7 +5,6 @@
 #include "controls/message_box.h"
 #include "controls/picture_box.h"
 #include "disk/files.h"
-#include "disk/texts.h"
 #include "shell/shell.h"
 
 #include <QPointer>

@@ -6,7 +6,6 @@
 #include "controls/screen.h"
 #include "controls/value_box.h"
 #include "disk/files.h"
-#include "disk/texts.h"
 #include "display/lmk.h"
 #include "shell/shell.h"
 #include "snapshot/rules/view_limits.h"
