@@ -24,6 +24,10 @@ fail() {
 # expect WHAT WANTED FOUND
 expect() { [ "$2" = "$3" ] || fail "$1: expected $2, found $3"; }
 
+# pause SECONDS: starts no process for it, for bash lost one in thousands and waited for it without an end.
+exec {silence}<> <(:)
+pause() { read -rt "$1" -u "$silence" || true; }
+
 # wait_for WHAT COMMAND...: until the command succeeds. In vain when the program has ended; what the command then says
 # tells what was there instead.
 wait_for() {
@@ -32,7 +36,7 @@ wait_for() {
     until "$@" >/dev/null 2>&1; do
         [ -z "$last" ] || fail "waited in vain for $what. $("$@" 2>&1)"
         if [ $SECONDS -ge $end ] || lost_program; then last=1; fi
-        read -rt 0.05 <> <(:) || true
+        pause 0.05
     done
 }
 lost_program() { [ -n "${program:-}" ] && program_ended; }
