@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <span>
 #include <utility>
@@ -26,6 +27,21 @@ class MemoryBlock {
         bytes_ = std::move(other.bytes_);
         size_ = std::exchange(other.size_, 0);
         return *this;
+    }
+
+    /// Makes room up to `size`; what comes to reads 0. False when the memory cannot be had, then nothing changes.
+    bool GrowTo(std::size_t size) {
+        if (size > size_) {
+            auto* const grown = static_cast<std::uint8_t*>(std::realloc(bytes_.get(), size));
+            if (grown == nullptr) {
+                return false;
+            }
+            static_cast<void>(bytes_.release());
+            bytes_.reset(grown);
+            std::memset(grown + size_, 0, size - size_);
+            size_ = size;
+        }
+        return true;
     }
 
     std::uint8_t* data() { return bytes_.get(); }

@@ -3,6 +3,7 @@
 #include "base/changed_blocks.h"
 
 #include <cstdint>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <span>
@@ -72,6 +73,12 @@ struct Recovery {
     RecoveryHeader header;
     std::int64_t time = 0;                 ///< of the last record
     std::map<std::uint32_t, Block> blocks; ///< by their numbers, not empty
+
+    /// Behind the last byte of them.
+    std::int64_t End() const {
+        const auto& [number, block] = *blocks.rbegin();
+        return std::int64_t{number} * std::int64_t{ChangedBlocks::kBytes} + std::ssize(block.bytes);
+    }
 };
 
 /// Nothing where the bytes are no such file, of another version, or have no whole record. Any bytes will do.

@@ -1,7 +1,9 @@
 #include "controls/save_picture.h"
 
 #include "disk/save_file.h"
+#include "disk/texts.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
 
@@ -30,8 +32,12 @@ Outcome SavePicture(const QString& path, const lmk::BitPicture& picture, int fac
         }
         target += stride;
     }
-    return WriteFileWith(path,
-                         [&image](QIODevice& device) { return QImageWriter(&device, "bmp").write(image); });
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!QImageWriter(&buffer, "bmp").write(image)) {
+        return Outcome::Failed(QStringLiteral("There is not enough memory for the picture."));
+    }
+    return WriteWholeFile(path, BytesOf(bytes));
 }
 
 } // namespace lumrake

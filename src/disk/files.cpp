@@ -173,7 +173,7 @@ Outcome ReadWholeFile(const QString& path, MemoryBlock& target, std::int64_t lim
     MemoryBlock block(static_cast<std::size_t>(length));
     AdviseLargePages(block.data(), block.size());
     if (length > 0 && block.size() == 0) {
-        return Outcome::Failed(QStringLiteral("There is not enough memory for it."));
+        return Outcome::Failed(kNoMemory);
     }
     std::int64_t done = 0;
     while (done < length) {

@@ -17,6 +17,7 @@ namespace lumrake {
 // Reasons why something is not read or written.
 inline const QString kIsDirectory = QStringLiteral("It is a directory.");
 inline const QString kIsNotRegular = QStringLiteral("It is not a regular file.");
+inline const QString kNoMemory = QStringLiteral("There is not enough memory for it.");
 
 /// The last component of a path. "/" and "\" both end a directory; with neither in it the empty text.
 QString FileTitleOf(const QString& sPath);

@@ -20,7 +20,10 @@ Outcome MakeOwnFolder(const QString& path) {
     return (above == path ? Outcome::Done() : MakeOwnFolder(above)).Then([&path] {
         const bool made =
             QDir().mkdir(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-        return Outcome::OfSystem(made || QFileInfo(path).isDir());
+        const Outcome outcome = Outcome::OfSystem(made);
+        return QFileInfo(path).isDir() // another program may have made it just now
+                   ? Outcome::Done()
+                   : outcome.During(QStringLiteral("The folder %1 cannot be made.").arg(path));
     });
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "disk/outcome.h"
-#include "disk/write_into.h"
 
 #include <QString>
 
@@ -18,17 +17,19 @@ namespace lumrake {
 //   length           all new bytes of the file
 //   size of path     the file's path, as the system spells it
 //   8                length
-//   8                check sum of all before this
-//   8                "LMKCOPY1"
+//   8                check sum of path and length, that goes on from the one of the new bytes
+//   8                "LMKCOPY2"
 //
 // Numbers are little-endian. A copy whose numbers do not fit its size, or whose sum is another, is none.
 
-/// Makes the existing file at `path` hold what `write` writes into the device; it says false when it failed. When the
-/// copy cannot be made, nothing is written. After a later failure the file may hold a part of the new bytes, and the
-/// copy stays until the file is saved: the reason says where.
-Outcome WriteInPlace(const QString& path, const Writer& write);
+/// Makes the existing file at `path` hold exactly `bytes`. When the copy cannot be made, nothing is written. After a
+/// later failure the file may hold a part of the new bytes, and the copy stays until the file is saved: the reason says
+/// where.
+Outcome WriteInPlace(const QString& path, std::span<const std::uint8_t> bytes);
 
-/// The file at `path` has been saved: the copy that a failed attempt left goes.
+/// The copy of an attempt that failed, or that a run before this one did not finish, stays until ForgetSafeCopy.
+void HoldSafeCopy(const QString& path, const QString& copy);
+/// The file at `path` has been saved, or is not wanted as it was meant to be: the copy goes.
 void ForgetSafeCopy(const QString& path);
 
 /// A save in place that did not come to its end.

@@ -22,7 +22,11 @@ struct KnownFile::Stamp {
     std::int64_t summed = 0;
     std::optional<std::uint64_t> sum; ///< of the first `summed` bytes, when they are not too many
 
-    bool IsSameAs(const Stamp& other) const { return path == other.path && identity == other.identity; }
+    bool IsSameAs(const Stamp& other) const {
+        FileIdentity mine = identity;
+        mine.touched = other.identity.touched; // its rights alone may have changed
+        return path == other.path && mine == other.identity;
+    }
     void Sum(std::span<const std::uint8_t> bytes) {
         constexpr std::size_t kMost = std::size_t{64} << 20; // a hundredth of a second
         summed = static_cast<std::int64_t>(bytes.size());
@@ -107,7 +111,8 @@ Outcome KnownFile::FindUnchanged(const QString& path) const {
         return looked;
     }
     bool same = now.IsSameAs(*stamp_);
-    if (stamp_->sum && !(same && stamp_->settled) && now.identity.length == stamp_->identity.length) {
+    if (stamp_->sum && !(stamp_->settled && same && now.identity.touched == stamp_->identity.touched) &&
+        now.identity.length == stamp_->identity.length) {
         MemoryBlock bytes;
         if (Outcome read = ReadWholeFile(path, bytes, stamp_->summed); read.IsNotDone()) {
             return read;

@@ -44,7 +44,11 @@ QByteArray LockFile(const QDir& folder, const QString& name) {
 
 Outcome OpenRun() {
     if (run.lock >= 0) {
-        return Outcome::Done();
+        if (QFileInfo::exists(QFile::decodeName(LockFile(run.folder, run.name)))) {
+            return Outcome::Done();
+        }
+        DropLock(LockFile(run.folder, run.name).constData(), run.lock); // somebody cleared the folder
+        run.lock = -1;
     }
     const QString path = Folder();
     if (const Outcome made = MakeOwnFolder(path); made.IsNotDone()) {
@@ -56,19 +60,23 @@ Outcome OpenRun() {
     run.folder = path;
     // A program that starts just now may take the new lock for a dead run's, and the file away with it.
     for (int tries = 0; run.lock < 0 && tries < 10; ++tries) {
-        const quint64 number = QRandomGenerator::system()->generate64();
-        run.name = QStringLiteral("%1").arg(number, 16, 16, QLatin1Char('0'));
+        if (tries > 0 || run.name.isEmpty()) {
+            const quint64 number = QRandomGenerator::system()->generate64();
+            run.name = QStringLiteral("%1").arg(number, 16, 16, QLatin1Char('0'));
+        }
         run.lock = TakeLock(LockFile(run.folder, run.name).constData());
     }
-    return Outcome::OfSystem(run.lock >= 0);
+    return Outcome::OfSystem(run.lock >= 0)
+        .During(QStringLiteral("The folder %1 takes no new file.").arg(path));
 }
 
-Outcome WriteSynced(const QString& path, QIODevice::OpenMode mode, std::span<const std::uint8_t> bytes) {
+Outcome WriteSynced(const QString& path, QIODevice::OpenMode mode, std::span<const std::uint8_t> bytes,
+                    std::span<const std::uint8_t> more = {}) {
     QFile file(path);
     if (!file.open(mode | QIODevice::Unbuffered, QFile::ReadOwner | QFile::WriteOwner)) {
         return Outcome::Failed(file.errorString());
     }
-    return WriteInto(file, [bytes](QIODevice& device) { return WriteAll(device, bytes); }).Then([&file] {
+    return WriteInto(file, bytes).Then([&] { return WriteInto(file, more); }).Then([&] {
         return Outcome::OfSystem(SyncFile(file.handle()));
     });
 }
@@ -96,11 +104,13 @@ Outcome NameFileOfRun(const QString& kind, QString& path) {
     return opened;
 }
 
-Outcome WriteFileOfRun(const QString& path, std::span<const std::uint8_t> bytes) {
+Outcome WriteFileOfRun(const QString& path, std::span<const std::uint8_t> bytes,
+                       std::span<const std::uint8_t> more) {
     const QString fresh = path + kBeingWritten;
-    const Outcome outcome = WriteSynced(fresh, QIODevice::WriteOnly, bytes).Then([&] {
-        return Outcome::OfSystem(RenameFile(fresh, path));
-    });
+    const Outcome outcome =
+        OpenRun().Then([&] { return WriteSynced(fresh, QIODevice::WriteOnly, bytes, more); }).Then([&] {
+            return Outcome::OfSystem(RenameFile(fresh, path));
+        });
     if (outcome.IsNotDone()) {
         QFile::remove(fresh);
     }
@@ -112,7 +122,9 @@ Outcome AppendToFileOfRun(const QString& path, std::span<const std::uint8_t> byt
 }
 
 void RemoveFileOfRun(const QString& path) {
-    QFile::remove(path);
+    if (!path.isEmpty()) {
+        QFile::remove(path);
+    }
 }
 
 void AdoptDeadRuns() {
@@ -141,7 +153,8 @@ QStringList FilesOfRun(const QString& kind) {
     QStringList files;
     if (run.lock >= 0) {
         const QDir folder(run.folder);
-        for (const QString& name : folder.entryList({run.name + QLatin1String("-*.") + kind}, QDir::Files)) {
+        for (const QString& name : folder.entryList({run.name + QLatin1String("-*.") + kind}, QDir::Files,
+                                                    QDir::Time | QDir::Reversed)) {
             files << folder.filePath(name);
         }
     }

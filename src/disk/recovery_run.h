@@ -31,18 +31,20 @@ inline const QString kTemporaryNote = QStringLiteral("note");
 /// where these cannot be had.
 Outcome NameFileOfRun(const QString& kind, QString& path);
 
-/// Makes the file hold exactly `bytes`, on the disk, or leaves it as it was (a new one: not there). When only its name
-/// cannot be brought to the disk, that is a failure as well.
-Outcome WriteFileOfRun(const QString& path, std::span<const std::uint8_t> bytes);
+/// Makes the file hold exactly `bytes` and `more`, on the disk, or leaves it as it was (a new one: not there). When
+/// only its name cannot be brought to the disk, that is a failure as well. Where the folder was cleared while the
+/// program runs it is made again.
+Outcome WriteFileOfRun(const QString& path, std::span<const std::uint8_t> bytes,
+                       std::span<const std::uint8_t> more = {});
 /// Writes `bytes` behind what the file holds and brings them to the disk. On failure a part of them may stand there.
 Outcome AppendToFileOfRun(const QString& path, std::span<const std::uint8_t> bytes);
-/// Takes a file of this run away; nothing happens without one.
+/// Takes a file of this run away; nothing happens without one, or without a name.
 void RemoveFileOfRun(const QString& path);
 
 /// Gives this run the files of all dead runs, under names of its own; of two that start at once one gets them. What
 /// was being written when its run died goes.
 void AdoptDeadRuns();
-/// The files of a kind that this run has, in the order of their names: after AdoptDeadRuns those of the dead.
+/// The files of a kind that this run has, the oldest first: after AdoptDeadRuns those of the dead.
 QStringList FilesOfRun(const QString& kind);
 
 /// The orderly end: the lock goes. Files that are left are a dead run's from now on. A file named later begins a new

@@ -16,33 +16,35 @@ namespace lumrake {
 
 Outcome RecoveryStore::Keep(const RecoveryHeader& header, ChangedBlocks& blocks,
                             std::span<const std::uint8_t> all) {
-    const bool whole = bytes_ == 0 || bytes_ > 2 * ChangedBlocks::kBytes * blocks.Changed().size();
-    const std::vector<ChangedBlocks::Block> kept = whole ? blocks.Changed() : blocks.New();
-    if (kept.empty()) {
+    const bool appends = bytes_ > 0 && bytes_ <= 2 * ChangedBlocks::kBytes * blocks.Changed().size();
+    if (blocks.Changed().empty() || (appends && blocks.New().empty())) {
         return Outcome::Done();
     }
-    Outcome outcome = file_.isEmpty() ? NameFileOfRun(kKeptChanges, file_) : Outcome::Done();
-    const std::size_t before = std::exchange(bytes_, 0);
-    if (outcome.IsDone()) {
-        if (whole) {
-            writer_.Begin(header);
-        }
+    const auto record = [&](const std::vector<ChangedBlocks::Block>& kept) {
         writer_.Add(kept, all, QDateTime::currentMSecsSinceEpoch());
-        const std::vector<std::uint8_t> bytes = writer_.Take();
-        outcome = whole ? WriteFileOfRun(file_, bytes) : AppendToFileOfRun(file_, bytes);
-        if (outcome.IsDone()) {
-            bytes_ = (whole ? 0 : before) + bytes.size();
-        }
+        return writer_.Take();
+    };
+    Outcome outcome = Outcome::CalledOff();
+    if (appends) {
+        const std::vector<std::uint8_t> bytes = record(blocks.New());
+        outcome = AppendToFileOfRun(file_, bytes);
+        bytes_ += bytes.size();
+    }
+    if (outcome.IsNotDone()) { // also where somebody took the file away
+        writer_.Begin(header);
+        const std::vector<std::uint8_t> bytes = record(blocks.Changed());
+        outcome = (file_.isEmpty() ? NameFileOfRun(kKeptChanges, file_) : Outcome::Done()).Then([&] {
+            return WriteFileOfRun(file_, bytes);
+        });
+        bytes_ = outcome.IsDone() ? bytes.size() : 0;
     }
     blocks.SetKept();
     return outcome;
 }
 
 void RecoveryStore::Forget() {
-    if (!file_.isEmpty()) {
-        RemoveFileOfRun(file_);
-        *this = RecoveryStore();
-    }
+    RemoveFileOfRun(file_);
+    *this = RecoveryStore();
 }
 
 FileBesideRecovery LookBeside(const Recovery& recovery) {
@@ -53,6 +55,7 @@ FileBesideRecovery LookBeside(const Recovery& recovery) {
     const bool opened = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
     const bool isAnimation = recovery.header.kind == RecoveryHeader::kAnimation; // more may stand behind it
     found.changed = !opened || (!isAnimation && file.size() != static_cast<qint64>(recovery.header.length));
+    found.shorter = opened && file.size() < recovery.End();
     for (const auto& [number, block] : recovery.blocks) {
         std::array<char, ChangedBlocks::kBytes> bytes{};
         const auto place = static_cast<qint64>(number) * static_cast<qint64>(ChangedBlocks::kBytes);

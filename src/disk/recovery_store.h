@@ -34,6 +34,7 @@ class RecoveryStore {
 struct FileBesideRecovery {
     bool missing = false;
     bool changed = false;       ///< it is not the one that was read, or cannot be read
+    bool shorter = false;       ///< than the kept bytes reach
     std::int64_t differing = 0; ///< bytes that differ from the kept ones
 };
 /// Reads no more of the file than the blocks that were kept.

@@ -6,6 +6,7 @@
 #include "disk/in_place.h"
 #include "disk/system_calls.h"
 #include "disk/temporary_file.h"
+#include "disk/write_into.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -79,7 +80,7 @@ bool IsRefused(const std::error_code& failure) {
 }
 
 /// Lets a new file take the place of the target. On failure `refused` says that the folder is the trouble.
-Outcome ReplaceFile(const Target& target, const Writer& write, bool& refused) {
+Outcome ReplaceFile(const Target& target, std::span<const std::uint8_t> bytes, bool& refused) {
     TemporaryFile temporary(target.path);
     QFile file(temporary.Path());
     constexpr QIODevice::OpenMode kNew = QIODevice::WriteOnly | QIODevice::NewOnly;
@@ -90,7 +91,7 @@ Outcome ReplaceFile(const Target& target, const Writer& write, bool& refused) {
     }
     temporary.SetMade();
     return TakeOverRights(target, file)
-        .Then([&] { return WriteInto(file, write); })
+        .Then([&] { return WriteInto(file, bytes); })
         .Then([&] { return TakeOverRights(target, file); }) // what the write took away
         .Then([&] { return Outcome::OfSystem(SyncFile(file.handle())); })
         .Then([&] { return CloseFile(file); })
@@ -104,16 +105,16 @@ Outcome ReplaceFile(const Target& target, const Writer& write, bool& refused) {
 
 } // namespace
 
-Outcome WriteFileWith(const QString& path, const Writer& write) {
+Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
     Target target;
     if (const Outcome outcome = FindTarget(path, target); outcome.IsNotDone()) {
         return outcome;
     }
-    bool refused = false;
-    Outcome outcome = ReplaceFile(target, write, refused);
+    bool refused = target.exists && !MayTakePlace(QFile::encodeName(target.path).constData());
+    Outcome outcome = refused ? Outcome::CalledOff() : ReplaceFile(target, bytes, refused);
     if (refused) {
         const QString folder = QFileInfo(target.path).absolutePath();
-        outcome = (target.exists ? WriteInPlace(target.path, write) : outcome)
+        outcome = (target.exists ? WriteInPlace(target.path, bytes) : outcome)
                       .During(QStringLiteral("The folder %1 takes no new file.").arg(folder));
     }
     if (outcome.IsDone()) {
@@ -122,19 +123,17 @@ Outcome WriteFileWith(const QString& path, const Writer& write) {
     return outcome;
 }
 
-Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes) {
-    return WriteFileWith(path, [bytes](QIODevice& device) { return WriteAll(device, bytes); });
-}
-
 Outcome WriteFirstRecord(const QString& path, std::span<const std::uint8_t> record) {
     MemoryBlock old;
     Target target;
     return FindTarget(path, target)
         .Then([&] { return target.exists ? ReadWholeFile(path, old) : Outcome::Done(); })
         .Then([&] {
-            const auto tail = old.Bytes().subspan(std::min(record.size(), old.size()));
-            return WriteFileWith(
-                path, [&](QIODevice& device) { return WriteAll(device, record) && WriteAll(device, tail); });
+            if (old.size() < record.size()) {
+                return WriteWholeFile(path, record);
+            }
+            std::ranges::copy(record, old.data());
+            return WriteWholeFile(path, old.Bytes());
         });
 }
 

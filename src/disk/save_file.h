@@ -1,7 +1,6 @@
 #pragma once
 
 #include "disk/outcome.h"
-#include "disk/write_into.h"
 
 #include <QString>
 
@@ -19,9 +18,6 @@ namespace lumrake {
 /// Where the folder, or the place itself, lets no new file in (no permission, a sticky folder, a mount of the one file)
 /// an existing file is written in place (disk/in_place.h).
 Outcome WriteWholeFile(const QString& path, std::span<const std::uint8_t> bytes);
-
-/// The same for contents that a function writes into the open device; it says false when it failed.
-Outcome WriteFileWith(const QString& path, const Writer& write);
 
 /// Writes `record` as the first bytes of the file and keeps what stands behind it. Atomic as WriteWholeFile.
 /// Nothing is written when the old tail cannot be read.

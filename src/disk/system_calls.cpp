@@ -5,6 +5,8 @@
 #include <csignal>
 #include <cstdint>
 #include <fcntl.h>
+#include <string>
+#include <string_view>
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
@@ -184,7 +186,9 @@ bool IdentifyFile(const char* path, FileIdentity& identity) {
     if (handle == INVALID_HANDLE_VALUE) {
         return false;
     }
-    const bool known = GetFileInformationByHandle(handle, &found) != 0;
+    FILE_BASIC_INFO basic{};
+    const bool known = GetFileInformationByHandle(handle, &found) != 0 &&
+                       GetFileInformationByHandleEx(handle, FileBasicInfo, &basic, sizeof basic) != 0;
     CloseHandle(handle);
     const auto join = [](DWORD high, DWORD low) { return std::uint64_t{high} << 32 | low; };
     constexpr std::uint64_t kFrom1601To1970 = 116444736000000000; // in steps of 100 ns
@@ -192,7 +196,8 @@ bool IdentifyFile(const char* path, FileIdentity& identity) {
         join(found.ftLastWriteTime.dwHighDateTime, found.ftLastWriteTime.dwLowDateTime);
     identity = {found.dwVolumeSerialNumber, join(found.nFileIndexHigh, found.nFileIndexLow),
                 static_cast<std::int64_t>(steps - kFrom1601To1970) * 100,
-                static_cast<std::int64_t>(join(found.nFileSizeHigh, found.nFileSizeLow))};
+                static_cast<std::int64_t>(join(found.nFileSizeHigh, found.nFileSizeLow)),
+                static_cast<std::int64_t>(basic.ChangeTime.QuadPart)};
     return known;
 #else
     struct stat found {};
@@ -200,13 +205,27 @@ bool IdentifyFile(const char* path, FileIdentity& identity) {
         return false;
     }
 #if defined(__APPLE__)
-    const timespec time = found.st_mtimespec;
+    const timespec time = found.st_mtimespec, touched = found.st_ctimespec;
 #else
-    const timespec time = found.st_mtim;
+    const timespec time = found.st_mtim, touched = found.st_ctim;
 #endif
-    identity =
-        FileIdentity{found.st_dev, found.st_ino, std::int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec,
-                     std::int64_t{found.st_size}};
+    const auto nanoseconds = [](const timespec& of) {
+        return std::int64_t{of.tv_sec} * 1'000'000'000 + of.tv_nsec;
+    };
+    identity = FileIdentity{found.st_dev, found.st_ino, nanoseconds(time), std::int64_t{found.st_size},
+                            nanoseconds(touched)};
+    return true;
+#endif
+}
+
+bool MayTakePlace([[maybe_unused]] const char* path) {
+#if !defined(_WIN32)
+    const std::string folder(path, std::string_view(path).find_last_of('/') + 1);
+    struct stat above {
+    }, file{};
+    return geteuid() == 0 || stat(folder.c_str(), &above) != 0 || (above.st_mode & S_ISVTX) == 0 ||
+           above.st_uid == geteuid() || stat(path, &file) != 0 || file.st_uid == geteuid();
+#else
     return true;
 #endif
 }

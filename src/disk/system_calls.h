@@ -25,11 +25,16 @@ struct FileIdentity {
     std::uint64_t device = 0, file = 0; ///< of the disk and, on it, of the file
     std::int64_t time = 0;              ///< of the last change of its contents, in nanoseconds since 1970
     std::int64_t length = -1;           ///< bytes
+    std::int64_t touched = 0; ///< as `time`, but nobody can set it back; new rights and names count as well
 
     bool operator==(const FileIdentity&) const = default;
 };
 /// Of the file at `path`, behind symbolic links. False on failure, with errno set.
 bool IdentifyFile(const char* path, FileIdentity& identity);
+
+/// Whether the system lets this user put a new file in the place of his file at `path`, as far as the owners of a sticky
+/// folder and of its files decide about it. True where it cannot say.
+bool MayTakePlace(const char* path);
 
 /// Sees to it that the open file, as far as it goes beyond its present end, finds room on its disk when it is written
 /// up to `length` bytes: the rest reads as zeros. False when there is none, with errno set and its end where it was.

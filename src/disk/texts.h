@@ -5,11 +5,19 @@
 #include <QByteArrayView>
 #include <QString>
 
+#include <cstdint>
+#include <span>
+
 namespace lumrake {
 
 /// A text of the program's own tables and rules, plain ASCII; null and empty give the empty text.
 inline QString Latin(QByteArrayView text) {
     return QString::fromLatin1(text);
+}
+
+/// The same bytes, as the rules take them.
+inline std::span<const std::uint8_t> BytesOf(QByteArrayView bytes) {
+    return {reinterpret_cast<const std::uint8_t*>(bytes.data()), static_cast<std::size_t>(bytes.size())};
 }
 
 /// `text` without the blanks (0x20 alone) at both ends.

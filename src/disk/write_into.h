@@ -4,32 +4,21 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <cstdint>
-#include <functional>
 #include <span>
 
 namespace lumrake {
 
-/// Writes the contents of a file into the open device; false when that failed.
-using Writer = std::function<bool(QIODevice&)>;
-
-/// Writes all bytes. A disk that runs full takes a part without a word and says why it refuses only when it is
-/// asked for the rest.
-inline bool WriteAll(QIODevice& device, std::span<const std::uint8_t> bytes) {
-    while (!bytes.empty()) {
-        const qint64 count =
-            device.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-        if (count <= 0) {
-            return false;
-        }
-        bytes = bytes.subspan(static_cast<std::size_t>(count));
+/// Writes all bytes into an open file. A disk that runs full takes a part without a word and says why it refuses only
+/// when it is asked for the rest.
+inline Outcome WriteInto(QFile& file, std::span<const std::uint8_t> bytes) {
+    qint64 count = 1;
+    while (!bytes.empty() && count > 0) {
+        count = file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+        bytes = bytes.subspan(static_cast<std::size_t>(std::max<qint64>(count, 0)));
     }
-    return true;
-}
-
-/// Lets `write` write all of an open file. When the disk takes a part of a buffer, only the rest is told why not.
-inline Outcome WriteInto(QFile& file, const Writer& write) {
-    if (write(file) && file.flush()) {
+    if (bytes.empty() && file.flush()) {
         return Outcome::Done();
     }
     file.flush();

@@ -17,7 +17,8 @@ std::vector<KeptDocument*> documents;
 void TellOnce(const Outcome& outcome) {
     static bool told = false;
     if (outcome.IsNotDone() && !std::exchange(told, true)) {
-        Shell().SetStatusText(QLatin1String("Unsaved changes would be lost in a crash: ") + outcome.Reason());
+        Shell().SetStatusText(QLatin1String("Unsaved changes would be lost in a crash: ") +
+                              outcome.Reason().simplified()); // a line
     }
 }
 

@@ -34,8 +34,8 @@ const DocumentKind kKind{
     true};
 
 /// Why a file of this length is no document, or nothing. One that is not known is for the reader to tell.
-Outcome Refusal(std::optional<std::int64_t> length) {
-    if (length == 0) {
+Outcome Refusal(std::optional<std::int64_t> length, std::int64_t lLeast) {
+    if (length == 0 && lLeast == 0) {
         return Outcome::Failed(QStringLiteral("The file is empty."));
     }
     if (length > std::numeric_limits<std::int32_t>::max()) {
@@ -55,7 +55,7 @@ frmSnapshot::~frmSnapshot() {
     EndPlacing();
 }
 
-bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle) {
+bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle, std::int64_t lLeast) {
     const QString sFile = FindFile(sFullFileName).value_or(sFullFileName);
     if (IsMissing(sFile)) {
         TellFileNotFound();
@@ -64,10 +64,13 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     const HourglassScope hourglass;
     MemoryBlock bytes;
     const auto read = [&] { return knownFile.Read(sFile, bytes); };
-    const auto lookAgain = [&] { // it may have changed meanwhile
-        return Refusal(static_cast<std::int64_t>(bytes.size()));
+    const auto grow = [&] {
+        return bytes.GrowTo(static_cast<std::size_t>(lLeast)) ? Outcome::Done() : Outcome::Failed(kNoMemory);
     };
-    const Outcome opened = Refusal(FileLength(sFile)).Then(read).Then(lookAgain);
+    const auto lookAgain = [&] { // it may have changed meanwhile
+        return Refusal(static_cast<std::int64_t>(bytes.size()), 0);
+    };
+    const Outcome opened = Refusal(FileLength(sFile), lLeast).Then(read).Then(grow).Then(lookAgain);
     if (!TellFailure(opened.During(sFile.toLower() + QLatin1String(" could not be opened.")),
                      QStringLiteral("Open file"))) {
         return false;
@@ -94,7 +97,11 @@ bool frmSnapshot::Launch(const QString& sFullFileName, const QString& sFileTitle
     return true;
 }
 
-void frmSnapshot::BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged) {
+bool frmSnapshot::BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged) {
+    const QString sFile = QString::fromStdString(recovery.header.path);
+    if (!Launch(sFile, FileTitleOf(sFile), recovery.End())) {
+        return false;
+    }
     kept.Adopt(sKeptIn);
     if (bFileChanged) {
         knownFile.Distrust();
@@ -103,6 +110,7 @@ void frmSnapshot::BringBack(const Recovery& recovery, const QString& sKeptIn, bo
         document.LayOver(number, block.bytes);
     }
     ShowMem();
+    return true;
 }
 
 void frmSnapshot::DrawView() {

@@ -46,11 +46,14 @@ class frmSnapshot : public DocumentForm {
     /// Reads the file `sFullFileName` (a true path) and shows it with the default view; called once, before
     /// anything else. False when the file is missing, cannot be read, is empty or too long: the user has been
     /// told, no window is shown and the caller lets the instance go.
-    bool Launch(const QString& sFullFileName, const QString& sFileTitle);
+    bool Launch(const QString& sFullFileName, const QString& sFileTitle) {
+        return Launch(sFullFileName, sFileTitle, 0);
+    }
 
-    /// Lays the bytes that were kept in the file `sKeptIn` over those of the document, which is changed then. Called
-    /// right behind Launch. `bFileChanged`: the document's file has changed since they were kept.
-    void BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged);
+    /// In the place of Launch: reads the file of the document and lays the bytes that were kept in the file `sKeptIn`
+    /// over its own. The document is changed then, and reaches at least as far as they do. `bFileChanged`: the
+    /// document's file has changed since they were kept.
+    bool BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged);
 
     /// Writes all bytes to `sFilename` and makes it this window's file. Called off for an empty name. Unless
     /// it is done the document stays changed and keeps its name; the caller tells why. Pending events run, and may
@@ -151,6 +154,8 @@ class frmSnapshot : public DocumentForm {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    /// With zeros behind the file's bytes up to `lLeast` of them.
+    bool Launch(const QString& sFullFileName, const QString& sFileTitle, std::int64_t lLeast);
     friend struct SnapshotProbe; // lets tests read the fields and controls
 
     // ---- the document ----

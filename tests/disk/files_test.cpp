@@ -2,6 +2,7 @@
 #include "disk/recovery_run.h"
 #include "disk/save_file.h"
 #include "disk/temporary_file.h"
+#include "disk/texts.h"
 #include "support/forms_support.h"
 
 #include <QDir>
@@ -68,9 +69,7 @@ TEST(Files, LeftByADeadRunGoWhereItNotedThemAndNoOthers) {
         QString note;
         ASSERT_TRUE(NameFileOfRun(kTemporaryNote, note).IsDone());
         const QByteArray name = noted.toUtf8();
-        ASSERT_TRUE(WriteFileOfRun(
-                        note, {reinterpret_cast<const std::uint8_t*>(name.data()), std::size_t(name.size())})
-                        .IsDone());
+        ASSERT_TRUE(WriteFileOfRun(note, BytesOf(name)).IsDone());
     }
     EndRecoveryRun();
     AdoptDeadRuns();

@@ -225,19 +225,34 @@ TEST(Faults, WhileReadingAreToldAndOpenNothing) {
 
 TEST(Faults, InTheMiddleOfASaveInPlaceAreMendedAtTheNextStart) {
     Rig rig;
-    rig.Reset(kSnapshotFile, NoiseBytes(1000, 2));
     const Bytes fresh = SnapshotProbe{*rig.snapshot}.Bytes();
-    do { // until a part of the file is written
-        rig.Reset(kSnapshotFile, NoiseBytes(1000, 2));
-        static int failAt = 0;
-        ArmFaults(PlanOf(rig, {ENOSPC, true, 0, true}, ++failAt));
-        Save(*rig.snapshot);
-        ASSERT_GE(DisarmFaults(), failAt);
-    } while (rig.Copy() != fresh);
-    EndRecoveryRun(); // killed
+    const auto die = [&rig](const QString& target, const std::function<void()>& write) {
+        int failAt = 0;
+        do { // until a part of the file is written
+            rig.Reset(target, NoiseBytes(1000, 2));
+            ArmFaults(PlanOf(rig, {ENOSPC, true, 0, true}, ++failAt));
+            write();
+            ASSERT_GE(DisarmFaults(), failAt);
+        } while (rig.Copy().empty());
+        EndRecoveryRun();
+        rig.boxes.clear();
+    };
+    die(QStringLiteral("LMK.CFG"), SaveSettings);
+    const std::int16_t width = std::exchange(Settings.iDefaultWidth, std::int16_t{8});
+    FinishSavingSettings();
+    LoadSettings({});
+    EXPECT_EQ(Settings.iDefaultWidth, width);
+    EXPECT_TRUE(rig.boxes.empty() && FilesOfRun(kSafeCopy).empty());
+
+    die(kSnapshotFile, [&rig] { Save(*rig.snapshot); });
     rig.answer = BoxAnswer::Cancel;
     FinishSaves();
     EXPECT_EQ(rig.Copy(), fresh) << "it stays for the next start";
+    Save(*rig.snapshot);
+    EXPECT_TRUE(FilesOfRun(kSafeCopy).empty()) << "later bytes are saved";
+
+    die(kSnapshotFile, [&rig] { Save(*rig.snapshot); });
+    FinishSaves();
     const QString copy = FilesOfRun(kSafeCopy)[0];
     rig.answer = BoxAnswer::Yes;
     MemoryBlock whole;

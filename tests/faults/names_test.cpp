@@ -1,4 +1,5 @@
 /// Files with all kinds of names, and files that somebody changed behind the program's back.
+#include "disk/save_file.h"
 #include "faults/file_stage.h"
 #include "shell/window/file_commands.h"
 
@@ -7,6 +8,8 @@
 #include <QPointer>
 #include <QProcess>
 #include <QTimer>
+
+#include <fcntl.h>
 
 namespace lumrake::testing {
 namespace {
@@ -18,8 +21,12 @@ Bytes MemoryOf(const frmSnapshot& form) {
     return {bytes.begin(), bytes.end()};
 }
 
-frmSnapshot* OpenChanged(FileStage& stage, const QString& name) {
-    frmSnapshot* form = stage.Open(NoiseBytes(500), name);
+/// `isOld`: the file was last changed long before it is opened.
+frmSnapshot* OpenChanged(FileStage& stage, const QString& name, bool isOld = false) {
+    stage.MakeFile(name, NoiseBytes(500));
+    const timespec times[] = {{0, UTIME_OMIT}, {1'000'000'000, isOld ? 0 : UTIME_NOW}};
+    EXPECT_EQ(utimensat(AT_FDCWD, QFile::encodeName(stage.Path(name)).constData(), times, 0), 0);
+    frmSnapshot* form = stage.Launch(name);
     EXPECT_NE(form, nullptr) << name.toStdString();
     SnapshotProbe{*form}.Data()[7] ^= 255;
     SnapshotProbe{*form}.SetChanged();
@@ -65,7 +72,7 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
         {"rm sub/Test.SNA", nullptr},
         {"mv sub/Test.SNA other.sna && ln -s ../other.sna sub/Test.SNA", nullptr}, // the bytes that are known
         {"cp -p sub/Test.SNA time && printf x | dd of=sub/Test.SNA conv=notrunc status=none && "
-         "touch -r time sub/Test.SNA", // within the tick of a clock
+         "touch -r time sub/Test.SNA", // within the tick of a clock, or set back
          kChanged},
         {"head -c 9000 /dev/zero >other.sna && mv other.sna sub/Test.SNA", kChanged},
         {"give sub a list", nullptr}, // that new files are given there
@@ -73,12 +80,13 @@ TEST(FilesBehindTheProgram, AreSavedOverOrTold) {
         {"rm sub/Test.SNA && mkfifo -m 600 sub/Test.SNA", "not a regular file"},
         {"rm -r sub", "No such file or directory"},
     };
-    for (const auto& [command, reason] : cases) {
-        SCOPED_TRACE(command);
+    for (std::size_t i = 0; i < 2 * std::size(cases); ++i) {
+        const auto& [command, reason] = cases[i / 2];
+        SCOPED_TRACE(::testing::Message() << (i % 2 == 1 ? "old, " : "") << command);
         FileStage stage;
         QDir(stage.Path(QString())).mkdir(QStringLiteral("sub"));
         const QString name = QStringLiteral("sub/Test.SNA");
-        frmSnapshot* form = OpenChanged(stage, name);
+        frmSnapshot* form = OpenChanged(stage, name, i % 2 == 1);
         if (*command == 'g') {
             setxattr(QFile::encodeName(stage.Path(QStringLiteral("sub"))), "system.posix_acl_default", kList,
                      static_cast<std::size_t>(kList.size()), 0);
@@ -142,6 +150,25 @@ TEST(FilesBehindTheProgram, AreTheLastWindowsUnlessAnotherProgramChangedThem) {
     stage.answers = {BoxAnswer::Yes, BoxAnswer::Cancel};
     EXPECT_FALSE(ChildFrame(second)->close());
     EXPECT_TRUE(stage.boxes.back().contains(QLatin1String("another program")));
+}
+
+TEST(FilesBehindTheProgram, KeepTheirRightsInAStickyFolder) {
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only the administrator can be another user";
+    }
+    const FileStage stage;
+    const QString path = stage.MakeFile(QStringLiteral("theirs"), NoiseBytes(500));
+    const QByteArray file = QFile::encodeName(path);
+    ASSERT_EQ(chown(file, 2000, 2000), 0); // whom the user has nothing to do with
+    setxattr(file, "system.posix_acl_access", kList, static_cast<std::size_t>(kList.size()), 0);
+    ASSERT_EQ(chmod(QFile::encodeName(stage.Path(QString())), 01777), 0);
+    const QByteArray rights = RightsOf(file);
+    ASSERT_EQ(seteuid(1234), 0);
+    const Outcome written = WriteWholeFile(path, NoiseBytes(600));
+    ASSERT_EQ(seteuid(0), 0);
+    EXPECT_TRUE(written.IsDone()) << written.Reason().toStdString();
+    EXPECT_EQ(stage.ReadFile(QStringLiteral("theirs")), NoiseBytes(600));
+    EXPECT_EQ(RightsOf(file), rights);
 }
 
 TEST(FilesBehindTheProgram, AreWholeWhenATimerClosesTheirWindow) {

@@ -34,7 +34,8 @@ struct DyingStage : MainStage {
 
 TEST(Recoveries, OfASnapshotAreAskedAboutAtTheNextStart) {
     using Bytes = std::vector<std::uint8_t>;
-    const char *offer = "test.sna. Bring them back?", *changed = "changed since", *gone = "cannot be found";
+    const char *offer = "test.sna. Bring them back?", *changed = "changed since", *zeros = "reads 0",
+               *gone = "cannot be found";
     // clang-format off
     const struct { const char* meanwhile; BoxAnswer answer; const char* says; bool opens, stays; } rows[] = {
         {"",        BoxAnswer::Yes,    offer,   true,  true},
@@ -42,6 +43,7 @@ TEST(Recoveries, OfASnapshotAreAskedAboutAtTheNextStart) {
         {"",        BoxAnswer::Cancel, offer,   false, true},
         {"changed", BoxAnswer::Yes,    changed, true,  true},
         {"longer",  BoxAnswer::Yes,    changed, true,  true},
+        {"shorter", BoxAnswer::Yes,    zeros,   true,  true},
         {"gone",    BoxAnswer::Yes,    gone,    false, true},
         {"gone",    BoxAnswer::Cancel, gone,    false, true},
         {"gone",    BoxAnswer::No,     gone,    false, false},
@@ -57,10 +59,12 @@ TEST(Recoveries, OfASnapshotAreAskedAboutAtTheNextStart) {
         for (float x = 0; x < 20; ++x) { // some of them change a bit
             SnapshotProbe{*stage.Active<frmSnapshot>()}.Press(1, x, 3);
         }
-        const Bytes drawn = SnapshotProbe{*stage.Active<frmSnapshot>()}.Bytes();
         if (&row == rows) {
             EXPECT_TRUE(QTest::qWaitFor([&] { return stage.Kept() == 1; }, 20000)) << "by itself";
+            QDir(stage.Path(u"lumrake"_qs)).removeRecursively(); // somebody clears it
+            SnapshotProbe{*stage.Active<frmSnapshot>()}.Press(1, 3, 4);
         }
+        const Bytes drawn = SnapshotProbe{*stage.Active<frmSnapshot>()}.Bytes();
         KeepAllDocuments();
         stage.Die();
 
@@ -71,6 +75,9 @@ TEST(Recoveries, OfASnapshotAreAskedAboutAtTheNextStart) {
             wanted[6900] = now[6900] ^= 1; // in another one
             now.resize(meanwhile == "changed" ? 6912 : 7000);
             wanted.resize(now.size());
+        } else if (meanwhile == "shorter") {
+            now.resize(0);
+            wanted.resize(4096); // the block that is kept
         }
         stage.MakeFile(name, meanwhile == "saved" ? drawn : now);
         if (meanwhile == "gone") {

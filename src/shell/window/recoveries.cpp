@@ -5,7 +5,6 @@
 #include "disk/files.h"
 #include "disk/recovery_run.h"
 #include "disk/recovery_store.h"
-#include "shell/window/child_windows.h"
 #include "snapshot/frmSnapshot.h"
 
 #include <QDateTime>
@@ -34,23 +33,18 @@ BoxAnswer Ask(const Recovery& recovery, const FileBesideRecovery& file) {
     if (file.changed && !file.missing) {
         text += QLatin1String("\n\nThe file has been changed since.  You get its present bytes with your "
                               "changes laid over them.");
+        text +=
+            file.shorter ? QLatin1String("  It is shorter now: what is missing reads 0.") : QLatin1String();
     }
     return MsgBox(text, BoxButtons::YesNoCancel, BoxIcon::Question,
                   isSnapshot ? QStringLiteral("Snapshot") : QStringLiteral("Animation"));
 }
 
 /// A window that opens belongs to its frame in the main window; one that does not is let go, and the file is kept.
-void BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged) {
-    const QString sFile = QString::fromStdString(recovery.header.path);
-    if (recovery.header.kind == RecoveryHeader::kSnapshot) {
-        if (auto* child = OpenWindow<frmSnapshot>(sFile, FileTitleOf(sFile))) {
-            child->BringBack(recovery, sKeptIn, bFileChanged);
-        }
-    } else {
-        auto child = std::make_unique<frmAnimation>();
-        if (child->BringBack(recovery, sKeptIn, bFileChanged)) {
-            static_cast<void>(child.release()); // its frame has it
-        }
+template <class Form> void BringBack(const Recovery& recovery, const QString& sKeptIn, bool bFileChanged) {
+    auto child = std::make_unique<Form>();
+    if (child->BringBack(recovery, sKeptIn, bFileChanged)) {
+        static_cast<void>(child.release()); // its frame has it
     }
 }
 
@@ -72,7 +66,8 @@ void Offer(const QString& sKeptIn) {
     switch (Ask(*recovery, file)) {
     case BoxAnswer::Yes:
         if (!file.missing || isNew) {
-            BringBack(*recovery, sKeptIn, file.changed);
+            const bool isSnapshot = recovery->header.kind == RecoveryHeader::kSnapshot;
+            (isSnapshot ? BringBack<frmSnapshot> : BringBack<frmAnimation>)(*recovery, sKeptIn, file.changed);
         }
         break;
     case BoxAnswer::No: RemoveFileOfRun(sKeptIn); break;

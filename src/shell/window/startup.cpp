@@ -63,6 +63,7 @@ void Main(const QString& sCommandLine) {
 void Initialise() {
     iCurrentTool = kToolDraw;
     mainWindow = new frmMain;
+    FinishSavingSettings();
     LoadSettings(mainWindow->PlaceInTwips());
     if (!IsSameVersion(Settings, sAppVersion.Text())) {
         SetDefaultSettings(Settings, sAppVersion.Text(), mainWindow->PlaceInTwips());

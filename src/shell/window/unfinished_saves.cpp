@@ -8,7 +8,12 @@
 #include "disk/temporary_file.h"
 #include "shell/shell.h"
 
+#include <QFileInfo>
+#include <QLocale>
+#include <QSet>
+
 #include <algorithm>
+#include <functional>
 
 namespace lumrake {
 
@@ -16,16 +21,46 @@ namespace {
 
 const QString kTitle = QStringLiteral("Save");
 
-/// True when the file is as it was meant to be, or the user does not want it so.
-bool IsSettled(const UnfinishedSave& save) {
-    MemoryBlock there;
-    if (ReadWholeFile(save.path, there).IsDone() && std::ranges::equal(there.Bytes(), save.bytes)) {
-        return true;
+/// Lets `settle` say of the newest copy of each file whether it can go. The older ones go at once: the newest was to
+/// take their place.
+void ForEachUnfinishedSave(const std::function<bool(const UnfinishedSave&, const QString& sCopy)>& settle) {
+    QStringList copies = FilesOfRun(kSafeCopy);
+    std::ranges::reverse(copies);
+    QSet<QString> seen;
+    for (const QString& sCopy : copies) {
+        MemoryBlock bytes;
+        if (ReadWholeFile(sCopy, bytes).IsNotDone()) {
+            continue;
+        }
+        const std::optional<UnfinishedSave> save = ParseSafeCopy(bytes.Bytes());
+        if (!save) { // another version may know more of it
+            continue;
+        }
+        if (seen.contains(save->path)) {
+            RemoveFileOfRun(sCopy);
+            continue;
+        }
+        seen.insert(save->path);
+        HoldSafeCopy(save->path, sCopy);
+        MemoryBlock there;
+        const bool bDone =
+            ReadWholeFile(save->path, there).IsDone() && std::ranges::equal(there.Bytes(), save->bytes);
+        if (bDone || settle(*save, sCopy)) {
+            ForgetSafeCopy(save->path);
+        }
     }
+}
+
+/// True when the save was finished now, or the user does not want that.
+bool Offer(const UnfinishedSave& save, const QString& sCopy) {
+    const auto changed = [](const QString& sFile) {
+        return QLocale::system().toString(QFileInfo(sFile).lastModified(), QLocale::ShortFormat);
+    };
     const QString sFile = save.path.toLower();
-    const BoxAnswer answer =
-        MsgBox(QStringLiteral("Lumrake did not finish saving %1.  Finish it now?").arg(sFile),
-               BoxButtons::YesNoCancel, BoxIcon::Question, kTitle);
+    const BoxAnswer answer = MsgBox(QStringLiteral("Lumrake did not finish saving %1.  Finish it now?\n\n"
+                                                   "Begun: %2\nLast change of the file: %3")
+                                        .arg(sFile, changed(sCopy), changed(save.path)),
+                                    BoxButtons::YesNoCancel, BoxIcon::Question, kTitle);
     if (answer != BoxAnswer::Yes) {
         return answer == BoxAnswer::No;
     }
@@ -35,20 +70,18 @@ bool IsSettled(const UnfinishedSave& save) {
 
 } // namespace
 
+void FinishSavingSettings() {
+    AdoptDeadRuns();
+    const QString sSettings = QFileInfo(SettingsFile()).canonicalFilePath();
+    ForEachUnfinishedSave([&sSettings](const UnfinishedSave& save, const QString&) {
+        return save.path == sSettings && WriteWholeFile(save.path, save.bytes).IsDone();
+    });
+}
+
 void FinishSaves() {
     AdoptDeadRuns();
     RemoveLeftOvers();
-    for (const QString& copy : FilesOfRun(kSafeCopy)) {
-        MemoryBlock bytes;
-        if (ReadWholeFile(copy, bytes).IsNotDone()) {
-            continue;
-        }
-        // One that is not whole was cut short before its file was touched.
-        const std::optional<UnfinishedSave> save = ParseSafeCopy(bytes.Bytes());
-        if (!save || IsSettled(*save)) {
-            RemoveFileOfRun(copy);
-        }
-    }
+    ForEachUnfinishedSave(Offer);
 }
 
 } // namespace lumrake

@@ -6,4 +6,8 @@ namespace lumrake {
 /// offered to be finished. Called once the main window is shown, before anything is saved.
 void FinishSaves();
 
+/// The same for the settings, unasked, for they are the program's own. Called before they are read. Where that fails
+/// FinishSaves offers it.
+void FinishSavingSettings();
+
 } // namespace lumrake
