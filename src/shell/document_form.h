@@ -30,6 +30,8 @@ class DocumentForm : public QWidget {
     const DocumentKind& Kind() const { return kind_; }
     /// The true path of the file; empty for a document that was never saved.
     virtual QString GetFilename() const = 0;
+    /// -1 when the document may differ from its file, else 0.
+    virtual std::int16_t Changed() const = 0;
     /// Writes the document to `sFilename` and makes it this window's file. Called off for an empty name. Unless it is
     /// done the document stays changed and keeps its name; the caller tells why. The window may be gone behind it.
     virtual Outcome SaveTo(const QString& sFilename) = 0;
@@ -48,8 +50,6 @@ class DocumentForm : public QWidget {
     void Form_Unload(bool& Cancel);
 
   protected:
-    /// -1 when the document may differ from its file, else 0.
-    virtual std::int16_t Changed() const = 0;
     /// What goes with the window when it closes: its changes are saved or given up.
     virtual void LetGo() = 0;
 

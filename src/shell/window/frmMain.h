@@ -78,8 +78,9 @@ class frmMain : public QMainWindow, public ShellNotices {
 
     // ---- the window: frmMain.cpp ----
 
-    /// Closes the children one after the other, each with its question; false as soon as one of them stays.
-    bool CloseChildren();
+    /// Closes the children, or those that have changed, one after the other, each with its question; false as soon as
+    /// one of them stays.
+    bool CloseChildren(bool changedOnly = false);
     /// Unloads the window without a question, whatever is open.
     void Unload() { MDIForm_Unload(); }
 

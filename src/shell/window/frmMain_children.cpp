@@ -152,13 +152,14 @@ frmSnapshot* frmMain::ActiveSnapshot() const {
     return dynamic_cast<frmSnapshot*>(ActiveForm());
 }
 
-bool frmMain::CloseChildren() {
+bool frmMain::CloseChildren(bool changedOnly) {
     if (closing_) {
         return false;
     }
     const QScopedValueRollback closing(closing_, true);
     for (const QPointer<QMdiSubWindow>& frame : OpenFrames()) {
-        if (frame && !frame->close()) {
+        const bool closes = frame && (!changedOnly || FormIn(*frame)->Changed() != 0);
+        if (closes && !frame->close()) {
             return false;
         }
     }

@@ -3,6 +3,7 @@
 #include "controls/message_box.h"
 #include "disk/system_calls.h"
 #include "shell/kept_document.h"
+#include "shell/shell.h"
 #include "shell/window/frmMain.h"
 
 #include <QGuiApplication>
@@ -27,15 +28,31 @@ void EndUnasked() {
     }
 }
 
-void EndOfSession(QSessionManager& session) {
+/// Takes the word that the session is really over. Once asked to save it may go on all the same: it was only to be
+/// remembered, or another program called its end off.
+class SessionEnd : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        const bool over = receiver == qGuiApp && event->type() == QEvent::Quit;
+        if (over) {
+            EndUnasked();
+        }
+        return over;
+    }
+};
+
+void SaveForSession(QSessionManager& session) {
+    static auto* const end = new SessionEnd(qGuiApp);
+    qGuiApp->installEventFilter(end);
     KeepAllDocuments();
     frmMain* main = findMainWindow();
-    if (main != nullptr && session.allowsInteraction() && !main->CloseChildren()) {
+    if (main != nullptr && Settings.bPromptSave != 0 && session.allowsInteraction() &&
+        !main->CloseChildren(true)) {
         session.cancel();
-        return;
     }
-    // Behind the answer to the session, which an end before it would leave out.
-    QMetaObject::invokeMethod(qGuiApp, EndUnasked, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -47,7 +64,7 @@ void WatchForOutsideEnd(frmMain* (*mainWindow)()) {
                          &QSocketNotifier::activated, qGuiApp, EndUnasked);
     }
     // Directly: the answer is due when the signal comes back.
-    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp, EndOfSession,
+    QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp, SaveForSession,
                      Qt::DirectConnection);
 }
 
