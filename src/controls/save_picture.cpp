@@ -1,6 +1,7 @@
 #include "controls/save_picture.h"
 
 #include "disk/save_file.h"
+#include "disk/system_calls.h"
 #include "disk/texts.h"
 
 #include <QBuffer>
@@ -8,6 +9,7 @@
 #include <QImageWriter>
 
 #include <cstring>
+#include <new>
 
 namespace lumrake {
 
@@ -16,9 +18,17 @@ Outcome SavePicture(const QString& path, const lmk::BitPicture& picture, int fac
         return Outcome::Failed(QStringLiteral("The picture is empty."));
     }
     QImage image(picture.Width() * factor, picture.Height() * factor, QImage::Format_Mono);
+    QByteArray bytes;
+    try {
+        bytes.reserve(image.sizeInBytes() + 100); // with its header
+    } catch (const std::bad_alloc&) {
+        image = QImage();
+    }
     if (image.isNull()) {
         return Outcome::Failed(QStringLiteral("There is not enough memory for the picture."));
     }
+    AdviseLargePages(image.bits(), static_cast<std::size_t>(image.sizeInBytes()));
+    AdviseLargePages(bytes.data(), static_cast<std::size_t>(bytes.capacity()));
     image.setColorTable({picture.backColour, picture.foreColour});
     const auto stride = static_cast<std::size_t>(image.bytesPerLine());
     uchar* target = image.bits();
@@ -32,10 +42,10 @@ Outcome SavePicture(const QString& path, const lmk::BitPicture& picture, int fac
         }
         target += stride;
     }
-    QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!QImageWriter(&buffer, "bmp").write(image)) {
-        return Outcome::Failed(QStringLiteral("There is not enough memory for the picture."));
+    QImageWriter writer(&buffer, "bmp");
+    if (!writer.write(image)) {
+        return Outcome::Failed(writer.errorString());
     }
     return WriteWholeFile(path, BytesOf(bytes));
 }
