@@ -79,6 +79,7 @@ Outcome WriteInPlace(const QString& path, std::span<const std::uint8_t> bytes) {
         if (!unknown) { // a write takes some away
             fs::permissions(place, rights, ignored);
         }
+        ForgetSafeCopy(path); // first: an older one must not be found alone
         RemoveFileOfRun(copy);
         return outcome;
     }

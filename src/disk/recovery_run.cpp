@@ -60,7 +60,7 @@ Outcome OpenRun() {
     run.folder = path;
     // A program that starts just now may take the new lock for a dead run's, and the file away with it.
     for (int tries = 0; run.lock < 0 && tries < 10; ++tries) {
-        if (tries > 0 || run.name.isEmpty()) {
+        if (run.files == 0) { // else others know the name
             const quint64 number = QRandomGenerator::system()->generate64();
             run.name = QStringLiteral("%1").arg(number, 16, 16, QLatin1Char('0'));
         }
@@ -118,7 +118,8 @@ Outcome WriteFileOfRun(const QString& path, std::span<const std::uint8_t> bytes,
 }
 
 Outcome AppendToFileOfRun(const QString& path, std::span<const std::uint8_t> bytes) {
-    return WriteSynced(path, QIODevice::Append | QIODevice::ExistingOnly, bytes);
+    return OpenRun().Then(
+        [&] { return WriteSynced(path, QIODevice::Append | QIODevice::ExistingOnly, bytes); });
 }
 
 void RemoveFileOfRun(const QString& path) {

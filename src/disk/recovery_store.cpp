@@ -15,7 +15,9 @@ namespace lumrake {
 
 Outcome RecoveryStore::Keep(const RecoveryHeader& header, ChangedBlocks& blocks,
                             std::span<const std::uint8_t> all) {
-    const bool appends = bytes_ > 0 && bytes_ <= 2 * ChangedBlocks::kBytes * blocks.Changed().size();
+    // A file that somebody cleared away is written anew.
+    const bool appends = bytes_ > 0 && bytes_ <= 2 * ChangedBlocks::kBytes * blocks.Changed().size() &&
+                         QFileInfo::exists(file_);
     if (blocks.Changed().empty() || (appends && blocks.New().empty())) {
         return Outcome::Done();
     }
@@ -29,7 +31,7 @@ Outcome RecoveryStore::Keep(const RecoveryHeader& header, ChangedBlocks& blocks,
         outcome = AppendToFileOfRun(file_, bytes);
         bytes_ += bytes.size();
     }
-    if (outcome.IsNotDone()) { // also where somebody took the file away
+    if (outcome.IsNotDone()) {
         writer_.Begin(header);
         const std::vector<std::uint8_t> bytes = record(blocks.Changed());
         outcome = (file_.isEmpty() ? NameFileOfRun(kKeptChanges, file_) : Outcome::Done()).Then([&] {

@@ -25,7 +25,8 @@ struct FileIdentity {
     std::uint64_t device = 0, file = 0; ///< of the disk and, on it, of the file
     std::int64_t time = 0;              ///< of the last change of its contents, in nanoseconds since 1970
     std::int64_t length = -1;           ///< bytes
-    std::int64_t touched = 0; ///< as `time`, but nobody can set it back; new rights and names count as well
+    std::int64_t touched =
+        0; ///< when last, new rights and names too; nobody sets it back. Only to be compared
 
     bool operator==(const FileIdentity&) const = default;
 };

@@ -49,7 +49,11 @@ void KeptDocument::Tick() {
         waited_ = true;
         timer_.start();
     } else {
-        KeepNow();
+        for (KeptDocument* document : documents) { // what the others keep may have been cleared away
+            if (document->hold_.use_count() == 1) {
+                document->KeepNow();
+            }
+        }
     }
 }
 

@@ -63,6 +63,8 @@ TEST(Recoveries, OfASnapshotAreAskedAboutAtTheNextStart) {
             EXPECT_TRUE(QTest::qWaitFor([&] { return stage.Kept() == 1; }, 20000)) << "by itself";
             QDir(stage.Path(u"lumrake"_qs)).removeRecursively(); // somebody clears it
             SnapshotProbe{*stage.Active<frmSnapshot>()}.Press(1, 3, 4);
+            KeepAllDocuments();
+            QDir(stage.Path(u"lumrake"_qs)).removeRecursively();
         }
         const Bytes drawn = SnapshotProbe{*stage.Active<frmSnapshot>()}.Bytes();
         KeepAllDocuments();

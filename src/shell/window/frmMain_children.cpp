@@ -158,7 +158,8 @@ bool frmMain::CloseChildren(bool changedOnly) {
     }
     const QScopedValueRollback closing(closing_, true);
     for (const QPointer<QMdiSubWindow>& frame : OpenFrames()) {
-        const bool closes = frame && (!changedOnly || FormIn(*frame)->Changed() != 0);
+        const DocumentForm* form = frame ? FormIn(*frame) : nullptr;
+        const bool closes = frame && (!changedOnly || (form != nullptr && form->Changed() != 0));
         if (closes && !frame->close()) {
             return false;
         }

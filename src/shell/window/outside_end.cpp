@@ -36,11 +36,10 @@ class SessionEnd : public QObject {
 
   protected:
     bool eventFilter(QObject* receiver, QEvent* event) override {
-        const bool over = receiver == qGuiApp && event->type() == QEvent::Quit;
-        if (over) {
+        if (receiver == qGuiApp && event->type() == QEvent::Quit) {
             EndUnasked();
         }
-        return over;
+        return false;
     }
 };
 
@@ -63,6 +62,8 @@ void WatchForOutsideEnd(frmMain* (*mainWindow)()) {
         QObject::connect(new QSocketNotifier(handle, QSocketNotifier::Read, qGuiApp),
                          &QSocketNotifier::activated, qGuiApp, EndUnasked);
     }
+    // Windows says so that the session is over. The program's own end does not come by here.
+    QObject::connect(qGuiApp, &QCoreApplication::aboutToQuit, qGuiApp, EndUnasked);
     // Directly: the answer is due when the signal comes back.
     QObject::connect(qGuiApp, &QGuiApplication::commitDataRequest, qGuiApp, SaveForSession,
                      Qt::DirectConnection);
